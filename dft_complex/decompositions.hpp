@@ -1,0 +1,47 @@
+#pragma once
+
+/**
+ * @file
+ * @brief The decompositions of a DFT, each as its formula over signals.
+ *
+ * All of them give the forward transform y[k] = sum over n of x[n] exp(-2 pi i n k / N) in natural
+ * order, as small transforms of a network.
+ */
+
+#include "dft_complex/network.hpp"
+#include "dft_complex/rules.hpp"
+
+namespace dft_complex {
+
+/** The DFT of x by `rule`; x has rule.length values. */
+Signal dft(Network& net, const Rule& rule, const Signal& x);
+
+/**
+ * N = a b, a and b coprime, no twiddle factors. Good, "The interaction algorithm and practical
+ * Fourier analysis", 1958; index maps as in Burrus, "Index mappings for multidimensional
+ * formulation of the DFT and convolution", 1977.
+ */
+Signal prime_factor(Network& net, const Rule& a, const Rule& b, const Signal& x);
+
+/** N = a b. Cooley and Tukey, "An algorithm for the machine calculation of complex Fourier series",
+ * 1965, in the form that decimates in time by b. */
+Signal cooley_tukey(Network& net, const Rule& a, const Rule& b, const Signal& x);
+
+/** Prime N as a cyclic convolution of length N - 1. Rader, "Discrete Fourier transforms when the
+ * number of data samples is prime", 1968. */
+Signal rader(Network& net, const Rule& inner, const Signal& x);
+
+/** Any N as a cyclic convolution of length inner.length, at least 2 N - 1. Bluestein, "A linear
+ * filtering approach to the computation of discrete Fourier transform", 1970. */
+Signal chirp(Network& net, const Rule& inner, const Signal& x);
+
+/** S[k] = (1/L) sum over j of exp(-2 pi i g^(-j) / p) exp(-2 pi i j k / L), L = p - 1: the constant
+ * spectrum of Rader's convolution with primitive root g. */
+ExactComplex rader_spectrum(int p, int g, int k);
+
+/** Smallest primitive root of the prime p. */
+int primitive_root(int p);
+/** base^exponent modulo p, exponent at least 0. */
+int power_modulo(int base, int exponent, int p);
+
+}  // namespace dft_complex

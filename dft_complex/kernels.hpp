@@ -1,0 +1,40 @@
+#pragma once
+
+/**
+ * @file
+ * @brief From a length to the proven graph of its kernel.
+ */
+
+#include <string>
+
+#include "dft_complex/packed_layout.hpp"
+#include "dft_complex/rules.hpp"
+
+namespace dft_complex {
+
+inline constexpr int kShortestLength = 2;
+inline constexpr int kLongestLength = 64;
+
+struct Kernel {
+    int length;
+    Direction direction;
+    Rule rule;
+    Graph graph;
+    std::vector<LaneChoice> choices;
+
+    /** "qsvgDFTFwd_CToC_15_32fc" */
+    std::string name() const;
+    /** The hidden twin for unaligned arrays, or an empty text where there is none. */
+    std::string twin_name() const;
+};
+
+/** The single-precision kernel of `length`, proven against the definition of the DFT. */
+Kernel single_precision_kernel(int length, Direction direction);
+
+/** The same with given lane choices, unproven: for searches. */
+Kernel draft_kernel(int length, Direction direction, const std::vector<LaneChoice>& choices);
+
+/** Throws where the kernel's graph is not the DFT of its length and direction. */
+void prove_dft(const Kernel& kernel);
+
+}  // namespace dft_complex

@@ -1,0 +1,48 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Which transforms of a batch share a vector: arrangements to choose from.
+ *
+ * A group runs up to four transforms in the lanes of split vectors, or up to two of them on
+ * interleaved ones, where the lanes that a short group would leave empty hold the imaginary parts.
+ */
+
+#include <string>
+#include <vector>
+
+#include "dft_complex/complex_algebra.hpp"
+
+namespace dft_complex {
+
+struct LaneGroup {
+    Layout layout;
+    std::vector<int> transforms;  ///< one a lane, of the network
+};
+
+/** Whether the factors between two stages act before or after the regrouping of lanes. */
+enum class FactorSide { BeforeRegroup, AfterRegroup };
+
+struct Arrangement {
+    std::vector<LaneGroup> groups;
+    FactorSide side = FactorSide::AfterRegroup;
+};
+
+/** How one batch is arranged: transforms taken in steps of `stride`, `width` to a group. */
+struct LaneChoice {
+    int stride = 1;
+    int width = 4;
+    FactorSide side = FactorSide::AfterRegroup;
+
+    /** "s3w4b": stride, width, factor side (b or a). */
+    std::string to_string() const;
+    static LaneChoice from_string(const std::string& text);
+    auto operator<=>(const LaneChoice&) const = default;
+};
+
+Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice);
+
+/** The choices worth trying for a batch of this many transforms. */
+std::vector<LaneChoice> choices_for(int transforms);
+
+}  // namespace dft_complex

@@ -1,0 +1,32 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Lays a network out on Binary32x4 vectors: groups, lanes, regrouping, loads and stores.
+ */
+
+#include <vector>
+
+#include "dft_complex/lane_groups.hpp"
+#include "dft_complex/network.hpp"
+
+namespace dft_complex {
+
+enum class Direction { Forward, Inverse };
+
+struct PackedKernel {
+    Graph graph;
+    std::vector<LaneChoice> choices;  ///< what each batch took, in order of the batches
+};
+
+/**
+ * The kernel's graph over 2 N real elements. Batches beyond the end of `choices` take the choice
+ * that costs least at that point.
+ */
+PackedKernel lay_out_packed(const Network& network, const Signal& outputs, Direction direction,
+                            const std::vector<LaneChoice>& choices);
+
+/** What lay_out_packed minimises: arithmetic fills two ports, shuffles and half loads one. */
+double port_cost(const Graph& graph, std::size_t first_node, std::size_t past_node);
+
+}  // namespace dft_complex

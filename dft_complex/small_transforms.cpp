@@ -1,0 +1,93 @@
+#include "dft_complex/small_transforms.hpp"
+
+#include <stdexcept>
+
+#include "dft_complex/network.hpp"
+
+namespace dft_complex {
+namespace {
+
+Points two(ComplexAlgebra& m, const Points& x) { return {m.add(x[0], x[1]), m.sub(x[0], x[1])}; }
+
+Points four(ComplexAlgebra& m, const Points& x) {
+    const ComplexVector a = m.add(x[0], x[2]);
+    const ComplexVector b = m.sub(x[0], x[2]);
+    const ComplexVector c = m.add(x[1], x[3]);
+    const ComplexVector d = m.turned(m.sub(x[1], x[3]));
+    return {m.add(a, c), m.add(b, d), m.sub(a, c), m.sub(b, d)};
+}
+
+// Even outputs: DFT of x[n] + x[n+4]. Odd outputs: DFT of (x[n] - x[n+4]) w^n, w = exp(-pi i / 4),
+// whose rotations by w and w^3 wait until their sum and difference are known.
+Points eight(ComplexAlgebra& m, const Points& x) {
+    const Points even = four(m, {m.add(x[0], x[4]), m.add(x[1], x[5]), m.add(x[2], x[6]),
+                                 m.add(x[3], x[7])});
+    const ComplexVector v0 = m.sub(x[0], x[4]);
+    const ComplexVector v1 = m.sub(x[1], x[5]);
+    const ComplexVector v2 = m.turned(m.sub(x[2], x[6]));
+    const ComplexVector v3 = m.turned(m.sub(x[3], x[7]));
+    const Exact c = Exact::cosine(1, 8);
+    const ComplexVector p = m.add(v0, v2);
+    const ComplexVector q = m.sub(v0, v2);
+    const ComplexVector r = m.add(v1, v3);
+    const ComplexVector s = m.sub(v1, v3);
+    const ComplexVector rw = m.scaled(m.add(r, m.turned(r)), c);
+    const ComplexVector sw = m.scaled(m.sub(m.turned(s), s), c);
+    return {even[0],     m.add(p, rw), even[1],     m.add(q, sw),
+            even[2],     m.sub(p, rw), even[3],     m.sub(q, sw)};
+}
+
+}  // namespace
+
+// y[k] and y[p-k] are E[k] -+ i O[k], with E[k] = x[0] + sum of (x[j] + x[p-j]) cos(2 pi j k / p)
+// and O[k] = sum of (x[j] - x[p-j]) sin(2 pi j k / p).
+Points direct_form(ComplexAlgebra& m, const Points& x) {
+    const int p = static_cast<int>(x.size());
+    const int h = (p - 1) / 2;
+    const auto at = [](int i) { return static_cast<std::size_t>(i); };
+    Points a(at(h + 1));
+    Points b(at(h + 1));
+    ComplexVector total = x[0];
+    for (int j = 1; j <= h; ++j) {
+        a[at(j)] = m.add(x[at(j)], x[at(p - j)]);
+        b[at(j)] = m.sub(x[at(j)], x[at(p - j)]);
+        total = m.add(total, a[at(j)]);
+    }
+    Points y(at(p));
+    y[0] = total;
+    for (int k = 1; k <= h; ++k) {
+        ComplexVector even = x[0];
+        ComplexVector odd;  // -i O[k]
+        for (int j = 1; j <= h; ++j) {
+            even = m.add(even, m.scaled(a[at(j)], Exact::cosine(j * k, p)));
+            odd = m.add(odd, m.turned_scaled(b[at(j)], Exact::sine(j * k, p)));
+        }
+        y[at(k)] = m.add(even, odd);
+        y[at(p - k)] = m.sub(even, odd);
+    }
+    return y;
+}
+
+Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x) {
+    switch (radix) {
+        case SmallTransform::kSum:
+            return {algebra.add(x[0], x[1])};
+        case 2:
+            return two(algebra, x);
+        case 4:
+            return four(algebra, x);
+        case 8:
+            return eight(algebra, x);
+        case 3:
+        case 5:
+        case 7:
+        case 11:
+            return direct_form(algebra, x);
+        case 13:
+            return rader_pairs(algebra, x);
+        default:
+            throw std::logic_error("no small transform of " + std::to_string(radix) + " points");
+    }
+}
+
+}  // namespace dft_complex
