@@ -24,10 +24,10 @@ extern "C" {
  * @param size bytes; 0 gives a block that may be freed and not be written
  * @return a block on a 16-byte boundary; null where size is negative or memory has run out
  */
-QSVCORE_API void *qsvMalloc(int32_t size);
+QSVCORE_API void* qsvMalloc(int32_t size);
 
 /** @param block what qsvMalloc returned, or null, which does nothing */
-QSVCORE_API void qsvFree(void *block);
+QSVCORE_API void qsvFree(void* block);
 
 #ifdef __cplusplus
 }
