@@ -13,9 +13,11 @@ set xtics 2, 2, 64
 set key outside bottom center horizontal
 set pointsize 0.5
 set yrange [0:*]
+set tmargin 4
+set label about at graph 0.5, 1.03 center font ',10' noenhanced
 
 set output stem.'_ratio.svg'
-set title "Complex DFT: time of the peer over ours (above 1: ours is faster)\n".about noenhanced
+set title "Complex DFT: time of the peer over ours (above 1: ours is faster)" offset 0, 0.8
 set ylabel 'time of the peer / ours'
 plot 1 lc 'black' dt 2 notitle, \
      forward using 2:5 with linespoints pt 7 lc '#0060ad' title 'FFTW, forward', \
@@ -24,7 +26,7 @@ plot 1 lc 'black' dt 2 notitle, \
      inverse using 2:6 with linespoints pt 6 lc '#e8a090' title 'best peer, inverse'
 
 set output stem.'_ns.svg'
-set title "Complex DFT: time of one call, out of place, aligned\n".about noenhanced
+set title "Complex DFT: time of one call, out of place, aligned" offset 0, 0.8
 set ylabel 'time of a call (ns)'
 set logscale y
 set yrange [*:*]
@@ -35,7 +37,7 @@ plot forward using 2:3 with linespoints pt 7 lc '#0060ad' title 'ours, forward',
 
 if (exists('with_other')) {
     set output stem.'_other.svg'
-    set title "Complex DFT: time of the other build over ours (above 1: ours is faster)\n".about noenhanced
+    set title "Complex DFT: time of the other build over ours (above 1: ours is faster)" offset 0, 0.8
     set ylabel 'time of the other build / ours'
     unset logscale y
     plot 1 lc 'black' dt 2 notitle, \
