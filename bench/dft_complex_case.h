@@ -62,7 +62,7 @@ class DftComplexCase {
             comparison_.AddRound(cycles);
             state.SetIterationTime(cycles[kOurs] * 1e-9);
         }
-        // For --benchmark_out: the minima so far, that is, those of the last repetition count.
+        // For --benchmark_out; the last repetition's are the minima of all.
         state.counters["ours_cycles"] = comparison_.cycles[kOurs];
         state.counters["peer_cycles"] = comparison_.cycles[kPeer];
         state.counters["ratio"] = comparison_.Ratio();
