@@ -1,0 +1,47 @@
+#pragma once
+
+#include <x86intrin.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+
+namespace bench {
+
+/** TSC cycles that a number of calls in a row take. */
+template <typename Call>
+uint64_t TimeBatch(int calls, Call call) {
+    // The fences keep calls from starting before, or ending after, the clock is read.
+    _mm_lfence();
+    const uint64_t begin = __rdtsc();
+    _mm_lfence();
+    for (int i = 0; i < calls; ++i) call();
+    _mm_lfence();
+    return __rdtsc() - begin;
+}
+
+/** Calls that fill a batch: long against reading the clock, short against a time slice. */
+template <typename Call>
+int CallsPerBatch(Call call) {
+    constexpr double kBatchCycles = 20000;
+    constexpr int kTrialCalls = 16;
+    uint64_t fastest = UINT64_MAX;
+    for (int i = 0; i < 8; ++i) fastest = std::min(fastest, TimeBatch(kTrialCalls, call));
+    return std::max(1, static_cast<int>(kBatchCycles * kTrialCalls / static_cast<double>(fastest)));
+}
+
+/** How fast the TSC counts, measured from construction to the question. */
+class TscRate {
+  public:
+    double CyclesPerNanosecond() const {
+        const std::chrono::duration<double, std::nano> elapsed = Clock::now() - start_;
+        return static_cast<double>(__rdtsc() - start_cycles_) / elapsed.count();
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point start_ = Clock::now();
+    uint64_t start_cycles_ = __rdtsc();
+};
+
+}  // namespace bench

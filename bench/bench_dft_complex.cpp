@@ -1,0 +1,174 @@
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <list>
+#include <memory>
+#include <stdexcept>
+
+#include "batch_clock.h"
+#include "comparison.h"
+#include "dft_complex_case.h"
+#include "environment.h"
+#include "fftw_peer.h"
+#include "options.h"
+#include "peer_figures.h"
+#include "report.h"
+#include "transform_library.h"
+
+namespace bench {
+namespace {
+
+constexpr int kShortest = 2;
+constexpr int kLongest = 64;
+
+#ifdef __clang__
+constexpr const char* kOwnCompiler = __VERSION__;
+#else
+constexpr const char* kOwnCompiler = "GCC " __VERSION__;
+#endif
+
+struct Libraries {
+    TransformLibrary ours;
+    std::unique_ptr<TransformLibrary> other;
+};
+
+Libraries Open(const Options& options) {
+    Libraries libraries{.ours = TransformLibrary(options.library), .other = nullptr};
+    if (options.other.empty()) return libraries;
+    libraries.other = std::make_unique<TransformLibrary>(options.other);
+    if (libraries.other->base() == libraries.ours.base()) {
+        throw std::runtime_error("'" + options.other + "' and '" + options.library +
+                                 "' are the same file.\nTo see the noise of a comparison, "
+                                 "compare with a copy of it.");
+    }
+    return libraries;
+}
+
+/** Says on the display only what went wrong: the table comes when all is measured. */
+class ErrorReporter : public benchmark::BenchmarkReporter {
+  public:
+    bool ReportContext(const Context& /*context*/) override { return true; }
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (!run.error_occurred) continue;
+            failed_ = true;
+            std::cerr << run.run_name.function_name << ": " << run.error_message << '\n';
+        }
+    }
+    bool failed() const { return failed_; }
+
+  private:
+    bool failed_ = false;
+};
+
+template <typename Peer>
+bool Measure(const Options& options, const Libraries& libraries, Report& report) {
+    // Repetitions of all cases in random order spread the rounds of each over the whole run.
+    const int repetitions = options.quick ? 2 : 12;
+    const int rounds = options.quick ? 60 : 250;
+    report.best_peer_shares = BestPeerShares(options.peer_figures, Peer::kPeerFamily);
+    report.context.emplace_back("peer", Peer::Version() + ", as the distribution packages it");
+
+    std::list<Comparison> comparisons;
+    std::list<DftComplexCase<Peer>> cases;
+    for (const Direction direction : {Direction::kForward, Direction::kInverse}) {
+        for (int length = kShortest; length <= kLongest; ++length) {
+            Comparison& comparison = comparisons.emplace_back();
+            comparison.length = length;
+            comparison.direction = direction;
+            auto& added = cases.emplace_back(libraries.ours, libraries.other.get(), comparison);
+            benchmark::RegisterBenchmark(added.Name().c_str(),
+                                         [&added](benchmark::State& state) { added.Run(state); })
+                ->UseManualTime()
+                ->Iterations(rounds)
+                ->Repetitions(repetitions);
+        }
+    }
+    ErrorReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (const Comparison& comparison : comparisons) {
+        if (comparison.rounds > 0) report.comparisons.push_back(comparison);
+    }
+    return !reporter.failed();
+}
+
+void WriteFiles(const Options& options, const Report& report) {
+    const std::filesystem::path out_dir = options.out_dir;
+    std::filesystem::create_directories(out_dir);
+    const std::string stem = "dft_complex_" + options.type;
+    std::ofstream json(out_dir / (stem + ".json"));
+    WriteJson(json, report);
+    std::ofstream columns(out_dir / (stem + ".dat"));
+    WriteColumns(columns, report);
+    if (!json.flush() || !columns.flush()) {
+        throw std::runtime_error("cannot write the figures into '" + options.out_dir + "'");
+    }
+}
+
+int Run(Options options) {
+    using MeasureFunction = bool(const Options&, const Libraries&, Report&);
+    const std::pair<const char*, MeasureFunction*> types[] = {
+        {SinglePeer::kType, Measure<SinglePeer>},
+        {DoublePeer::kType, Measure<DoublePeer>},
+    };
+    MeasureFunction* measure = nullptr;
+    for (const auto& [type, function] : types) {
+        if (options.type == type) measure = function;
+    }
+    if (measure == nullptr) throw std::invalid_argument("unknown type '" + options.type + "'");
+
+    // Before Initialize, so that the user's own --benchmark_ option wins.
+    std::string interleave = "--benchmark_enable_random_interleaving=true";
+    std::vector<char*>& arguments = options.for_google_benchmark;
+    arguments.insert(arguments.begin() + 1, interleave.data());
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (!options.filter.empty()) benchmark::SetBenchmarkFilter(options.filter);
+
+    const Libraries libraries = Open(options);
+    Report report;
+    report.context = {
+        {"type", options.type},
+        {"cpu", CpuName()},
+        {"pinned", AllowedCpus() == 1 ? "yes" : "no"},
+        {"ours", libraries.ours.path()},
+        {"ours built by", libraries.ours.Compiler()},
+        {"bench built by", kOwnCompiler},
+    };
+    if (libraries.other) {
+        report.context.emplace_back("other", libraries.other->path());
+        report.context.emplace_back("other built by", libraries.other->Compiler());
+    }
+    if (options.quick) report.context.emplace_back("rounds", "few: a first look, not a result");
+
+    const TscRate tsc_rate;
+    const bool all_measured = measure(options, libraries, report);
+    report.cycles_per_nanosecond = tsc_rate.CyclesPerNanosecond();
+    if (report.comparisons.empty()) throw std::runtime_error("nothing was measured");
+
+    PrintTable(std::cout, report);
+    if (!options.out_dir.empty()) WriteFiles(options, report);
+    return all_measured ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace bench
+
+int main(int argc, char** argv) {
+    try {
+        bench::Options options = bench::ParseOptions(argc, argv);
+        if (options.help) {
+            std::cout << bench::kUsage;
+            return 0;
+        }
+        return bench::Run(std::move(options));
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "bench_dft_complex: " << error.what() << '\n' << bench::kUsage;
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << "bench_dft_complex: " << error.what() << '\n';
+        return 1;
+    }
+}

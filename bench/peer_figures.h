@@ -1,0 +1,14 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace bench {
+
+/**
+ * By length, the time of the best of all peers as a share of the packaged FFTW's time. Throws
+ * std::runtime_error where the file does not tell it for any length of the family.
+ */
+std::map<int, double> BestPeerShares(const std::string& path, const std::string& family);
+
+}  // namespace bench

@@ -1,0 +1,132 @@
+#include "report.h"
+
+#include <cmath>
+#include <iomanip>
+#include <limits>
+#include <ostream>
+#include <sstream>
+
+#include "summary.h"
+
+namespace bench {
+namespace {
+
+std::string Fixed(double value, int decimals) {
+    if (std::isnan(value)) return "-";
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(decimals) << value;
+    return text.str();
+}
+
+std::string JsonNumber(double value) {
+    return std::isnan(value) ? "null" : Fixed(value, 4);
+}
+
+std::string JsonString(const std::string& text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        // Control characters have no place in JSON text, and nothing here needs them.
+        quoted += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+    }
+    return quoted + '"';
+}
+
+bool HasOther(const Report& report) {
+    return !report.comparisons.empty() && report.comparisons.front().has_other;
+}
+
+}  // namespace
+
+double Report::Nanoseconds(const Comparison& comparison, Party party) const {
+    return comparison.cycles[party] / cycles_per_nanosecond;
+}
+
+double Report::BestRatio(const Comparison& comparison) const {
+    const auto share = best_peer_shares.find(comparison.length);
+    if (share == best_peer_shares.end()) return std::numeric_limits<double>::quiet_NaN();
+    return comparison.Ratio() * share->second;
+}
+
+void PrintTable(std::ostream& out, const Report& report) {
+    for (const auto& [key, value] : report.context) {
+        out << std::left << std::setw(16) << key << value << '\n';
+    }
+    const bool has_other = HasOther(report);
+    out << "\nRatios above 1: ours is faster. Cycles are of the TSC, for one call.\n\n"
+        << "dir  length   ours ns  ours cycles   FFTW ns  FFTW/ours  best/ours"
+        << (has_other ? "  other ns  other/ours\n" : "\n");
+    for (const Comparison& c : report.comparisons) {
+        out << std::left << std::setw(5) << ShortName(c.direction) << std::right << std::setw(6)
+            << c.length << std::setw(10) << Fixed(report.Nanoseconds(c, kOurs), 1) << std::setw(13)
+            << Fixed(c.cycles[kOurs], 0) << std::setw(10) << Fixed(report.Nanoseconds(c, kPeer), 1)
+            << std::setw(11) << Fixed(c.Ratio(), 2) << std::setw(11)
+            << Fixed(report.BestRatio(c), 2);
+        if (has_other) {
+            out << std::setw(10) << Fixed(report.Nanoseconds(c, kOther), 1) << std::setw(12)
+                << Fixed(c.OtherRatio(), 3);
+        }
+        out << '\n';
+    }
+    out << '\n'
+        << std::left << std::setw(42) << "ratio"
+        << "geometric mean   worst (length)\n";
+    for (const SummaryLine& line : Summarise(report)) {
+        out << std::left << std::setw(42) << line.of << std::right << std::setw(14)
+            << Fixed(line.geometric_mean, 3) << std::setw(8) << Fixed(line.worst, 3) << " ("
+            << line.worst_length << ")\n";
+    }
+}
+
+void WriteJson(std::ostream& out, const Report& report) {
+    const char* separator = "";
+    out << "{\n  \"context\": {";
+    for (const auto& [key, value] : report.context) {
+        out << separator << "\n    " << JsonString(key) << ": " << JsonString(value);
+        separator = ",";
+    }
+    out << "\n  },\n  \"results\": [";
+    separator = "";
+    for (const Comparison& c : report.comparisons) {
+        out << separator << "\n    {\"direction\": " << JsonString(ShortName(c.direction))
+            << ", \"length\": " << c.length << ", \"rounds\": " << c.rounds
+            << ", \"ours_ns\": " << JsonNumber(report.Nanoseconds(c, kOurs))
+            << ", \"ours_cycles\": " << JsonNumber(c.cycles[kOurs])
+            << ", \"peer_ns\": " << JsonNumber(report.Nanoseconds(c, kPeer))
+            << ", \"peer_cycles\": " << JsonNumber(c.cycles[kPeer])
+            << ", \"ratio\": " << JsonNumber(c.Ratio())
+            << ", \"ratio_median\": " << JsonNumber(c.MedianRatio())
+            << ", \"best_ratio\": " << JsonNumber(report.BestRatio(c));
+        if (c.has_other) {
+            out << ", \"other_ns\": " << JsonNumber(report.Nanoseconds(c, kOther))
+                << ", \"other_cycles\": " << JsonNumber(c.cycles[kOther])
+                << ", \"other_ratio\": " << JsonNumber(c.OtherRatio());
+        }
+        out << '}';
+        separator = ",";
+    }
+    out << "\n  ],\n  \"summary\": [";
+    separator = "";
+    for (const SummaryLine& line : Summarise(report)) {
+        out << separator << "\n    {\"of\": " << JsonString(line.of)
+            << ", \"geometric_mean\": " << JsonNumber(line.geometric_mean)
+            << ", \"worst\": " << JsonNumber(line.worst)
+            << ", \"worst_length\": " << line.worst_length << ", \"lengths\": " << line.lengths
+            << '}';
+        separator = ",";
+    }
+    out << "\n  ]\n}\n";
+}
+
+void WriteColumns(std::ostream& out, const Report& report) {
+    constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
+    out << "direction length ours_ns peer_ns ratio best_ratio other_ns other_ratio\n";
+    for (const Comparison& c : report.comparisons) {
+        out << ShortName(c.direction) << ' ' << c.length << ' ' << report.Nanoseconds(c, kOurs)
+            << ' ' << report.Nanoseconds(c, kPeer) << ' ' << c.Ratio() << ' ' << report.BestRatio(c)
+            << ' ' << (c.has_other ? report.Nanoseconds(c, kOther) : kMissing) << ' '
+            << (c.has_other ? c.OtherRatio() : kMissing) << '\n';
+    }
+}
+
+}  // namespace bench

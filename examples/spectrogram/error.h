@@ -1,0 +1,22 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace spectrogram {
+
+enum class ExitCode : int { kOk = 0, kOutputFailed = 1, kBadInput = 2 };
+
+/** A failure the user can do something about; the message says what. */
+class Error : public std::runtime_error {
+  public:
+    Error(ExitCode exit_code, const std::string& message)
+        : std::runtime_error(message), exit_code_(exit_code) {}
+
+    ExitCode exit_code() const { return exit_code_; }
+
+  private:
+    ExitCode exit_code_;
+};
+
+}  // namespace spectrogram

@@ -1,0 +1,33 @@
+#include "summary.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <numeric>
+#include <ostream>
+
+namespace spectrogram {
+
+void PrintSummary(std::ostream& out, const Recording& recording,
+                  std::span<const PowerSpectrum> spectra) {
+    constexpr size_t kStrongest = 5;
+    const PowerSpectrum mean = MeanPower(spectra);
+    std::array<size_t, kBins> by_power{};
+    std::iota(by_power.begin(), by_power.end(), 0U);
+    std::sort(by_power.begin(), by_power.end(),
+              [&](size_t a, size_t b) { return mean[a] > mean[b]; });
+
+    out << std::fixed << std::setprecision(3);
+    out << "frames       " << spectra.size() << " of " << kFrameLength << " samples, hop " << kHop
+        << '\n'
+        << "sample rate  " << recording.sample_rate << " Hz, " << recording.channels
+        << (recording.channels == 1 ? " channel\n" : " channels, averaged\n") << "duration     "
+        << recording.duration() << " s\n"
+        << "strongest bins, mean over all frames:\n";
+    for (const size_t k : std::span(by_power).first(kStrongest)) {
+        const double frequency = static_cast<double>(k) * recording.sample_rate / kFrameLength;
+        out << "  bin " << std::setw(2) << k << std::setprecision(1) << std::setw(10) << frequency
+            << " Hz" << std::setw(9) << Decibels(mean[k]) << " dB\n";
+    }
+}
+
+}  // namespace spectrogram

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+namespace spectrogram {
+
+struct Recording {
+    std::vector<float> samples;  ///< mono; full scale is 1
+    int sample_rate = 0;         ///< Hz
+    int channels = 0;            ///< of the file, before they were averaged
+
+    double duration() const { return static_cast<double>(samples.size()) / sample_rate; }
+};
+
+/** Reads a sound file, averaging its channels. Throws Error where there is nothing to analyse. */
+Recording ReadRecording(const std::filesystem::path& path);
+
+}  // namespace spectrogram

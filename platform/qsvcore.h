@@ -1,0 +1,36 @@
+/**
+ * @file qsvcore.h
+ * @brief Memory of the platform core library, for C and C++.
+ *
+ * An open stand-in: it has the name and the calls of the library that is present on the target
+ * systems, so that everything here can be built and tested without that one.
+ */
+#ifndef QSVCORE_H
+#define QSVCORE_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(__GNUC__)
+#define QSVCORE_API __attribute__((visibility("default")))
+#else
+#define QSVCORE_API
+#endif
+
+/**
+ * @param size bytes; 0 gives a block that may be freed and not be written
+ * @return a block on a 16-byte boundary; null where size is negative or memory has run out
+ */
+QSVCORE_API void* qsvMalloc(int32_t size);
+
+/** @param block what qsvMalloc returned, or null, which does nothing */
+QSVCORE_API void qsvFree(void* block);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* QSVCORE_H */
