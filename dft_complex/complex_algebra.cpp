@@ -90,7 +90,7 @@ class InterleavedAlgebra : public ComplexAlgebra {
   private:
     Ref exchanged(Ref x) {
         return lane_count(type_) == 2 ? graph_.shuffle(x, x, {1, 0, 0, 0})
-                                      : graph_.shuffle(x, x, {1, 0, 3, 2});
+                                      : graph_.shuffle(x, x, {1, 0, 7, 6});
     }
     void append(Lanes& lanes, const Exact& re, const Exact& im) const {
         lanes.push_back(backward_ ? im : re);

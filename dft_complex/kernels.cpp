@@ -7,15 +7,12 @@
 #include "kernelgen/proof.hpp"
 
 namespace dft_complex {
-namespace {
 
 const TableRow& row_of(int length) {
     if (length < kShortestLength || length > kLongestLength)
         throw std::out_of_range("no kernel of length " + std::to_string(length));
     return single_precision_table()[static_cast<std::size_t>(length - kShortestLength)];
 }
-
-}  // namespace
 
 std::string Kernel::name() const {
     return std::string(direction == Direction::Forward ? "qsvgDFTFwd" : "qsvgDFTInv") + "_CToC_" +

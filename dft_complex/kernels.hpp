@@ -28,6 +28,9 @@ struct Kernel {
     std::string twin_name() const;
 };
 
+/** The row of the rule table; throws std::out_of_range for a length without a kernel. */
+const TableRow& row_of(int length);
+
 /** The single-precision kernel of `length`, proven against the definition of the DFT. */
 Kernel single_precision_kernel(int length, Direction direction);
 

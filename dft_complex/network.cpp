@@ -54,7 +54,9 @@ std::vector<std::vector<int>> Network::batches() const {
     // A straggler fills a lane of a later batch instead of opening a group of its own.
     std::vector<int> latest(count, deepest);
     for (std::size_t t = count; t-- > 0;) {
-        for (int l = latest[t]; l > level[t]; --l) {
+        // What reads memory stays in front: a vector is not filled from memory and lanes at once.
+        const bool reads_input = level[t] == 0;
+        for (int l = latest[t]; l > level[t] && !reads_input; --l) {
             if (population.contains({l, transforms_[t].radix})) {
                 level[t] = l;
                 break;

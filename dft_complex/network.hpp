@@ -60,7 +60,8 @@ class Network {
     const std::vector<SmallTransform>& transforms() const { return transforms_; }
 
     /** Transforms of one radix that may run side by side, batches in an order that respects data
-     * flow. A transform that could run in several batches joins the latest. */
+     * flow. A transform that could run in several batches joins the latest, unless it reads the
+     * kernel's input. */
     std::vector<std::vector<int>> batches() const;
 
   private:

@@ -263,6 +263,8 @@ class PackedLayout {
             std::vector<int> elements;
             for (const Value& value : vector.values) {
                 const std::optional<Source> source = pick(value);
+                if (source && source->transform != Source::kInput)
+                    throw std::logic_error("a vector mixes memory and computed values");
                 elements.push_back(source ? source->slot : kZeroElement);
             }
             return load_elements(graph_, vector.layout, elements, backward_);

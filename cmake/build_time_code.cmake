@@ -1,0 +1,8 @@
+# Options of code that runs during the build, in tests and in examples.
+
+add_library(build_time_code INTERFACE)
+target_compile_features(build_time_code INTERFACE cxx_std_20)
+target_compile_options(
+    build_time_code INTERFACE -Wall -Wextra
+                              # GCC 12 sees overlaps in the joining of short strings.
+                              $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)

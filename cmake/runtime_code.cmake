@@ -1,0 +1,23 @@
+# Options of code that becomes part of the library, as against code that runs during the build.
+
+add_library(runtime_code INTERFACE)
+target_compile_features(runtime_code INTERFACE cxx_std_20)
+target_include_directories(runtime_code INTERFACE ${PROJECT_SOURCE_DIR}
+                                                  ${PROJECT_SOURCE_DIR}/include)
+target_compile_options(
+    runtime_code
+    INTERFACE -fPIC
+              -fvisibility=hidden
+              -fno-exceptions
+              -fno-rtti
+              -Wall
+              -Wextra
+              # Each sum and product is an operation of its own, scalar code stays scalar, and the
+              # order of the kernel compiler stands.
+              $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize;-fno-tree-slp-vectorize;-fno-schedule-insns>
+              $<$<CXX_COMPILER_ID:Clang>:-fno-vectorize;-fno-slp-vectorize>
+              # Callers may come with a stack on a 4-byte boundary.
+              $<$<CXX_COMPILER_ID:GNU>:-mincoming-stack-boundary=2>
+              $<$<CXX_COMPILER_ID:Clang>:-mstackrealign>
+              # Half vectors are moved at any address, which the processor allows.
+              -fno-sanitize=alignment)

@@ -1,0 +1,47 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Moves between memory and vectors. Nothing outside the named bytes is touched.
+ */
+
+#include <emmintrin.h>
+
+namespace core {
+
+/** Whole vectors on 16-byte boundaries. */
+struct Aligned {
+    static __m128 load(const float* p) { return _mm_load_ps(p); }
+    static void store(float* p, __m128 v) { _mm_store_ps(p, v); }
+};
+
+/** Whole vectors anywhere. */
+struct Unaligned {
+    static __m128 load(const float* p) { return _mm_loadu_ps(p); }
+    static void store(float* p, __m128 v) { _mm_storeu_ps(p, v); }
+};
+
+// Half vectors have no alignment of their own in either path.
+
+inline __m128 load_low(const float* p) {
+    return _mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p)));
+}
+
+inline __m128 load_high(__m128 low, const float* p) {
+    return _mm_castpd_ps(_mm_loadh_pd(_mm_castps_pd(low), reinterpret_cast<const double*>(p)));
+}
+
+inline void store_low(float* p, __m128 v) {
+    _mm_store_sd(reinterpret_cast<double*>(p), _mm_castps_pd(v));
+}
+
+inline void store_high(float* p, __m128 v) {
+    _mm_storeh_pd(reinterpret_cast<double*>(p), _mm_castps_pd(v));
+}
+
+/** Low half of `b`, high half of `a`. */
+inline __m128 move_low(__m128 a, __m128 b) {
+    return _mm_castpd_ps(_mm_move_sd(_mm_castps_pd(a), _mm_castps_pd(b)));
+}
+
+}  // namespace core

@@ -1,0 +1,63 @@
+/**
+ * @file
+ * @brief Writes the sources of the complex DFT kernels: describe_dft_complex FOLDER [MANIFEST]
+ *
+ * FOLDER gets one file a kernel and the dispatchers; MANIFEST, where named, one line a kernel.
+ */
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "dft_complex/kernel_source.hpp"
+
+namespace {
+
+using namespace dft_complex;
+
+// An unchanged file keeps its time, so that only changed kernels are compiled again.
+void write(const std::filesystem::path& path, const std::string& text) {
+    {
+        std::ifstream old(path, std::ios::binary);
+        const std::string content((std::istreambuf_iterator<char>(old)),
+                                  std::istreambuf_iterator<char>());
+        if (old && content == text) return;
+    }
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+    if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
+}
+
+void run(const std::filesystem::path& folder, const char* manifest) {
+    std::filesystem::create_directories(folder);
+    std::string lines = manifest_header() + "\n";
+    for (Direction direction : {Direction::Forward, Direction::Inverse}) {
+        const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
+        for (int n = kShortestLength; n <= kLongestLength; ++n) {
+            const Kernel kernel = single_precision_kernel(n, direction);
+            write(folder / (prefix + "_" + std::to_string(n) + "_32fc.cpp"),
+                  kernel_source(kernel));
+            if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
+        }
+        write(folder / (prefix + "_32fc.cpp"), dispatcher_source(direction));
+    }
+    if (manifest != nullptr) write(manifest, lines);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2 || argc > 3) {
+        std::fprintf(stderr, "usage: %s FOLDER [MANIFEST]\n", argv[0]);
+        return 2;
+    }
+    try {
+        run(argv[1], argc == 3 ? argv[2] : nullptr);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
+        return 1;
+    }
+    return 0;
+}

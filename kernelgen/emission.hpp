@@ -1,0 +1,31 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Writes a scheduled graph as C++ statements with SSE2 intrinsics.
+ *
+ * The statements stand in a function template over the memory access (`Memory::load`,
+ * `Memory::store` for whole vectors), with the arrays `x` and `y` of real elements and the factor
+ * `scale` in scope; aligned and unaligned kernels so share their arithmetic to the letter.
+ */
+
+#include <string>
+#include <vector>
+
+#include "kernelgen/graph.hpp"
+#include "kernelgen/schedule.hpp"
+
+namespace kernelgen {
+
+struct EmittedBody {
+    std::string constants;   ///< definitions at namespace scope, or empty
+    std::string statements;  ///< one a line, indented by four spaces
+};
+
+EmittedBody emit(const Graph& graph, const Order& order);
+
+/** A literal that reads back as exactly this value: 0x1.bb67aep-1f, 0x1.bb67ae8584caap-1. */
+std::string literal(float value);
+std::string literal(double value);
+
+}  // namespace kernelgen

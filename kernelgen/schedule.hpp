@@ -1,0 +1,41 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Puts the nodes of a graph into an order in which few values are alive at a time.
+ */
+
+#include <string>
+#include <vector>
+
+#include "kernelgen/graph.hpp"
+#include "kernelgen/target.hpp"
+
+namespace kernelgen {
+
+using Order = std::vector<NodeId>;
+
+/**
+ * Recursive bisection: components one after the other; within a component, colour from the inputs
+ * and the outputs alternately until the colours meet, then the input half before the output half.
+ * Cache-oblivious in the number of registers; after Frigo, "A fast Fourier transform compiler",
+ * 1999. Loads stand just before their first use.
+ */
+Order bisection_order(const Graph& graph);
+
+/** Each store as early as the values before it allow, operands depth first. */
+Order depth_first_order(const Graph& graph);
+
+/** The order in which the description made the nodes. */
+Order source_order(const Graph& graph);
+
+struct Schedule {
+    std::string method;  ///< name of the order that won
+    Order order;
+    int spills = 0;  ///< stack accesses that the register model predicts
+};
+
+/** The order with the fewest modelled stack accesses on the target. */
+Schedule schedule(const Graph& graph, const Target& target);
+
+}  // namespace kernelgen
