@@ -41,7 +41,7 @@ Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice) {
 
 std::vector<LaneChoice> choices_for(int transforms) {
     std::vector<LaneChoice> choices;
-    for (int width : {4, 3, 2}) {
+    for (int width : {4, 3}) {
         if (width > transforms && width != 4) continue;
         for (int stride = 1; stride < std::max(transforms, 2); ++stride) {
             if (stride > 1 && transforms % stride != 0) continue;

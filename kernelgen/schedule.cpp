@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <random>
 #include <set>
 
 #include "kernelgen/register_model.hpp"
@@ -18,7 +19,8 @@ bool is_placeless(Op op) { return op == Op::Constant || op == Op::Scale || op ==
 
 class Bisection {
   public:
-    explicit Bisection(const Graph& graph) : graph_(graph), users_(graph.size()) {
+    Bisection(const Graph& graph, const BisectionVariant& variant)
+        : graph_(graph), variant_(variant), random_(variant.shuffle), users_(graph.size()) {
         for (NodeId id : graph.live()) {
             if (!counts(id)) continue;
             for (NodeId operand : operands(graph.node(id))) {
@@ -45,12 +47,13 @@ class Bisection {
     }
 
     void place(const std::vector<NodeId>& part) {
-        if (part.size() <= 2) {
+        if (part.size() <= static_cast<std::size_t>(variant_.leaf)) {
             order_.insert(order_.end(), part.begin(), part.end());
             return;
         }
-        const auto components = split_into_components(part);
+        auto components = split_into_components(part);
         if (components.size() > 1) {
+            if (variant_.shuffle != 0) mix(components);
             for (const auto& component : components) place(component);
             return;
         }
@@ -61,6 +64,13 @@ class Bisection {
         }
         place(front);
         place(back);
+    }
+
+    // Not std::shuffle, whose result the standard leaves open: the same seed must give the same
+    // kernel with every library.
+    void mix(std::vector<std::vector<NodeId>>& components) {
+        for (std::size_t i = components.size(); i > 1; --i)
+            std::swap(components[i - 1], components[random_() % i]);
     }
 
     std::vector<std::vector<NodeId>> split_into_components(const std::vector<NodeId>& part) {
@@ -105,7 +115,7 @@ class Bisection {
             return std::all_of(users_[index(id)].begin(), users_[index(id)].end(), joined);
         };
         std::vector<NodeId> left = part;
-        Colour side = Colour::Front;
+        Colour side = variant_.outputs_first ? Colour::Back : Colour::Front;
         while (!left.empty()) {
             std::vector<NodeId> taken;
             std::vector<NodeId> rest;
@@ -121,6 +131,8 @@ class Bisection {
     }
 
     const Graph& graph_;
+    const BisectionVariant variant_;
+    std::mt19937 random_;
     std::vector<std::vector<NodeId>> users_;
     Order order_;
 };
@@ -142,7 +154,14 @@ Order with_lazy_loads(const Graph& graph, const Order& order) {
 
 }  // namespace
 
-Order bisection_order(const Graph& graph) { return with_lazy_loads(graph, Bisection(graph).run()); }
+std::string BisectionVariant::to_string() const {
+    return std::string("bisection ") + (outputs_first ? "o" : "i") + std::to_string(leaf) + "x" +
+           std::to_string(shuffle);
+}
+
+Order bisection_order(const Graph& graph, const BisectionVariant& variant) {
+    return with_lazy_loads(graph, Bisection(graph, variant).run());
+}
 
 Order depth_first_order(const Graph& graph) {
     Order order;

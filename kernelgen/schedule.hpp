@@ -15,13 +15,23 @@ namespace kernelgen {
 
 using Order = std::vector<NodeId>;
 
+/** Free decisions of the bisection. */
+struct BisectionVariant {
+    bool outputs_first = false;   ///< which side colours first
+    int leaf = 2;                 ///< parts of at most so many nodes keep the description's order
+    std::uint32_t shuffle = 0;    ///< seed for the order of components, 0 for the natural one
+
+    /** "bisection", "bisection o16x7": from the outputs, leaves of 16, seed 7. */
+    std::string to_string() const;
+};
+
 /**
  * Recursive bisection: components one after the other; within a component, colour from the inputs
  * and the outputs alternately until the colours meet, then the input half before the output half.
  * Cache-oblivious in the number of registers; after Frigo, "A fast Fourier transform compiler",
  * 1999. Loads stand just before their first use.
  */
-Order bisection_order(const Graph& graph);
+Order bisection_order(const Graph& graph, const BisectionVariant& variant = {});
 
 /** Each store as early as the values before it allow, operands depth first. */
 Order depth_first_order(const Graph& graph);
