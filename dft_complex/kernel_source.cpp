@@ -76,7 +76,7 @@ std::uint64_t fnv1a(const std::string& text) {
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
-    const kernelgen::Schedule schedule = kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
+    const kernelgen::Schedule schedule = schedule_of(kernel);
     const kernelgen::EmittedBody body = kernelgen::emit(kernel.graph, schedule.order);
     const bool scalar = kernel.length <= kLongestShortLength;
     std::string text = "// DFT of " + std::to_string(kernel.length) +
@@ -109,13 +109,13 @@ std::string manifest_header() {
 
 std::string manifest_line(const Kernel& kernel) {
     const Counts c = kernelgen::count(kernel.graph, true);
-    const kernelgen::Schedule schedule = kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
+    const kernelgen::Schedule schedule = schedule_of(kernel);
     std::string line = kernel.name() + ",\"" + to_string(kernel.rule) + "\"";
     for (int number : {c.sums, c.differences, c.products, row_of(kernel.length).arithmetic(),
                        c.wide_sums, c.wide_differences, c.wide_products, c.flips, c.shuffles,
                        c.loads, c.stores})
         line += "," + std::to_string(number);
-    line += "," + schedule.method + "," + std::to_string(schedule.spills) + ",";
+    line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses) + ",";
     for (const LaneChoice& choice : kernel.choices)
         line += (&choice == kernel.choices.data() ? "" : " ") + choice.to_string();
     char hash[20];

@@ -4,6 +4,7 @@
 
 #include "dft_complex/decompositions.hpp"
 #include "dft_complex/short_lengths.hpp"
+#include "dft_complex/tuning.hpp"
 #include "kernelgen/proof.hpp"
 
 namespace dft_complex {
@@ -27,17 +28,37 @@ std::string Kernel::twin_name() const {
 Kernel draft_kernel(int length, Direction direction, const std::vector<LaneChoice>& choices) {
     const Rule& rule = row_of(length).rule;
     if (length <= kLongestShortLength)
-        return {length, direction, rule, short_length(length, direction), {}};
+        return {length, direction, rule, short_length(length, direction)};
     Network network;
     const Signal outputs = dft(network, rule, network.input(length));
-    PackedKernel packed = lay_out_packed(network, outputs, direction, choices);
+    PackedKernel packed = lay_out_packed(network, outputs, direction, lane_policy(length), choices);
     return {length, direction, rule, std::move(packed.graph), std::move(packed.choices)};
 }
 
 Kernel single_precision_kernel(int length, Direction direction) {
-    Kernel kernel = draft_kernel(length, direction, {});
+    const Tuning tuning = tuning_of(length);
+    Kernel kernel = draft_kernel(length, direction, tuning.lanes);
+    kernel.order = tuning.order;
     prove_dft(kernel);
     return kernel;
+}
+
+LanePolicy lane_policy(int length) {
+    const bool power_of_two = (length & (length - 1)) == 0;
+    return power_of_two ? LanePolicy::SplitOnly : LanePolicy::InterleavedEnds;
+}
+
+std::vector<int> batch_sizes(int length) {
+    Network network;
+    dft(network, row_of(length).rule, network.input(length));
+    std::vector<int> sizes;
+    for (const auto& batch : network.batches()) sizes.push_back(static_cast<int>(batch.size()));
+    return sizes;
+}
+
+kernelgen::Schedule schedule_of(const Kernel& kernel) {
+    if (kernel.order.empty()) return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::schedule_by(kernel.order, kernel.graph, kernelgen::kX86Sse2);
 }
 
 void prove_dft(const Kernel& kernel) {

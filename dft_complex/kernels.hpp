@@ -9,6 +9,7 @@
 
 #include "dft_complex/packed_layout.hpp"
 #include "dft_complex/rules.hpp"
+#include "kernelgen/schedule.hpp"
 
 namespace dft_complex {
 
@@ -20,7 +21,8 @@ struct Kernel {
     Direction direction;
     Rule rule;
     Graph graph;
-    std::vector<LaneChoice> choices;
+    std::vector<LaneChoice> choices = {};
+    std::string order = {};  ///< method of the schedule, empty for the cheapest plain one
 
     /** "qsvgDFTFwd_CToC_15_32fc" */
     std::string name() const;
@@ -36,6 +38,15 @@ Kernel single_precision_kernel(int length, Direction direction);
 
 /** The same with given lane choices, unproven: for searches. */
 Kernel draft_kernel(int length, Direction direction, const std::vector<LaneChoice>& choices);
+
+/** Powers of two move lanes in loads, transposes and stores only, so they stay split throughout. */
+LanePolicy lane_policy(int length);
+
+/** Number of transforms in each batch of the length's network. */
+std::vector<int> batch_sizes(int length);
+
+/** The kernel's nodes in the order of its code. */
+kernelgen::Schedule schedule_of(const Kernel& kernel);
 
 /** Throws where the kernel's graph is not the DFT of its length and direction. */
 void prove_dft(const Kernel& kernel);

@@ -20,7 +20,7 @@ LaneChoice LaneChoice::from_string(const std::string& text) {
     return choice;
 }
 
-Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice) {
+Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice, LanePolicy policy) {
     const std::size_t count = batch.size();
     const auto stride = static_cast<std::size_t>(choice.stride);
     std::vector<int> ordered;
@@ -31,7 +31,8 @@ Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice) {
     const auto width = static_cast<std::size_t>(choice.width);
     for (std::size_t i = 0; i < count; i += width) {
         const std::size_t end = std::min(count, i + width);
-        const Layout layout = end - i > 2 ? Layout::Split : Layout::Interleaved;
+        const bool split = end - i > 2 || policy == LanePolicy::SplitOnly;
+        const Layout layout = split ? Layout::Split : Layout::Interleaved;
         arrangement.groups.push_back(
             {layout, std::vector<int>(ordered.begin() + static_cast<std::ptrdiff_t>(i),
                                       ordered.begin() + static_cast<std::ptrdiff_t>(end))});
@@ -39,10 +40,12 @@ Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice) {
     return arrangement;
 }
 
-std::vector<LaneChoice> choices_for(int transforms) {
+std::vector<LaneChoice> choices_for(int transforms, BatchPlace place,
+                                    LanePolicy policy) {
     std::vector<LaneChoice> choices;
-    for (int width : {4, 3}) {
+    for (int width : {4, 3, 2}) {
         if (width > transforms && width != 4) continue;
+        if (width == 2 && (place == BatchPlace::Middle || policy == LanePolicy::SplitOnly)) continue;
         for (int stride = 1; stride < std::max(transforms, 2); ++stride) {
             if (stride > 1 && transforms % stride != 0) continue;
             for (FactorSide side : {FactorSide::AfterRegroup, FactorSide::BeforeRegroup})

@@ -20,6 +20,10 @@ struct LaneGroup {
     std::vector<int> transforms;  ///< one a lane, of the network
 };
 
+/** Whether groups of at most two transforms, and whole batches at the two ends of a kernel, may run
+ * on interleaved vectors. */
+enum class LanePolicy { SplitOnly, InterleavedEnds };
+
 /** Whether the factors between two stages act before or after the regrouping of lanes. */
 enum class FactorSide { BeforeRegroup, AfterRegroup };
 
@@ -40,9 +44,12 @@ struct LaneChoice {
     auto operator<=>(const LaneChoice&) const = default;
 };
 
-Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice);
+Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice, LanePolicy policy);
+
+/** Where a batch stands in its kernel: only at the two ends may whole batches run interleaved. */
+enum class BatchPlace { End, Middle };
 
 /** The choices worth trying for a batch of this many transforms. */
-std::vector<LaneChoice> choices_for(int transforms);
+std::vector<LaneChoice> choices_for(int transforms, BatchPlace place, LanePolicy policy);
 
 }  // namespace dft_complex

@@ -33,14 +33,18 @@ struct SlotVector {
 
 class PackedLayout {
   public:
-    PackedLayout(const Network& network, Direction direction)
-        : network_(network), backward_(direction == Direction::Inverse) {}
+    PackedLayout(const Network& network, Direction direction, LanePolicy policy)
+        : network_(network), backward_(direction == Direction::Inverse), policy_(policy) {}
 
     PackedKernel run(const Signal& outputs, const std::vector<LaneChoice>& choices) {
         const auto batches = network_.batches();
         for (std::size_t i = 0; i < batches.size(); ++i) {
             const LaneChoice choice =
-                i < choices.size() ? choices[i] : cheapest_choice(batches[i]);
+                i < choices.size()
+                    ? choices[i]
+                    : cheapest_choice(batches[i], i == 0 || i + 1 == batches.size()
+                                                      ? BatchPlace::End
+                                                      : BatchPlace::Middle);
             place(batches[i], choice);
             chosen_.push_back(choice);
         }
@@ -51,11 +55,11 @@ class PackedLayout {
   private:
     using Homes = std::map<Source, Home>;
 
-    LaneChoice cheapest_choice(const std::vector<int>& batch) {
+    LaneChoice cheapest_choice(const std::vector<int>& batch, BatchPlace batch_place) {
         LaneChoice best;
         double best_cost = -1;
         const std::size_t mark = graph_.size();
-        for (const LaneChoice& choice : choices_for(static_cast<int>(batch.size()))) {
+        for (const LaneChoice& choice : choices_for(static_cast<int>(batch.size()), batch_place, policy_)) {
             const Homes homes = homes_;
             place(batch, choice);
             const double cost = port_cost(graph_, mark, graph_.size());
@@ -70,7 +74,7 @@ class PackedLayout {
     }
 
     void place(const std::vector<int>& batch, const LaneChoice& choice) {
-        const Arrangement arrangement = arrange(batch, choice);
+        const Arrangement arrangement = arrange(batch, choice, policy_);
         const int radix = transform(batch.front()).radix;
         const std::size_t slots = transform(batch.front()).inputs.size();
         // All wanted vectors of the batch are known before the first is made.
@@ -318,6 +322,7 @@ class PackedLayout {
 
     const Network& network_;
     bool backward_;
+    LanePolicy policy_;
     Graph graph_;
     Homes homes_;
     std::vector<LaneChoice> chosen_;
@@ -326,8 +331,8 @@ class PackedLayout {
 }  // namespace
 
 PackedKernel lay_out_packed(const Network& network, const Signal& outputs, Direction direction,
-                            const std::vector<LaneChoice>& choices) {
-    return PackedLayout(network, direction).run(outputs, choices);
+                            LanePolicy policy, const std::vector<LaneChoice>& choices) {
+    return PackedLayout(network, direction, policy).run(outputs, choices);
 }
 
 double port_cost(const Graph& graph, std::size_t first_node, std::size_t past_node) {

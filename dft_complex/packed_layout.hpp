@@ -24,7 +24,7 @@ struct PackedKernel {
  * that costs least at that point.
  */
 PackedKernel lay_out_packed(const Network& network, const Signal& outputs, Direction direction,
-                            const std::vector<LaneChoice>& choices);
+                            LanePolicy policy, const std::vector<LaneChoice>& choices);
 
 /** What lay_out_packed minimises: arithmetic fills two ports, shuffles and half loads one. */
 double port_cost(const Graph& graph, std::size_t first_node, std::size_t past_node);

@@ -47,6 +47,11 @@ void store_pair(Graph& g, Ref pair, int first, int second) {
     if (second >= 0) g.store_high(scaled, 2 * second);
 }
 
+// A store takes values as they are, so a sign that no sum has taken up is applied here.
+Ref positive(Graph& g, Ref value) {
+    return value.negative ? g.flip(-value, {1, 1, 1, 1}) : value;
+}
+
 }  // namespace
 
 ComplexVector load_elements(Graph& g, Layout layout, std::vector<int> elements, bool backward) {
@@ -77,12 +82,14 @@ ComplexVector load_elements(Graph& g, Layout layout, std::vector<int> elements, 
 
 void store_elements(Graph& g, const StoredVector& stored, bool backward) {
     const std::vector<int>& e = stored.elements;
+    const Ref re = positive(g, stored.vector.re);
     if (stored.layout == Layout::Interleaved) {
-        store_pair(g, stored.vector.re, e[0], e[1]);
+        store_pair(g, re, e[0], e[1]);
         return;
     }
-    const Ref first = backward ? stored.vector.im : stored.vector.re;
-    const Ref second = backward ? stored.vector.re : stored.vector.im;
+    const Ref im = positive(g, stored.vector.im);
+    const Ref first = backward ? im : re;
+    const Ref second = backward ? re : im;
     if (e[0] >= 0 || e[1] >= 0) store_pair(g, g.shuffle(first, second, {0, 4, 1, 5}), e[0], e[1]);
     if (e[2] >= 0 || e[3] >= 0) store_pair(g, g.shuffle(first, second, {2, 6, 3, 7}), e[2], e[3]);
 }

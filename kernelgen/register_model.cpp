@@ -18,9 +18,9 @@ class RegisterModel {
         }
     }
 
-    int run(const std::vector<NodeId>& order) {
+    RegisterTraffic run(const std::vector<NodeId>& order) {
         for (std::size_t i = 0; i < order.size(); ++i) execute(order[i], i);
-        return accesses_;
+        return traffic_;
     }
 
   private:
@@ -54,7 +54,7 @@ class RegisterModel {
             }
         }
         if (!victim_clean && next_use(victim) != std::numeric_limits<std::size_t>::max()) {
-            ++accesses_;
+            ++traffic_.stack_accesses;
             saved_.insert(victim);
         }
         held_.erase(victim);
@@ -62,7 +62,7 @@ class RegisterModel {
 
     void fetch(NodeId id, const std::set<NodeId>& pinned) {
         if (held_.contains(id)) return;
-        if (!lives_in_memory(id)) ++accesses_;
+        if (!lives_in_memory(id)) ++traffic_.stack_accesses;
         make_room(pinned);
         held_.insert(id);
     }
@@ -78,13 +78,18 @@ class RegisterModel {
             std::swap(inputs[0], inputs[1]);
         if (!inputs.empty()) fetch(inputs[0], pinned);
         if (inputs.size() == 2 && !held_.contains(inputs[1]) && !lives_in_memory(inputs[1]))
-            ++accesses_;
+            ++traffic_.stack_accesses;
         for (NodeId operand : inputs) {
             auto& uses = uses_[operand];
             while (!uses.empty() && uses.front() <= position) uses.pop_front();
             if (uses.empty()) held_.erase(operand);
         }
         if (node.op == Op::Store || node.op == Op::StoreLow || node.op == Op::StoreHigh) return;
+        const bool either = node.op == Op::Add || node.op == Op::Mul;
+        const bool dies = !inputs.empty() && (!held_.contains(inputs[0]) ||
+                                              (either && inputs.size() == 2 &&
+                                               !held_.contains(inputs[1])));
+        if (!inputs.empty() && !dies) ++traffic_.copies;
         make_room(pinned);
         held_.insert(id);
     }
@@ -94,12 +99,13 @@ class RegisterModel {
     std::map<NodeId, std::deque<std::size_t>> uses_;
     std::set<NodeId> held_;
     std::set<NodeId> saved_;
-    int accesses_ = 0;
+    RegisterTraffic traffic_;
 };
 
 }  // namespace
 
-int stack_accesses(const Graph& graph, const std::vector<NodeId>& order, int registers) {
+RegisterTraffic register_traffic(const Graph& graph, const std::vector<NodeId>& order,
+                                 int registers) {
     return RegisterModel(graph, order, registers).run(order);
 }
 

@@ -1,11 +1,11 @@
 #include "kernelgen/schedule.hpp"
 
 #include <algorithm>
+#include <cstdio>
 #include <map>
 #include <random>
-#include <set>
+#include <stdexcept>
 
-#include "kernelgen/register_model.hpp"
 
 namespace kernelgen {
 namespace {
@@ -20,7 +20,8 @@ bool is_placeless(Op op) { return op == Op::Constant || op == Op::Scale || op ==
 class Bisection {
   public:
     Bisection(const Graph& graph, const BisectionVariant& variant)
-        : graph_(graph), variant_(variant), random_(variant.shuffle), users_(graph.size()) {
+        : graph_(graph), variant_(variant), random_(variant.shuffle), users_(graph.size()),
+          mark_(graph.size(), Mark::None) {
         for (NodeId id : graph.live()) {
             if (!counts(id)) continue;
             for (NodeId operand : operands(graph.node(id))) {
@@ -39,6 +40,8 @@ class Bisection {
     }
 
   private:
+    enum class Mark : std::uint8_t { None, Part, Front, Back };
+
     static std::size_t index(NodeId id) { return static_cast<std::size_t>(id); }
 
     bool counts(NodeId id) const {
@@ -74,20 +77,21 @@ class Bisection {
     }
 
     std::vector<std::vector<NodeId>> split_into_components(const std::vector<NodeId>& part) {
-        const std::set<NodeId> inside(part.begin(), part.end());
-        std::set<NodeId> seen;
+        for (NodeId id : part) mark_[index(id)] = Mark::Part;
         std::vector<std::vector<NodeId>> components;
         for (NodeId first : part) {
-            if (seen.contains(first)) continue;
+            if (mark_[index(first)] != Mark::Part) continue;
             std::vector<NodeId> component;
             std::vector<NodeId> open{first};
-            seen.insert(first);
+            mark_[index(first)] = Mark::None;
             while (!open.empty()) {
                 const NodeId id = open.back();
                 open.pop_back();
                 component.push_back(id);
                 const auto visit = [&](NodeId next) {
-                    if (inside.contains(next) && seen.insert(next).second) open.push_back(next);
+                    if (mark_[index(next)] != Mark::Part) return;
+                    mark_[index(next)] = Mark::None;
+                    open.push_back(next);
                 };
                 for (NodeId operand : operands(graph_.node(id))) visit(operand);
                 for (NodeId user : users_[index(id)]) visit(user);
@@ -99,34 +103,32 @@ class Bisection {
     }
 
     std::pair<std::vector<NodeId>, std::vector<NodeId>> bisect(const std::vector<NodeId>& part) {
-        enum class Colour { None, Front, Back };
-        std::map<NodeId, Colour> colour;
-        for (NodeId id : part) colour[id] = Colour::None;
-        // A node joins a side once all its neighbours towards that side have.
-        const auto ready = [&](NodeId id, Colour side) {
+        for (NodeId id : part) mark_[index(id)] = Mark::Part;
+        // A node joins a side once all its neighbours in the part towards that side have.
+        const auto ready = [&](NodeId id, Mark side) {
             const auto joined = [&](NodeId next) {
-                const auto found = colour.find(next);
-                return found == colour.end() || found->second == side;
+                return mark_[index(next)] == Mark::None || mark_[index(next)] == side;
             };
-            if (side == Colour::Front) {
-                const auto before = operands(graph_.node(id));
-                return std::all_of(before.begin(), before.end(), joined);
+            if (side == Mark::Front) {
+                const Node& node = graph_.node(id);
+                return (node.a == kNone || joined(node.a)) && (node.b == kNone || joined(node.b));
             }
             return std::all_of(users_[index(id)].begin(), users_[index(id)].end(), joined);
         };
         std::vector<NodeId> left = part;
-        Colour side = variant_.outputs_first ? Colour::Back : Colour::Front;
+        Mark side = variant_.outputs_first ? Mark::Back : Mark::Front;
         while (!left.empty()) {
             std::vector<NodeId> taken;
             std::vector<NodeId> rest;
             for (NodeId id : left) (ready(id, side) ? taken : rest).push_back(id);
-            for (NodeId id : taken) colour[id] = side;
+            for (NodeId id : taken) mark_[index(id)] = side;
             left = std::move(rest);
-            side = side == Colour::Front ? Colour::Back : Colour::Front;
+            side = side == Mark::Front ? Mark::Back : Mark::Front;
         }
         std::vector<NodeId> front;
         std::vector<NodeId> back;
-        for (NodeId id : part) (colour[id] == Colour::Front ? front : back).push_back(id);
+        for (NodeId id : part) (mark_[index(id)] == Mark::Front ? front : back).push_back(id);
+        for (NodeId id : part) mark_[index(id)] = Mark::None;
         return {front, back};
     }
 
@@ -134,15 +136,17 @@ class Bisection {
     const BisectionVariant variant_;
     std::mt19937 random_;
     std::vector<std::vector<NodeId>> users_;
+    std::vector<Mark> mark_;  ///< of the part at work; None elsewhere
     Order order_;
 };
 
 // Puts each load just before the first node that uses it.
 Order with_lazy_loads(const Graph& graph, const Order& order) {
     Order result;
-    std::set<NodeId> placed;
+    std::vector<bool> placed(graph.size(), false);
     const auto place = [&](auto&& self, NodeId id) -> void {
-        if (is_placeless(graph.node(id).op) || !placed.insert(id).second) return;
+        if (is_placeless(graph.node(id).op) || placed[static_cast<std::size_t>(id)]) return;
+        placed[static_cast<std::size_t>(id)] = true;
         for (NodeId operand : operands(graph.node(id))) {
             if (is_load(graph.node(operand).op)) self(self, operand);
         }
@@ -165,9 +169,10 @@ Order bisection_order(const Graph& graph, const BisectionVariant& variant) {
 
 Order depth_first_order(const Graph& graph) {
     Order order;
-    std::set<NodeId> placed;
+    std::vector<bool> placed(graph.size(), false);
     const auto place = [&](auto&& self, NodeId id) -> void {
-        if (is_placeless(graph.node(id).op) || !placed.insert(id).second) return;
+        if (is_placeless(graph.node(id).op) || placed[static_cast<std::size_t>(id)]) return;
+        placed[static_cast<std::size_t>(id)] = true;
         for (NodeId operand : operands(graph.node(id))) self(self, operand);
         order.push_back(id);
     };
@@ -184,16 +189,46 @@ Order source_order(const Graph& graph) {
     return with_lazy_loads(graph, order);
 }
 
+Schedule schedule_by(const std::string& method, const Graph& graph, const Target& target) {
+    Schedule result{.method = method, .order = {}, .traffic = {}};
+    BisectionVariant variant;
+    char side = 0;
+    if (method == "depth first") {
+        result.order = depth_first_order(graph);
+    } else if (method == "source") {
+        result.order = source_order(graph);
+    } else if (std::sscanf(method.c_str(), "bisection %c%dx%u", &side, &variant.leaf,
+                           &variant.shuffle) == 3) {
+        variant.outputs_first = side == 'o';
+        result.order = bisection_order(graph, variant);
+    } else {
+        throw std::invalid_argument("no order is called " + method);
+    }
+    result.traffic = register_traffic(graph, result.order, target.vector_registers);
+    return result;
+}
+
 Schedule schedule(const Graph& graph, const Target& target) {
     Schedule best;
-    const std::pair<const char*, Order> candidates[] = {
-        {"bisection", bisection_order(graph)},
-        {"depth first", depth_first_order(graph)},
-        {"source", source_order(graph)},
-    };
-    for (const auto& [method, order] : candidates) {
-        const int spills = stack_accesses(graph, order, target.vector_registers);
-        if (best.order.empty() || spills < best.spills) best = {method, order, spills};
+    for (const std::string& method : {BisectionVariant{}.to_string(), std::string("depth first"),
+                                      std::string("source")}) {
+        const Schedule next = schedule_by(method, graph, target);
+        if (best.order.empty() || next.traffic.total() < best.traffic.total()) best = next;
+    }
+    return best;
+}
+
+Schedule search_schedule(const Graph& graph, const Target& target, int seeds) {
+    Schedule best = schedule(graph, target);
+    for (bool outputs_first : {false, true}) {
+        for (int leaf : {2, 4, 8, 12, 16, 24, 32}) {
+            for (int seed = 0; seed < seeds; ++seed) {
+                const BisectionVariant variant{outputs_first, leaf,
+                                               static_cast<std::uint32_t>(seed)};
+                const Schedule next = schedule_by(variant.to_string(), graph, target);
+                if (next.traffic.total() < best.traffic.total()) best = next;
+            }
+        }
     }
     return best;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "kernelgen/graph.hpp"
+#include "kernelgen/register_model.hpp"
 #include "kernelgen/target.hpp"
 
 namespace kernelgen {
@@ -21,7 +22,7 @@ struct BisectionVariant {
     int leaf = 2;                 ///< parts of at most so many nodes keep the description's order
     std::uint32_t shuffle = 0;    ///< seed for the order of components, 0 for the natural one
 
-    /** "bisection", "bisection o16x7": from the outputs, leaves of 16, seed 7. */
+    /** "bisection o16x7": from the outputs, leaves of 16, seed 7. */
     std::string to_string() const;
 };
 
@@ -42,10 +43,16 @@ Order source_order(const Graph& graph);
 struct Schedule {
     std::string method;  ///< name of the order that won
     Order order;
-    int spills = 0;  ///< stack accesses that the register model predicts
+    RegisterTraffic traffic;  ///< what the register model predicts
 };
 
-/** The order with the fewest modelled stack accesses on the target. */
+/** The order with the least modelled register traffic: bisection, depth first or source. */
 Schedule schedule(const Graph& graph, const Target& target);
+
+/** The named order; `method` is as an earlier Schedule's. Throws std::invalid_argument. */
+Schedule schedule_by(const std::string& method, const Graph& graph, const Target& target);
+
+/** The order with the least traffic among `seeds` seeds of all variants of the bisection too. */
+Schedule search_schedule(const Graph& graph, const Target& target, int seeds);
 
 }  // namespace kernelgen

@@ -1,0 +1,34 @@
+#include "dft_complex/tuning.hpp"
+
+#include <map>
+#include <sstream>
+
+namespace dft_complex {
+namespace {
+
+struct Winner {
+    int length;
+    const char* lanes;  ///< one choice a batch, in order of the batches
+    const char* order;
+};
+
+// Written by tune_dft_complex; the cost it minimised stands in the manifest.
+constexpr Winner kWinners[] = {
+#include "dft_complex/tuned_32fc.inc"
+};
+
+}  // namespace
+
+Tuning tuning_of(int length) {
+    for (const Winner& winner : kWinners) {
+        if (winner.length != length) continue;
+        Tuning tuning{.lanes = {}, .order = winner.order};
+        std::istringstream words(winner.lanes);
+        for (std::string word; words >> word;)
+            tuning.lanes.push_back(LaneChoice::from_string(word));
+        return tuning;
+    }
+    return {};
+}
+
+}  // namespace dft_complex

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dft_complex/lane_groups.hpp"
+
+namespace dft_complex {
+
+/** Decisions that were searched once and are kept: they change a kernel's cost, never its mathematics. */
+struct Tuning {
+    std::vector<LaneChoice> lanes;
+    std::string order;  ///< a method of kernelgen::schedule_by, or empty for the cheapest plain one
+};
+
+/** What tune_dft_complex found best for this length; empty where it has not searched. */
+Tuning tuning_of(int length);
+
+}  // namespace dft_complex
