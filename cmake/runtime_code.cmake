@@ -15,6 +15,9 @@ target_compile_options(
               # Each sum and product is an operation of its own, scalar code stays scalar, and the
               # order of the kernel compiler stands.
               $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize;-fno-tree-slp-vectorize;-fno-schedule-insns>
+              # Five percent off the time of a kernel, measured over all lengths: GCC's allocator copies
+              # vectors needlessly on eight registers.
+              $<$<CXX_COMPILER_ID:GNU>:-frename-registers;-flive-range-shrinkage>
               $<$<CXX_COMPILER_ID:Clang>:-fno-vectorize;-fno-slp-vectorize>
               # Callers may come with a stack on a 4-byte boundary.
               $<$<CXX_COMPILER_ID:GNU>:-mincoming-stack-boundary=2>

@@ -11,28 +11,53 @@
 
 namespace core {
 
-/** Both arrays on a 16-byte boundary; null counts as aligned, so that the null test answers. */
-inline bool aligned(const void* source, const void* destination) {
-    const std::uintptr_t bits = reinterpret_cast<std::uintptr_t>(source) |
-                                reinterpret_cast<std::uintptr_t>(destination);
-    return (bits & 15U) == 0;
+/** A null pointer counts as aligned, so that the null test answers. */
+inline bool aligned(const void* array) {
+    return (reinterpret_cast<std::uintptr_t>(array) & 15U) == 0;
 }
 
-/** Scale factor for each flag value from 0 to 8; entries of other values are unused. */
+/** A scale factor as often as a vector holds it, so that products take it straight from memory. */
 template <class Real>
-using ScaleTable = Real[9];
+struct alignas(16) ScaleVector {
+    Real lane[16 / sizeof(Real)];
+};
 
-inline bool is_scale_flag(std::int32_t flag) {
-    constexpr std::uint32_t kFlags = 1U << qsvScaleFwdByN | 1U << qsvScaleInvByN |
-                                     1U << qsvScaleBySqrtN | 1U << qsvScaleNone;
-    const auto value = static_cast<std::uint32_t>(flag);
-    return value <= 8 && (kFlags >> value & 1U) != 0;
-}
+/** Scale factor for each flag value from 0 to 8; zero where the value is no flag. */
+template <class Real>
+struct ScaleTable {
+    ScaleVector<Real> factor[qsvScaleNone + 1];
 
-/** Status of a call's arguments, in the order that callers may rely on. */
-inline QsvStatus check(const void* source, const void* destination, std::int32_t flag) {
+    static constexpr ScaleTable forward(Real by_length, Real by_root) {
+        ScaleTable table{};
+        table.set(qsvScaleFwdByN, by_length);
+        table.set(qsvScaleInvByN, 1);
+        table.set(qsvScaleBySqrtN, by_root);
+        table.set(qsvScaleNone, 1);
+        return table;
+    }
+
+    static constexpr ScaleTable inverse(Real by_length, Real by_root) {
+        ScaleTable table = forward(by_length, by_root);
+        table.set(qsvScaleFwdByN, 1);
+        table.set(qsvScaleInvByN, by_length);
+        return table;
+    }
+
+    const Real* operator[](std::int32_t flag) const { return factor[flag].lane; }
+
+  private:
+    constexpr void set(int flag, Real value) {
+        for (Real& lane : factor[flag].lane) lane = value;
+    }
+};
+
+/** Null pointers before the flag, as callers may rely on. */
+template <class Real>
+inline QsvStatus check(const void* source, const void* destination, std::int32_t flag,
+                       const ScaleTable<Real>& scales) {
     if (source == nullptr || destination == nullptr) return qsvStatusNullPointer;
-    return is_scale_flag(flag) ? qsvStatusOk : qsvStatusBadFlag;
+    if (static_cast<std::uint32_t>(flag) > qsvScaleNone) return qsvStatusBadFlag;
+    return *scales[flag] > 0 ? qsvStatusOk : qsvStatusBadFlag;
 }
 
 }  // namespace core

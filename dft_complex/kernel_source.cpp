@@ -36,34 +36,34 @@ std::string scale_table(const Kernel& kernel) {
         literal(Exact::product({Exact::rational(1, kernel.length),
                                 Exact::square_root(kernel.length)})
                     .to_binary32());
-    const bool forward = kernel.direction == Direction::Forward;
-    return "constexpr core::ScaleTable<float> kScales = {0, " + (forward ? by_n : "1") + ", " +
-           (forward ? "1" : by_n) + ", 0, " + by_root + ", 0, 0, 0, 1};\n";
+    return "constexpr auto kScales = core::ScaleTable<float>::" + std::string(word(kernel.direction)) +
+           "(" + by_n + ", " + by_root + ");\n";
 }
 
 std::string frame(const std::string& name, const char* linkage, const std::string& before,
                   const std::string& call) {
     return std::string(linkage) + "QsvStatus " + name +
            "(const Complex32* src, Complex32* dst, int32_t flag) {\n" + before +
-           "    const QsvStatus status = core::check(src, dst, flag);\n"
+           "    const QsvStatus status = core::check(src, dst, flag, kScales);\n"
            "    if (status != qsvStatusOk) return status;\n" +
            "    " + call + "\n" + "    return qsvStatusOk;\n}\n";
 }
 
 std::string scalar_functions(const Kernel& kernel) {
-    return frame(kernel.name(), "", "", "transform(&src->re, &dst->re, kScales[flag]);");
+    return frame(kernel.name(), "", "", "transform(&src->re, &dst->re, *kScales[flag]);");
 }
 
 std::string packed_functions(const Kernel& kernel) {
     const auto call = [](const char* memory) {
         return "transform<core::" + std::string(memory) +
-               ">(&src->re, &dst->re, _mm_set1_ps(kScales[flag]));";
+               ">(&src->re, &dst->re, _mm_load_ps(kScales[flag]));";
     };
     const std::string twin = kernel.twin_name();
     return frame(twin, "[[gnu::visibility(\"hidden\"), gnu::noinline]] ", "", call("Unaligned")) +
            "\n" +
            frame(kernel.name(), "",
-                 "    if (!core::aligned(src, dst)) return " + twin + "(src, dst, flag);\n",
+                 "    if (!core::aligned(src) || !core::aligned(dst))\n        return " + twin +
+                     "(src, dst, flag);\n",
                  call("Aligned"));
 }
 
