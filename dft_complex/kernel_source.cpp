@@ -133,10 +133,10 @@ std::string dispatcher_source(Direction direction) {
         "extern \"C\" QsvStatus " +
         family +
         "32fc(const Complex32* src, Complex32* dst, int32_t length, int32_t flag) {\n"
-        "    switch (length) {\n";
+        "    switch (static_cast<uint32_t>(length) - " + std::to_string(kShortestLength) + ") {\n";
     for (int n = kShortestLength; n <= kLongestLength; ++n) {
         const std::string length = std::to_string(n);
-        text += "        case " + length + ":\n            return " + family + length +
+        text += "        case " + std::to_string(n - kShortestLength) + ":\n            return " + family + length +
                 "_32fc(src, dst, flag);\n";
     }
     return text + "        default:\n            return qsvStatusBadLength;\n    }\n}\n";
