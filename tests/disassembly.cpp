@@ -172,7 +172,7 @@ Disassembly parse_disassembly(const std::string& listing) {
 bool is_general_purpose(const std::string& mnemonic) {
     static const Names set = names(
         "mov movzx movsx lea push pop leave ret call jmp nop endbr32 xchg add sub and or xor not "
-        "neg test cmp inc dec shl sal shr sar imul cdq");
+        "neg test cmp bt inc dec shl sal shr sar imul cdq");
     if (set.contains(mnemonic)) return true;
     // jecxz and loop are jumps as well; their direction is what other rules look at.
     return mnemonic[0] == 'j' || mnemonic.starts_with("loop") || mnemonic.starts_with("cmov") ||

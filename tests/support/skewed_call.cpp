@@ -1,5 +1,8 @@
-# int32_t call_on_skewed_stack(function, arguments, skew, kept)
-# The frame pointer is a kept register too, so the way back is found above the arguments.
+#include "support/skewed_call.hpp"
+
+// A compiler's own frame would put the stack pointer where it likes, so this is assembly. The
+// frame pointer is one of the kept registers: the way back lies on the stack, over the arguments.
+asm(R"(
         .text
         .globl  call_on_skewed_stack
         .type   call_on_skewed_stack, @function
@@ -42,4 +45,4 @@ call_on_skewed_stack:
         popl    %ebp
         ret
         .size   call_on_skewed_stack, .-call_on_skewed_stack
-        .section .note.GNU-stack, "", @progbits
+)");
