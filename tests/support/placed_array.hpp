@@ -37,6 +37,10 @@ class PlacedArray {
         return values;
     }
 
+    bool holds(const std::vector<Complex>& values) const {
+        return std::memcmp(bytes_.data() + begin_, values.data(), length_ * sizeof(Complex)) == 0;
+    }
+
     bool margins_untouched() const {
         const auto is_fill = [this](std::byte b) { return b == fill_; };
         const auto begin = bytes_.begin() + static_cast<std::ptrdiff_t>(begin_);
