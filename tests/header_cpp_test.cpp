@@ -1,0 +1,3 @@
+/** @file @brief The C program of the header once more, as C++. */
+
+#include "header_c_test.c"

@@ -1,0 +1,195 @@
+/** @file @brief The shared object as a file: names, needs, symbols and sections. */
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/kernel_table.hpp"
+#include "support/run_command.hpp"
+
+namespace qsvgen_test {
+namespace {
+
+using Names = std::set<std::string>;
+
+struct Symbol {
+    std::string name;
+    std::string type;
+    std::string binding;
+    std::string section;  ///< its number, UND, ABS or COM
+};
+
+struct Section {
+    std::string name;
+    std::string number;
+    unsigned long size;
+};
+
+std::vector<std::string> readelf(const char* what) {
+    const auto result = run_command({"readelf", "-W", what, QSVGENT7_PATH});
+    EXPECT_EQ(0, result.exit_code) << "readelf " << what;
+    return split_lines(result.output);
+}
+
+// Values of a kind of entry of the dynamic section, as in "(NEEDED) Shared library: [libc.so.6]".
+Names dynamic_values(const std::string& tag) {
+    Names values;
+    for (const auto& line : readelf("-d")) {
+        if (line.find("(" + tag + ")") == std::string::npos) continue;
+        const auto open = line.find('[');
+        values.insert(open == std::string::npos ? ""
+                                                : line.substr(open + 1, line.find(']') - open - 1));
+    }
+    return values;
+}
+
+std::vector<Symbol> symbols(const char* table) {
+    std::vector<Symbol> all;
+    for (const auto& line : readelf(table)) {
+        const auto words = split_words(line);
+        if (words.size() < 8 || words[0].back() != ':' || words[0] == "Num:") continue;
+        all.push_back({words[7].substr(0, words[7].find('@')), words[3], words[4], words[6]});
+    }
+    return all;
+}
+
+std::vector<Section> sections() {
+    std::vector<Section> all;
+    for (auto line : readelf("-S")) {
+        // "  [ 7] .text PROGBITS 00001000 001000 0a0b0c ..."
+        const auto close = line.find(']');
+        const auto open = line.find('[');
+        if (open == std::string::npos || close == std::string::npos) continue;
+        const auto number = split_words(line.substr(open + 1, close - open - 1));
+        const auto words = split_words(line.substr(close + 1));
+        if (number.size() != 1 || words.size() < 5 || words[0][0] != '.') continue;
+        all.push_back({words[0], number[0], std::strtoul(words[4].c_str(), nullptr, 16)});
+    }
+    return all;
+}
+
+unsigned long section_size(const std::string& name) {
+    for (const auto& section : sections()) {
+        if (section.name == name) return section.size;
+    }
+    return 0;
+}
+
+std::string program_header(const std::string& type) {
+    for (const auto& line : readelf("-l")) {
+        const auto words = split_words(line);
+        if (!words.empty() && words[0] == type) return line;
+    }
+    return "";
+}
+
+Names interface() {
+    Names all = {"qsvgenGetLibVersion"};
+    for (const auto& kernel : kernels<Single>()) all.insert(kernel.name);
+    for (const auto& dispatcher : dispatchers<Single>()) all.insert(dispatcher.name);
+    return all;
+}
+
+TEST(LibraryFile, IsNamedByItsVersion) {
+    EXPECT_EQ(Names{"libqsvgent7.so.6.1"}, dynamic_values("SONAME"));
+}
+
+TEST(LibraryFile, NeedsItsPlatformLibraryAndTheTwoOfCAlone) {
+    EXPECT_EQ((Names{"libqsvcore.so.6.1", "libm.so.6", "libc.so.6"}), dynamic_values("NEEDED"));
+}
+
+TEST(LibraryFile, HasALinkForTheLinkerBesideIt) {
+    namespace fs = std::filesystem;
+    const fs::path library = fs::canonical(QSVGENT7_PATH);
+    const fs::path link = library.parent_path() / "libqsvgent7.so";
+    ASSERT_TRUE(fs::exists(link)) << link;
+    EXPECT_EQ(library, fs::canonical(link));
+    EXPECT_TRUE(fs::is_symlink(link)) << link;
+}
+
+TEST(LibraryFile, HasNoRelocationInItsCode) {
+    EXPECT_TRUE(dynamic_values("TEXTREL").empty());
+    for (const auto& line : readelf("-d")) {
+        const bool flags = line.find("(FLAGS)") != std::string::npos;
+        EXPECT_FALSE(flags && line.find("TEXTREL") != std::string::npos) << line;
+    }
+}
+
+TEST(LibraryFile, HasNoExecutableStack) {
+    const auto header = program_header("GNU_STACK");
+    ASSERT_NE("", header);
+    const auto words = split_words(header);
+    EXPECT_EQ("RW", words[6]) << header;
+}
+
+TEST(LibraryFile, IsReadOnlyAfterRelocation) {
+    EXPECT_NE("", program_header("GNU_RELRO"));
+}
+
+// One pointer each belongs to the tool chain's own start-up code, where it is linked in.
+TEST(LibraryFile, RunsNoCodeOfItsOwnWhenLoaded) {
+    constexpr unsigned long kPointer = 4;
+    bool tool_chain_starts = false;
+    for (const auto& symbol : symbols("-s")) {
+        tool_chain_starts = tool_chain_starts || symbol.name == "frame_dummy";
+        EXPECT_FALSE(symbol.name.starts_with("_GLOBAL__")) << symbol.name;
+    }
+    const unsigned long allowed = tool_chain_starts ? kPointer : 0;
+    EXPECT_LE(section_size(".init_array"), allowed);
+    EXPECT_LE(section_size(".fini_array"), allowed);
+    EXPECT_EQ(0u, section_size(".ctors"));
+    EXPECT_EQ(0u, section_size(".dtors"));
+    EXPECT_EQ(0u, section_size(".preinit_array"));
+}
+
+TEST(LibraryFile, HasNoWritableDataOfItsOwn) {
+    const Names tool_chain = {"__dso_handle", "completed.0", "__TMC_END__", "dtor_idx.0"};
+    Names writable;
+    for (const auto& section : sections()) {
+        if (section.name == ".data" || section.name == ".bss") writable.insert(section.number);
+        EXPECT_FALSE(section.name == ".tdata" || section.name == ".tbss") << section.name;
+    }
+    for (const auto& symbol : symbols("-s")) {
+        EXPECT_NE("COM", symbol.section) << symbol.name;
+        if (symbol.type != "OBJECT" || !writable.contains(symbol.section)) continue;
+        EXPECT_TRUE(tool_chain.contains(symbol.name)) << symbol.name;
+    }
+    // Data need not have a symbol; the tool chain's own is a pointer and a counter.
+    EXPECT_LE(section_size(".data"), 8u);
+    EXPECT_LE(section_size(".bss"), 8u);
+}
+
+TEST(LibraryFile, ExportsItsInterfaceAndNothingElse) {
+    Names exported;
+    for (const auto& symbol : symbols("--dyn-syms")) {
+        if (symbol.section == "UND") continue;
+        exported.insert(symbol.name);
+        EXPECT_TRUE(symbol.name.starts_with("qsvg")) << symbol.name;
+        EXPECT_EQ("FUNC", symbol.type) << symbol.name;
+        EXPECT_EQ("GLOBAL", symbol.binding) << symbol.name;
+    }
+    EXPECT_EQ(interface(), exported);
+}
+
+TEST(LibraryFile, KeepsTheTwinsToItself) {
+    Names local;
+    for (const auto& symbol : symbols("-s")) {
+        const bool defined = symbol.section != "UND";
+        if (defined && symbol.binding == "LOCAL") local.insert(symbol.name);
+    }
+    Names exported;
+    for (const auto& symbol : symbols("--dyn-syms")) exported.insert(symbol.name);
+    for (const auto& kernel : kernels<Single>()) {
+        if (kernel.length < Single::kTwinFrom) continue;
+        const auto twin = "owng" + std::string(kernel.name).substr(4) + "_unaligned";
+        EXPECT_TRUE(local.contains(twin)) << twin;
+        EXPECT_FALSE(exported.contains(twin)) << twin;
+    }
+}
+
+}  // namespace
+}  // namespace qsvgen_test

@@ -1,0 +1,88 @@
+/** @file @brief Blocks from the platform library's allocator. */
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "qsvcore.h"
+
+namespace {
+
+bool on_boundary(const void* block) {
+    return reinterpret_cast<std::uintptr_t>(block) % 16 == 0;
+}
+
+TEST(PlatformAllocator, BlocksOfEverySizeStandOnA16ByteBoundary) {
+    for (std::int32_t size = 1; size <= 2048; ++size) {
+        void* block = qsvMalloc(size);
+        ASSERT_NE(nullptr, block) << size;
+        EXPECT_TRUE(on_boundary(block)) << size;
+        qsvFree(block);
+    }
+    for (const std::int32_t size : {4095, 4096, 4097, 65537, 1 << 20, (1 << 24) + 3}) {
+        void* block = qsvMalloc(size);
+        ASSERT_NE(nullptr, block) << size;
+        EXPECT_TRUE(on_boundary(block)) << size;
+        qsvFree(block);
+    }
+}
+
+TEST(PlatformAllocator, BlocksStandOnA16ByteBoundaryWhileOthersAreHeld) {
+    std::vector<void*> held;
+    for (std::int32_t size = 1; size <= 300; ++size) {
+        held.push_back(qsvMalloc(size));
+        ASSERT_NE(nullptr, held.back());
+        EXPECT_TRUE(on_boundary(held.back())) << size;
+    }
+    for (void* block : held) qsvFree(block);
+}
+
+TEST(PlatformAllocator, BlocksAreWritableToTheLastByteAndApart) {
+    std::vector<unsigned char*> blocks;
+    for (int i = 0; i < 64; ++i) {
+        auto* block = static_cast<unsigned char*>(qsvMalloc(i + 1));
+        ASSERT_NE(nullptr, block);
+        std::memset(block, i, static_cast<std::size_t>(i) + 1);
+        blocks.push_back(block);
+    }
+    for (int i = 0; i < 64; ++i) {
+        const auto* block = blocks[static_cast<std::size_t>(i)];
+        EXPECT_TRUE(std::all_of(block, block + i + 1, [i](unsigned char b) { return b == i; }))
+            << "block " << i;
+    }
+    for (auto* block : blocks) qsvFree(block);
+}
+
+TEST(PlatformAllocator, ReleasingNothingIsAllowed) {
+    qsvFree(nullptr);
+}
+
+TEST(PlatformAllocator, ReleasedBlocksAreUsedAgain) {
+    constexpr std::int32_t kLarge = 64 << 20;
+    // Together far more than a 32-bit program can address.
+    for (int i = 0; i < 200; ++i) {
+        void* block = qsvMalloc(kLarge);
+        ASSERT_NE(nullptr, block) << "after " << i << " blocks";
+        qsvFree(block);
+    }
+}
+
+TEST(PlatformAllocator, NegativeSizesGiveNull) {
+    EXPECT_EQ(nullptr, qsvMalloc(-1));
+    EXPECT_EQ(nullptr, qsvMalloc(-16));
+    EXPECT_EQ(nullptr, qsvMalloc(INT32_MIN));
+}
+
+// Two gigabytes fit no free range twice, so at the latest the second request fails.
+TEST(PlatformAllocator, SizesThatCannotBeHadGiveNull) {
+    void* first = qsvMalloc(INT32_MAX);
+    void* second = qsvMalloc(INT32_MAX);
+    EXPECT_TRUE(first == nullptr || second == nullptr);
+    qsvFree(first);
+    qsvFree(second);
+}
+
+}  // namespace

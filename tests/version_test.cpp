@@ -1,0 +1,61 @@
+/** @file @brief What the library tells of itself. */
+
+#include <dlfcn.h>
+#include <elf.h>
+#include <gtest/gtest.h>
+#include <link.h>
+
+#include <cstring>
+#include <string>
+
+#include "qsvgen.h"
+
+namespace {
+
+// The name that the loaded shared object carries in its own dynamic section.
+std::string loaded_soname() {
+    Dl_info info = {};
+    link_map* map = nullptr;
+    // A function's address may be that of a stub in the test program; the record's is not.
+    const void* address = qsvgenGetLibVersion();
+    if (dladdr1(address, &info, reinterpret_cast<void**>(&map), RTLD_DL_LINKMAP) == 0) return "";
+    const char* strings = nullptr;
+    const ElfW(Dyn)* soname = nullptr;
+    for (const ElfW(Dyn)* entry = map->l_ld; entry->d_tag != DT_NULL; ++entry) {
+        if (entry->d_tag == DT_STRTAB) strings = reinterpret_cast<const char*>(entry->d_un.d_ptr);
+        if (entry->d_tag == DT_SONAME) soname = entry;
+    }
+    if (strings == nullptr || soname == nullptr) return "";
+    return strings + soname->d_un.d_val;
+}
+
+TEST(LibraryVersionRecord, IsTheSameAtEachCall) {
+    ASSERT_NE(nullptr, qsvgenGetLibVersion());
+    EXPECT_EQ(qsvgenGetLibVersion(), qsvgenGetLibVersion());
+}
+
+TEST(LibraryVersionRecord, TakesThirtyTwoBytes) {
+    EXPECT_EQ(32u, sizeof(LibraryVersion));
+}
+
+TEST(LibraryVersionRecord, HoldsTheNumbers) {
+    const LibraryVersion* version = qsvgenGetLibVersion();
+    EXPECT_EQ(6, version->majorVersion);
+    EXPECT_EQ(1, version->minorVersion);
+    EXPECT_EQ(137, version->majorBuild);
+    EXPECT_EQ(336, version->build);
+}
+
+TEST(LibraryVersionRecord, HoldsTheTexts) {
+    const LibraryVersion* version = qsvgenGetLibVersion();
+    EXPECT_EQ(0, std::memcmp(version->targetCode, "t7\0\0", 4));
+    EXPECT_STREQ("libqsvgent7.so.6.1", version->name);
+    EXPECT_STREQ("6.1 build 137.56", version->versionText);
+    EXPECT_STREQ("Mar 17 2010", version->buildDate);
+}
+
+TEST(LibraryVersionRecord, NamesTheSharedObjectThatIsLoaded) {
+    EXPECT_EQ(loaded_soname(), qsvgenGetLibVersion()->name);
+}
+
+}  // namespace
