@@ -150,7 +150,7 @@ TEST(Emission, AKernelWithoutConstantVectorsDefinesNone) {
 }
 
 TEST(Emission, EachStatementNamesAFreshValue) {
-    const Graph g = kernelgen_test::random_graph(2, 100);
+    const Graph g = kernelgen_test::random_graph(2, 300);
     const std::string text = statements(g);
     int named = 0;
     for (std::size_t at = 0; (at = text.find("const __m128 v", at)) != std::string::npos; ++at) {
