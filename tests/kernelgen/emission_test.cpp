@@ -1,0 +1,222 @@
+#include "kernelgen/emission.hpp"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <random>
+#include <stdexcept>
+
+#include "tests/kernelgen/support/random_graph.hpp"
+
+namespace {
+
+using kernelgen::Exact;
+using kernelgen::Graph;
+using kernelgen::literal;
+using kernelgen::Ref;
+using kernelgen::Selection;
+using kernelgen::Type;
+
+constexpr Type kVector = Type::Binary32x4;
+
+void expect_reads_back(float value) {
+    const std::string text = literal(value);
+    char* end = nullptr;
+    const float read = std::strtof(text.c_str(), &end);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(read), std::bit_cast<std::uint32_t>(value)) << text;
+    EXPECT_STREQ(end, "f") << text;
+}
+
+void expect_reads_back(double value) {
+    const std::string text = literal(value);
+    char* end = nullptr;
+    const double read = std::strtod(text.c_str(), &end);
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(read), std::bit_cast<std::uint64_t>(value)) << text;
+    EXPECT_STREQ(end, "") << text;
+}
+
+template <class Float>
+void expect_special_values_read_back() {
+    using Limits = std::numeric_limits<Float>;
+    for (Float value :
+         {Float(0), -Float(0), Float(1), Float(-1), Limits::min(), Limits::denorm_min(),
+          Limits::max(), Limits::lowest(), Float(1) + Limits::epsilon()})
+        expect_reads_back(value);
+}
+
+TEST(Emission, LiteralsOfBinary32ReadBackExactly) {
+    expect_special_values_read_back<float>();
+    std::mt19937 random(1);
+    for (int i = 0; i < 10000; ++i) {
+        const auto value = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+        if (std::isfinite(value)) expect_reads_back(value);
+    }
+}
+
+TEST(Emission, LiteralsOfBinary64ReadBackExactly) {
+    expect_special_values_read_back<double>();
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 10000; ++i) {
+        const auto value = std::bit_cast<double>(static_cast<std::uint64_t>(random()));
+        if (std::isfinite(value)) expect_reads_back(value);
+    }
+}
+
+std::string statements(const Graph& g) {
+    return kernelgen::emit(g, kernelgen::source_order(g)).statements;
+}
+
+TEST(Emission, ASumOfVectorsIsWrittenStatementByStatement) {
+    Graph g;
+    const Ref x = g.load(kVector, 0);
+    const Ref y = g.load(kVector, 4);
+    g.store(g.add(x, y), 8);
+    EXPECT_EQ(statements(g),
+              "    const __m128 v0 = Memory::load(x + 0);\n"
+              "    const __m128 v1 = Memory::load(x + 4);\n"
+              "    const __m128 v2 = _mm_add_ps(v0, v1);\n"
+              "    Memory::store(y + 8, v2);\n");
+}
+
+TEST(Emission, VectorsOffA16ByteBoundaryAreMovedUnaligned) {
+    Graph g;
+    g.store(g.load(kVector, 2), 6);
+    EXPECT_EQ(statements(g),
+              "    const __m128 v0 = Unaligned::load(x + 2);\n"
+              "    Unaligned::store(y + 6, v0);\n");
+}
+
+TEST(Emission, HalvesAndScalarsHaveMovesOfTheirOwn) {
+    Graph g;
+    const Ref x = g.load_high(g.load_low(kVector, 6), 2);
+    const Ref sum = g.sub(x, g.load_scalar(kVector, 9));
+    g.store_low(sum, 4);
+    g.store_high(sum, 0);
+    EXPECT_EQ(statements(g),
+              "    const __m128 v0 = load_low(x + 6);\n"
+              "    const __m128 v1 = load_high(v0, x + 2);\n"
+              "    const __m128 v2 = _mm_load_ss(x + 9);\n"
+              "    const __m128 v3 = _mm_sub_ps(v1, v2);\n"
+              "    store_low(y + 4, v3);\n"
+              "    store_high(y + 0, v3);\n");
+}
+
+TEST(Emission, ScalarsAreWrittenAsPlainArithmetic) {
+    Graph g;
+    const Ref x = g.load(Type::Binary32, 1);
+    const Ref wide = g.mul(g.widen(x), {Exact::rational(1, 2)});
+    g.store(g.mul(g.sub(x, g.round(wide)), g.scale(Type::Binary32)), 3);
+    EXPECT_EQ(statements(g),
+              "    const float v0 = x[1];\n"
+              "    const double v1 = static_cast<double>(v0);\n"
+              "    const double v2 = v1 * 0x1p-1;\n"
+              "    const float v3 = static_cast<float>(v2);\n"
+              "    const float v4 = v0 - v3;\n"
+              "    const float v5 = v4 * scale;\n"
+              "    y[3] = v5;\n");
+}
+
+TEST(Emission, ConstantVectorsAreDefinedOnceWithAllTheirLanes) {
+    Graph g;
+    const Ref x = g.load(kVector, 0);
+    const Exact half = Exact::rational(1, 2);
+    const kernelgen::Lanes lanes = {half, -half, Exact::rational(3), Exact::rational(0)};
+    g.store(g.mul(x, lanes), 0);
+    g.store(g.mul(g.flip(x, {0, 1, 0, 1}), lanes), 4);
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g));
+    EXPECT_EQ(body.constants,
+              "alignas(16) constexpr float kConstants[][4] = {\n"
+              "    {0x1p-1f, -0x1p-1f, 0x1.8p+1f, 0x0p+0f},\n"
+              "    {0x0p+0f, -0x0p+0f, 0x0p+0f, -0x0p+0f},\n"
+              "};\n");
+    EXPECT_EQ(body.statements,
+              "    const __m128 v0 = Memory::load(x + 0);\n"
+              "    const __m128 v1 = _mm_mul_ps(v0, _mm_load_ps(kConstants[0]));\n"
+              "    Memory::store(y + 0, v1);\n"
+              "    const __m128 v2 = _mm_xor_ps(v0, _mm_load_ps(kConstants[1]));\n"
+              "    const __m128 v3 = _mm_mul_ps(v2, _mm_load_ps(kConstants[0]));\n"
+              "    Memory::store(y + 4, v3);\n");
+}
+
+TEST(Emission, AKernelWithoutConstantVectorsDefinesNone) {
+    Graph g;
+    g.store(g.load(kVector, 0), 0);
+    EXPECT_EQ(kernelgen::emit(g, kernelgen::source_order(g)).constants, "");
+}
+
+TEST(Emission, EachStatementNamesAFreshValue) {
+    const Graph g = kernelgen_test::random_graph(2, 300);
+    const std::string text = statements(g);
+    int named = 0;
+    for (std::size_t at = 0; (at = text.find("const __m128 v", at)) != std::string::npos; ++at) {
+        EXPECT_EQ(std::atoi(text.c_str() + at + 14), named) << text.substr(at, 40);
+        ++named;
+    }
+    EXPECT_GT(named, 50);
+}
+
+/** Lanes that an instruction on v0 (lanes 0 to 3) and v1 (lanes 4 to 7) gives, by its manual. */
+Selection lanes_of_instruction(const std::string& text) {
+    int z = 0, y = 0, x = 0, w = 0;
+    if (text == "_mm_move_ss(v0, v1)") return {4, 1, 2, 3};
+    if (text == "move_low(v0, v1)") return {4, 5, 2, 3};
+    if (text == "_mm_unpacklo_ps(v0, v1)") return {0, 4, 1, 5};
+    if (text == "_mm_unpackhi_ps(v0, v1)") return {2, 6, 3, 7};
+    if (text == "_mm_movelh_ps(v0, v1)") return {0, 1, 4, 5};
+    if (text == "_mm_movehl_ps(v1, v0)") return {2, 3, 6, 7};
+    if (std::sscanf(text.c_str(), "_mm_shuffle_ps(v0, v1, _MM_SHUFFLE(%d, %d, %d, %d))", &z, &y, &x,
+                    &w) == 4) {
+        return {static_cast<std::uint8_t>(w), static_cast<std::uint8_t>(x),
+                static_cast<std::uint8_t>(4 + y), static_cast<std::uint8_t>(4 + z)};
+    }
+    return {255, 255, 255, 255};
+}
+
+std::string shuffle_instruction(const Selection& selection) {
+    Graph g;
+    const Ref x = g.load(kVector, 0);
+    const Ref y = g.load(kVector, 4);
+    const Ref sum = g.add(x, y);
+    g.store(g.add(sum, g.shuffle(x, y, selection)), 0);
+    const std::string text = statements(g);
+    const std::string start = "const __m128 v3 = ";
+    const std::size_t at = text.find(start) + start.size();
+    return text.substr(at, text.find(';', at) - at);
+}
+
+template <class Check>
+void for_all_selections(const Check& check) {
+    for (int code = 0; code < 4096; ++code) {
+        const Selection s = {
+            static_cast<std::uint8_t>(code & 7), static_cast<std::uint8_t>(code >> 3 & 7),
+            static_cast<std::uint8_t>(code >> 6 & 7), static_cast<std::uint8_t>(code >> 9)};
+        if (s != Selection{0, 1, 2, 3}) check(s);
+    }
+}
+
+bool is_one_instruction(const Selection& s) {
+    return (s[0] < 4 && s[1] < 4 && s[2] >= 4 && s[3] >= 4) || s == Selection{4, 1, 2, 3} ||
+           s == Selection{4, 5, 2, 3} || s == Selection{0, 4, 1, 5} || s == Selection{2, 6, 3, 7};
+}
+
+TEST(Emission, EachShuffleInstructionPicksTheLanesOfItsSelection) {
+    for_all_selections([](const Selection& s) {
+        if (!is_one_instruction(s)) return;
+        const std::string text = shuffle_instruction(s);
+        EXPECT_EQ(lanes_of_instruction(text), s) << testing::PrintToString(s) << " became " << text;
+    });
+}
+
+TEST(Emission, ASelectionThatNoInstructionMakesIsRefused) {
+    for_all_selections([](const Selection& s) {
+        if (is_one_instruction(s)) return;
+        EXPECT_THROW(shuffle_instruction(s), std::logic_error) << testing::PrintToString(s);
+    });
+}
+
+}  // namespace
