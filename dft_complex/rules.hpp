@@ -18,7 +18,8 @@ struct Rule {
     std::vector<Rule> parts;
 };
 
-/** A transform small enough to be one step: 2, 3, 4, 5, 7, 8, 11 or 13 points. */
+/** A transform run as one step, each in its lane: 2, 3, 4, 5, 7, 8 or 11 points, or a prime from 13
+ * to 31 by Rader's form. */
 Rule small(int length);
 /** Prime-factor decomposition of coprime parts; the first stands nearest to the input. */
 Rule P(const Rule& a, const Rule& b);

@@ -1,7 +1,5 @@
 #include "dft_complex/small_transforms.hpp"
 
-#include <stdexcept>
-
 #include "dft_complex/network.hpp"
 
 namespace dft_complex {
@@ -15,6 +13,18 @@ Points four(ComplexAlgebra& m, const Points& x) {
     const ComplexVector c = m.add(x[1], x[3]);
     const ComplexVector d = m.turned(m.sub(x[1], x[3]));
     return {m.add(a, c), m.add(b, d), m.sub(a, c), m.sub(b, d)};
+}
+
+// Pairs first, then pairs of pairs: half the rounding error of a running sum, and less to wait for.
+ComplexVector balanced_sum(ComplexAlgebra& m, Points terms) {
+    while (terms.size() > 1) {
+        Points sums;
+        for (std::size_t i = 0; i + 1 < terms.size(); i += 2)
+            sums.push_back(m.add(terms[i], terms[i + 1]));
+        if (terms.size() % 2 != 0) sums.push_back(terms.back());
+        terms = sums;
+    }
+    return terms.front();
 }
 
 // Even outputs: DFT of x[n] + x[n+4]. Odd outputs: DFT of (x[n] - x[n+4]) w^n, w = exp(-pi i / 4),
@@ -47,21 +57,23 @@ Points direct_form(ComplexAlgebra& m, const Points& x) {
     const auto at = [](int i) { return static_cast<std::size_t>(i); };
     Points a(at(h + 1));
     Points b(at(h + 1));
-    ComplexVector total = x[0];
+    Points total{x[0]};
     for (int j = 1; j <= h; ++j) {
         a[at(j)] = m.add(x[at(j)], x[at(p - j)]);
         b[at(j)] = m.sub(x[at(j)], x[at(p - j)]);
-        total = m.add(total, a[at(j)]);
+        total.push_back(a[at(j)]);
     }
     Points y(at(p));
-    y[0] = total;
+    y[0] = balanced_sum(m, total);
     for (int k = 1; k <= h; ++k) {
-        ComplexVector even = x[0];
-        ComplexVector odd;  // -i O[k]
+        Points even_terms{x[0]};
+        Points odd_terms;  // of -i O[k]
         for (int j = 1; j <= h; ++j) {
-            even = m.add(even, m.scaled(a[at(j)], Exact::cosine(j * k, p)));
-            odd = m.add(odd, m.turned_scaled(b[at(j)], Exact::sine(j * k, p)));
+            even_terms.push_back(m.scaled(a[at(j)], Exact::cosine(j * k, p)));
+            odd_terms.push_back(m.turned_scaled(b[at(j)], Exact::sine(j * k, p)));
         }
+        const ComplexVector even = balanced_sum(m, even_terms);
+        const ComplexVector odd = balanced_sum(m, odd_terms);
         y[at(k)] = m.add(even, odd);
         y[at(p - k)] = m.sub(even, odd);
     }
@@ -83,10 +95,8 @@ Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x) {
         case 7:
         case 11:
             return direct_form(algebra, x);
-        case 13:
-            return rader_pairs(algebra, x);
         default:
-            throw std::logic_error("no small transform of " + std::to_string(radix) + " points");
+            return rader_in_lanes(algebra, x);
     }
 }
 

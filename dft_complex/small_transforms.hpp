@@ -6,16 +6,15 @@
  *
  * Forward direction, natural order, over complex vectors. Real operations for a split group:
  * 2: 4 + 0 (sums + products), 3: 12 + 4, 4: 16 + 0, 5: 32 + 16, 7: 60 + 36, 8: 52 + 4,
- * 11: 140 + 100, 13: see rader_pairs.cpp.
+ * 11: 140 + 100.
  */
 
 #include <vector>
 
 #include "dft_complex/complex_algebra.hpp"
+#include "dft_complex/real_dft.hpp"
 
 namespace dft_complex {
-
-using Points = std::vector<ComplexVector>;
 
 /** DFT of `radix` points, or for SmallTransform::kSum the sum of two. */
 Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x);
@@ -23,7 +22,8 @@ Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x);
 /** Odd prime p by its pairs: h = (p - 1) / 2 cosines and sines of 2 pi j / p. */
 Points direct_form(ComplexAlgebra& algebra, const Points& x);
 
-/** 13 points: Rader's convolution on the pairs x[n] +- x[p - n], products real throughout. */
-Points rader_pairs(ComplexAlgebra& algebra, const Points& x);
+/** Primes 13 to 31: Rader's convolution by a real DFT of the permuted points and its transpose, so
+ * that each transform stays in its lane and every constant is real. */
+Points rader_in_lanes(ComplexAlgebra& algebra, const Points& x);
 
 }  // namespace dft_complex

@@ -14,6 +14,10 @@ bool is_load(Op op) {
     return op == Op::Load || op == Op::LoadLow || op == Op::LoadHigh || op == Op::LoadScalar;
 }
 
+bool is_store(Op op) {
+    return op == Op::Store || op == Op::StoreLow || op == Op::StoreHigh;
+}
+
 /** Nodes that need no place of their own: constants stand where they are used. */
 bool is_placeless(Op op) { return op == Op::Constant || op == Op::Scale || op == Op::Zero; }
 
@@ -140,15 +144,37 @@ class Bisection {
     Order order_;
 };
 
-// Puts each load just before the first node that uses it.
+/** Real elements that a load or store touches: [first, past). */
+std::pair<int, int> touched(const Node& node) {
+    const int whole = lane_count(node.type);
+    const bool half = node.op == Op::LoadLow || node.op == Op::LoadHigh ||
+                      node.op == Op::StoreLow || node.op == Op::StoreHigh;
+    const int count = node.op == Op::LoadScalar ? 1 : half ? whole / 2 : whole;
+    return {node.offset, node.offset + count};
+}
+
+// Puts each load just before the first node that uses it, but before any store to its elements:
+// source and destination may be one array.
 Order with_lazy_loads(const Graph& graph, const Order& order) {
     Order result;
     std::vector<bool> placed(graph.size(), false);
+    std::vector<NodeId> loads;
+    for (NodeId id : graph.live()) {
+        if (is_load(graph.node(id).op)) loads.push_back(id);
+    }
     const auto place = [&](auto&& self, NodeId id) -> void {
-        if (is_placeless(graph.node(id).op) || placed[static_cast<std::size_t>(id)]) return;
+        const Node& node = graph.node(id);
+        if (is_placeless(node.op) || placed[static_cast<std::size_t>(id)]) return;
         placed[static_cast<std::size_t>(id)] = true;
-        for (NodeId operand : operands(graph.node(id))) {
+        for (NodeId operand : operands(node)) {
             if (is_load(graph.node(operand).op)) self(self, operand);
+        }
+        if (is_store(node.op)) {
+            const auto [first, past] = touched(node);
+            for (NodeId load : loads) {
+                const auto [load_first, load_past] = touched(graph.node(load));
+                if (load_first < past && first < load_past) self(self, load);
+            }
         }
         result.push_back(id);
     };
@@ -171,13 +197,14 @@ Order depth_first_order(const Graph& graph) {
     Order order;
     std::vector<bool> placed(graph.size(), false);
     const auto place = [&](auto&& self, NodeId id) -> void {
-        if (is_placeless(graph.node(id).op) || placed[static_cast<std::size_t>(id)]) return;
+        const Op op = graph.node(id).op;
+        if (is_load(op) || is_placeless(op) || placed[static_cast<std::size_t>(id)]) return;
         placed[static_cast<std::size_t>(id)] = true;
         for (NodeId operand : operands(graph.node(id))) self(self, operand);
         order.push_back(id);
     };
     for (NodeId store : graph.stores()) place(place, store);
-    return order;
+    return with_lazy_loads(graph, order);
 }
 
 Order source_order(const Graph& graph) {

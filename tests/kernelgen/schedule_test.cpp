@@ -162,7 +162,7 @@ TEST(Schedule, TheDepthFirstOrderFinishesOneStoreBeforeTheNext) {
 
 /** What the register model predicts for the best order on the eight registers of the target. */
 int stack_accesses(const Graph& g) {
-    return kernelgen::schedule(g, kernelgen::kX86Sse2).spills;
+    return kernelgen::schedule(g, kernelgen::kX86Sse2).traffic.stack_accesses;
 }
 
 /** Sums of loads, all of which are needed again once their total is known. */
@@ -211,8 +211,8 @@ TEST(Schedule, MoreRegistersNeedLessStack) {
     const Graph g = values_alive_at_once(12);
     kernelgen::Target wide = kernelgen::kX86Sse2;
     wide.vector_registers = 16;
-    EXPECT_GT(kernelgen::schedule(g, kernelgen::kX86Sse2).spills, 0);
-    EXPECT_EQ(kernelgen::schedule(g, wide).spills, 0);
+    EXPECT_GT(kernelgen::schedule(g, kernelgen::kX86Sse2).traffic.stack_accesses, 0);
+    EXPECT_EQ(kernelgen::schedule(g, wide).traffic.stack_accesses, 0);
 }
 
 }  // namespace

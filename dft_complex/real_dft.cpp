@@ -1,0 +1,157 @@
+#include "dft_complex/real_dft.hpp"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "dft_complex/decompositions.hpp"
+#include "dft_complex/signals.hpp"
+#include "dft_complex/small_transforms.hpp"
+
+namespace dft_complex {
+namespace {
+
+using kernelgen::Node;
+using kernelgen::NodeId;
+using kernelgen::Op;
+
+constexpr Type kScalar = Type::Binary64;
+
+// All outputs of the rule's network over scalars; the imaginary parts of the inputs are absent.
+Points dft_of_reals(Graph& graph, const Rule& rule) {
+    Network network;
+    const Signal outputs = dft(network, rule, network.input(rule.length));
+    const auto algebra = make_algebra(graph, kScalar, Layout::Split, false);
+    std::map<Source, ComplexVector> values;
+    for (int j = 0; j < rule.length; ++j)
+        values[{Source::kInput, j}] = {graph.load(kScalar, j), {}};
+    const auto evaluate = [&](const Value& value) {
+        return algebra->times(values.at(value.source), {value.factor});
+    };
+    for (int t = 0; t < static_cast<int>(network.transforms().size()); ++t) {
+        const SmallTransform& transform = network.transforms()[at(t)];
+        Points x;
+        for (const Value& value : transform.inputs) x.push_back(evaluate(value));
+        const Points y = small_transform(*algebra, transform.radix, x);
+        for (int k = 0; k < static_cast<int>(y.size()); ++k) values[{t, k}] = y[at(k)];
+    }
+    Points y;
+    for (const Value& value : outputs) y.push_back(evaluate(value));
+    return y;
+}
+
+void collect(const Graph& graph, Ref value, std::set<NodeId>& nodes) {
+    if (value.is_zero() || !nodes.insert(value.id).second) return;
+    for (NodeId operand : operands(graph.node(value.id))) collect(graph, {operand}, nodes);
+}
+
+void collect(const Graph& graph, const ComplexVector& value, std::set<NodeId>& nodes) {
+    collect(graph, value.re, nodes);
+    collect(graph, value.im, nodes);
+}
+
+const Exact& constant_of(const Graph& graph, const Node& product) {
+    const Node& b = graph.node(product.b);
+    const Node& constant = b.op == Op::Constant ? b : graph.node(product.a);
+    return graph.constants()[at(constant.constant)].front();
+}
+
+NodeId factor_of(const Graph& graph, const Node& product) {
+    return graph.node(product.b).op == Op::Constant ? product.a : product.b;
+}
+
+ComplexVector signed_by(const ComplexVector& x, bool negative) {
+    return negative ? ComplexVector{-x.re, -x.im} : x;
+}
+
+}  // namespace
+
+// Outputs k and L - k are conjugate; of the two, the one that needs fewer further nodes is kept.
+RealDft::RealDft(const Rule& rule) : length_(rule.length) {
+    const Points y = dft_of_reals(graph_, rule);
+    std::set<NodeId> nodes;
+    for (int k = 0; k <= length_ / 2; ++k) {
+        const int mirror = (length_ - k) % length_;
+        std::set<NodeId> by_k = nodes;
+        std::set<NodeId> by_mirror = nodes;
+        collect(graph_, y[at(k)], by_k);
+        collect(graph_, y[at(mirror)], by_mirror);
+        const bool direct = by_k.size() <= by_mirror.size();
+        nodes = direct ? by_k : by_mirror;
+        const ComplexVector& kept = y[at(direct ? k : mirror)];
+        even_.push_back(kept.re);
+        odd_.push_back(direct ? -kept.im : kept.im);
+    }
+    needed_.assign(nodes.begin(), nodes.end());
+}
+
+RealDft::HalfSpectrum RealDft::forward(ComplexAlgebra& algebra, const Points& u) const {
+    std::map<NodeId, ComplexVector> values;
+    for (NodeId id : needed_) {
+        const Node& n = graph_.node(id);
+        switch (n.op) {
+            case Op::Load:
+                values[id] = u[at(n.offset)];
+                break;
+            case Op::Add:
+                values[id] = algebra.add(values.at(n.a), values.at(n.b));
+                break;
+            case Op::Sub:
+                values[id] = algebra.sub(values.at(n.a), values.at(n.b));
+                break;
+            case Op::Mul:
+                values[id] =
+                    algebra.scaled(values.at(factor_of(graph_, n)), constant_of(graph_, n));
+                break;
+            default:
+                break;
+        }
+    }
+    const auto value = [&](Ref ref) {
+        return ref.is_zero() ? ComplexVector{} : signed_by(values.at(ref.id), ref.negative);
+    };
+    HalfSpectrum spectrum;
+    for (Ref ref : even_) spectrum.even.push_back(value(ref));
+    for (Ref ref : odd_) spectrum.odd.push_back(value(ref));
+    return spectrum;
+}
+
+Points RealDft::transposed(ComplexAlgebra& algebra, const HalfSpectrum& spectrum) const {
+    std::map<NodeId, ComplexVector> sums;
+    const auto contribute = [&](Ref to, const ComplexVector& value) {
+        if (to.is_zero()) return;
+        ComplexVector& sum = sums[to.id];
+        sum = algebra.add(sum, signed_by(value, to.negative));
+    };
+    for (std::size_t k = 0; k < even_.size(); ++k) {
+        contribute(even_[k], spectrum.even[k]);
+        contribute(odd_[k], spectrum.odd[k]);
+    }
+    Points r(at(length_));
+    for (auto id = needed_.rbegin(); id != needed_.rend(); ++id) {
+        const Node& n = graph_.node(*id);
+        const ComplexVector value = sums[*id];
+        switch (n.op) {
+            case Op::Load:
+                r[at(n.offset)] = value;
+                break;
+            case Op::Add:
+                contribute({n.a}, value);
+                contribute({n.b}, value);
+                break;
+            case Op::Sub:
+                contribute({n.a}, value);
+                contribute({n.b, true}, value);
+                break;
+            case Op::Mul:
+                contribute({factor_of(graph_, n)},
+                           algebra.scaled(value, constant_of(graph_, n)));
+                break;
+            default:
+                break;
+        }
+    }
+    return r;
+}
+
+}  // namespace dft_complex
