@@ -36,8 +36,11 @@ const Function* find(const std::string& name) {
     return found == library().end() || found->second.code.empty() ? nullptr : &found->second;
 }
 
+// Comparisons that set the processor's flags belong to a condition, not to the transform.
 bool is_arithmetic(const Instruction& instruction) {
-    return is_packed_arithmetic(instruction.mnemonic) || is_scalar_arithmetic(instruction.mnemonic);
+    const auto& mnemonic = instruction.mnemonic;
+    if (mnemonic.starts_with("comi") || mnemonic.starts_with("ucomi")) return false;
+    return is_packed_arithmetic(mnemonic) || is_scalar_arithmetic(mnemonic);
 }
 
 template <class E>
