@@ -97,10 +97,7 @@ class PackedLayout {
         for (std::size_t i = 0; i < arrangement.groups.size(); ++i) {
             const LaneGroup& group = arrangement.groups[i];
             const auto algebra = make_algebra(graph_, kVector, group.layout, backward_);
-            Points x;
-            for (const SlotVector& vector : wanted[i])
-                x.push_back(gather(regroup, sources, *algebra, vector));
-            const Points y = small_transform(*algebra, radix, x);
+            const Points y = transformed(regroup, sources, *algebra, radix, wanted[i]);
             for (std::size_t lane = 0; lane < group.transforms.size(); ++lane) {
                 for (std::size_t k = 0; k < y.size(); ++k) {
                     homes_[{group.transforms[lane], static_cast<int>(k)}] = {
@@ -108,6 +105,35 @@ class PackedLayout {
                 }
             }
         }
+    }
+
+    Points transformed(LaneRegroup& regroup, const Homes& sources, ComplexAlgebra& algebra,
+                       int radix, std::vector<SlotVector> points) {
+        const std::vector<ExactComplex> factors = factors_of(points[points.size() == 3 ? 1 : 0]);
+        const bool fold = radix == 3 && conjugate(factors, factors_of(points[2]));
+        if (fold) {
+            for (std::size_t slot : {1, 2}) {
+                for (Value& value : points[slot].values) value.factor = {};
+            }
+        }
+        Points x;
+        for (const SlotVector& vector : points)
+            x.push_back(gather(regroup, sources, algebra, vector));
+        return fold ? three_with_conjugate_factors(algebra, x, factors)
+                    : small_transform(algebra, radix, x);
+    }
+
+    // Factors that are not all 1, and the others their conjugates.
+    static bool conjugate(const std::vector<ExactComplex>& factors,
+                          const std::vector<ExactComplex>& others) {
+        bool plain = true;
+        for (std::size_t i = 0; i < factors.size(); ++i) {
+            if (factors[i].re.key() != others[i].re.key() ||
+                factors[i].im.key() != (-others[i].im).key())
+                return false;
+            plain = plain && factors[i].is_one();
+        }
+        return !plain;
     }
 
     const SmallTransform& transform(int index) const {
@@ -285,13 +311,17 @@ class PackedLayout {
     ComplexVector gather(LaneRegroup& regroup, const Homes& sources, ComplexAlgebra& algebra,
                          const SlotVector& vector) {
         ComplexVector x = gather_picked(regroup, sources, vector, main_source);
-        // Lanes without a transform take the first one's factor, which keeps uniform factors cheap.
+        x = algebra.times(x, factors_of(vector));
+        return algebra.add(x, gather_picked(regroup, sources, vector, addend));
+    }
+
+    // Lanes without a transform take the first one's factor, which keeps uniform factors cheap.
+    static std::vector<ExactComplex> factors_of(const SlotVector& vector) {
         std::vector<ExactComplex> factors(lanes_of(vector.layout), leading_factor(vector));
         for (std::size_t i = 0; i < vector.values.size(); ++i) {
             if (!vector.values[i].absent) factors[i] = vector.values[i].factor;
         }
-        x = algebra.times(x, factors);
-        return algebra.add(x, gather_picked(regroup, sources, vector, addend));
+        return factors;
     }
 
     static ExactComplex leading_factor(const SlotVector& vector) {

@@ -80,6 +80,26 @@ Points direct_form(ComplexAlgebra& m, const Points& x) {
     return y;
 }
 
+// f a + conj(f) b = c s + i d t and f a - conj(f) b = c t + i d s, f = c + i d, s = a + b, t = a - b.
+Points three_with_conjugate_factors(ComplexAlgebra& m, const Points& x,
+                                    const std::vector<ExactComplex>& factors) {
+    const Exact zero = Exact::rational(0);
+    const Exact sine = Exact::sine(1, 3);
+    std::vector<ExactComplex> c, id, sine_d, turned_sine_c;
+    for (const ExactComplex& f : factors) {
+        c.push_back({f.re, zero});
+        id.push_back({zero, f.im});
+        sine_d.push_back({Exact::product({sine, f.im}), zero});
+        turned_sine_c.push_back({zero, -Exact::product({sine, f.re})});
+    }
+    const ComplexVector s = m.add(x[1], x[2]);
+    const ComplexVector t = m.sub(x[1], x[2]);
+    const ComplexVector u = m.add(m.times(s, c), m.times(t, id));
+    const ComplexVector even = m.sub(x[0], m.scaled(u, Exact::rational(1, 2)));
+    const ComplexVector odd = m.add(m.times(s, sine_d), m.times(t, turned_sine_c));
+    return {m.add(x[0], u), m.add(even, odd), m.sub(even, odd)};
+}
+
 Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x) {
     switch (radix) {
         case SmallTransform::kSum:

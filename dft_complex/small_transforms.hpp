@@ -19,6 +19,12 @@ namespace dft_complex {
 /** DFT of `radix` points, or for SmallTransform::kSum the sum of two. */
 Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x);
 
+/** DFT of x[0], f x[1] and conj(f) x[2], f a factor for each transform: with the factors taken into
+ * the sum and the difference of the pair, sin(2 pi / 3) is folded into them. 16 + 10 where the
+ * factors apart take 16 + 12. */
+Points three_with_conjugate_factors(ComplexAlgebra& algebra, const Points& x,
+                                    const std::vector<ExactComplex>& factors);
+
 /** Odd prime p by its pairs: h = (p - 1) / 2 cosines and sines of 2 pi j / p. */
 Points direct_form(ComplexAlgebra& algebra, const Points& x);
 
