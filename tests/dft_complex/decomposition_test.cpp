@@ -195,14 +195,33 @@ std::vector<ExactComplex> chirp_spectrum(const Rule& rule) {
     return spectrum;
 }
 
-// The chirp is even, so its spectrum of length M is and has M/2 + 1 values of two parts.
-TEST(Decomposition, AChirpSpectrumHoldsTwoPartsForEachOfItsHalf) {
+// The chirp is even, so its spectrum of length M is, and has M/2 + 1 values of two parts. Of these
+// M + 2 parts the first value's imaginary one is zero, and its real one comes again with the other
+// sign halfway where p is 3 modulo 4, as both primes with a chirp are.
+TEST(Decomposition, AChirpSpectrumHoldsAsManyMagnitudesAsItIsLong) {
     for (int p : {47, 59}) {
         const Rule& rule = single_precision_table()[static_cast<std::size_t>(p - 2)].rule;
         const auto M = static_cast<std::size_t>(rule.parts[0].length);
         const auto spectrum = chirp_spectrum(rule);
         EXPECT_EQ(spectrum.size(), M) << "prime " << p;
-        EXPECT_EQ(magnitudes(spectrum).size(), M + 2) << "prime " << p;
+        EXPECT_EQ(magnitudes(spectrum).size(), M) << "prime " << p;
+    }
+}
+
+TEST(Decomposition, AChirpSpectrumHoldsOneOverItsLengthAndAGaussSum) {
+    for (int p : {47, 59}) {
+        const Rule& rule = single_precision_table()[static_cast<std::size_t>(p - 2)].rule;
+        const int M = rule.parts[0].length;
+        const std::string share = Exact::rational(1, M).key();
+        bool first = false;
+        bool halfway = false;
+        for (const ExactComplex& H : chirp_spectrum(rule)) {
+            first = first || (H.re.key() == share && H.im.is_zero());
+            halfway = halfway || ((-H.re).key() == share && std::abs(std::abs(H.im.to_binary64()) -
+                                                                     2 * std::sqrt(p) / M) < 1e-15);
+        }
+        EXPECT_TRUE(first) << "prime " << p;
+        EXPECT_TRUE(halfway) << "prime " << p;
     }
 }
 

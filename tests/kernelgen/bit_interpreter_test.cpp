@@ -90,6 +90,12 @@ TEST(BitInterpreter, ConstantsAreRoundedToTheTypeOfTheirNode) {
     EXPECT_NE(got[0], got[1]);
 }
 
+TEST(BitInterpreter, AConstantIsRoundedToItsTypeBeforeAnyUse) {
+    Graph g;
+    g.store(g.constant(Type::Binary32, {Exact::rational(1, 3)}), 0);
+    expect_bits(interpret(g, {}, 1, 1), {static_cast<double>(1.0F / 3.0F)});
+}
+
 TEST(BitInterpreter, WideProductsAreRoundedOnlyWhereTheGraphRounds) {
     Graph g;
     const Ref x = g.widen(g.load(Type::Binary32, 0));

@@ -81,6 +81,16 @@ TEST(LaneRegroup, AFourByFourTransposeTakesEightShuffles) {
     EXPECT_EQ(r.shuffles(), 8);
 }
 
+// Two lanes that are no neighbours: only what was announced tells that they belong together.
+TEST(LaneRegroup, TwoDistantColumnsOfFourVectorsTakeFourShuffles) {
+    Regrouping r(4);
+    for (int lane : {0, 2})
+        r.want({r.lane(0, lane), r.lane(1, lane), r.lane(2, lane), r.lane(3, lane)});
+    r.run();
+    EXPECT_EQ(r.wrong_lanes(), "");
+    EXPECT_EQ(r.shuffles(), 4);
+}
+
 TEST(LaneRegroup, AVectorThatStandsReadyIsTaken) {
     Regrouping r(2);
     r.want({r.lane(1, 0), r.lane(1, 1), r.lane(1, 2), r.lane(1, 3)});

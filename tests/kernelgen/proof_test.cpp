@@ -88,6 +88,14 @@ TEST(Proof, AMissingStoreIsCaught) {
     expect_caught(Damage::MissingStore);
 }
 
+TEST(Proof, AMissingStoreOfAnOutputThatShouldBeZeroIsCaught) {
+    Graph g;
+    g.store(g.load(Type::Binary32, 0), 0);
+    const auto first_only = [](int row, int) -> Wide { return row == 0 ? 1 : 0; };
+    EXPECT_NO_THROW(kernelgen::prove("whole", g, 1, 1, first_only));
+    EXPECT_THROW(kernelgen::prove("incomplete", g, 1, 2, first_only), std::runtime_error);
+}
+
 TEST(Proof, AConstantThatIsWrongInItsTwentySeventhDigitIsCaught) {
     expect_caught(Damage::Constant);
 }
