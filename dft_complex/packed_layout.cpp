@@ -109,7 +109,7 @@ class PackedLayout {
 
     Points transformed(LaneRegroup& regroup, const Homes& sources, ComplexAlgebra& algebra,
                        int radix, std::vector<SlotVector> points) {
-        const std::vector<ExactComplex> factors = factors_of(points[points.size() == 3 ? 1 : 0]);
+        const std::vector<ExactComplex> factors = factors_of(points[1]);
         const bool fold = radix == 3 && conjugate(factors, factors_of(points[2]));
         if (fold) {
             for (std::size_t slot : {1, 2}) {

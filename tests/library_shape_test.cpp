@@ -98,8 +98,13 @@ TEST(LibraryFile, IsNamedByItsVersion) {
     EXPECT_EQ(Names{"libqsvgent7.so.6.1"}, dynamic_values("SONAME"));
 }
 
-TEST(LibraryFile, NeedsItsPlatformLibraryAndTheTwoOfCAlone) {
-    EXPECT_EQ((Names{"libqsvcore.so.6.1", "libm.so.6", "libc.so.6"}), dynamic_values("NEEDED"));
+TEST(LibraryFile, NeedsItsPlatformLibraryAndAtMostTheTwoOfC) {
+    const Names needed = dynamic_values("NEEDED");
+    EXPECT_TRUE(needed.contains("libqsvcore.so.6.1"));
+    for (const std::string& name : needed) {
+        EXPECT_TRUE(name == "libqsvcore.so.6.1" || name == "libm.so.6" || name == "libc.so.6")
+            << name;
+    }
 }
 
 TEST(LibraryFile, HasALinkForTheLinkerBesideIt) {

@@ -72,11 +72,28 @@ class MachineCode : public testing::Test {
 };
 TYPED_TEST_SUITE(MachineCode, ElementTypes, ElementNames);
 
-TYPED_TEST(MachineCode, NoKernelJumpsBackwards) {
+/** From `target` to the return only registers and the stack are restored. */
+bool leads_to_the_return(const Function& function, std::uint32_t target) {
+    for (const auto& instruction : function.code) {
+        if (instruction.address < target) continue;
+        if (instruction.mnemonic == "ret") return true;
+        if (instruction.mnemonic != "pop" && instruction.mnemonic != "lea" &&
+            instruction.mnemonic != "add" && instruction.mnemonic != "mov" &&
+            instruction.mnemonic != "leave")
+            return false;
+    }
+    return false;
+}
+
+// A refusal may share the return of the transform, which stands before it.
+TYPED_TEST(MachineCode, NoKernelJumpsBackwardsButToItsReturn) {
     this->for_each_function([](const auto& kernel, const Function& function) {
         for (const auto& instruction : function.code) {
             if (!instruction.is_jump() || !instruction.is_direct()) continue;
             if (goes_to_twin(kernel, function, instruction)) continue;
+            if (!instruction.is_conditional_jump() &&
+                leads_to_the_return(function, instruction.target))
+                continue;
             EXPECT_GT(instruction.target, instruction.address)
                 << function.name << ": " << to_string(instruction);
         }

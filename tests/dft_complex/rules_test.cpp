@@ -78,7 +78,7 @@ TEST(Rules, ChirpConvolutionsAreLongEnough) {
 }
 
 TEST(Rules, LeavesAreTheSmallTransforms) {
-    const int lengths[] = {2, 3, 4, 5, 7, 8, 11, 13};
+    const int lengths[] = {2, 3, 4, 5, 7, 8, 11, 13, 17, 19, 23, 29, 31};
     for_each_rule_of_the_table([&](const Rule& rule) {
         if (!rule.parts.empty()) return;
         EXPECT_EQ(rule.form, Rule::Form::Small);
