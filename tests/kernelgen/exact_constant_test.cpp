@@ -153,7 +153,19 @@ TEST(ExactConstant, APinnedConstantIsNotTakenForItsIdeal) {
     EXPECT_NE(pinned.key(), Exact::sine(1, 3).key());
 }
 
-// Half of these lie on a tie or one part in 2^60 off it, where a second rounding would show.
+TEST(ExactConstant, TheReferenceOfTheseTestsRoundsTiesToEven) {
+    const Independent half_ulp = ldexp(Independent(1), -24);
+    const Independent beyond = half_ulp + ldexp(Independent(1), -90);
+    EXPECT_TRUE(is_nearest(1.0F, 1 + half_ulp));
+    EXPECT_FALSE(is_nearest(0x1.000002p0F, 1 + half_ulp));
+    EXPECT_FALSE(is_nearest(0x1.000002p0F, 1 + 3 * half_ulp));
+    EXPECT_TRUE(is_nearest(0x1.000004p0F, 1 + 3 * half_ulp));
+    EXPECT_FALSE(is_nearest(1.0F, 1 + beyond));
+    EXPECT_TRUE(is_nearest(0x1.000002p0F, 1 + beyond));
+}
+
+// A third of the sums lie on a tie and the others one part in 2^60 off it, where a second rounding
+// would show.
 TEST(ExactConstant, RationalsRoundToTheNearestOfBothFormats) {
     IndependentEvaluator evaluator;
     std::mt19937 random(1);
