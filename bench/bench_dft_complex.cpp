@@ -7,15 +7,15 @@
 #include <memory>
 #include <stdexcept>
 
-#include "batch_clock.h"
-#include "comparison.h"
-#include "dft_complex_case.h"
-#include "environment.h"
-#include "fftw_peer.h"
-#include "options.h"
-#include "peer_figures.h"
-#include "report.h"
-#include "transform_library.h"
+#include "batch_clock.hpp"
+#include "comparison.hpp"
+#include "dft_complex_case.hpp"
+#include "environment.hpp"
+#include "fftw_peer.hpp"
+#include "options.hpp"
+#include "peer_figures.hpp"
+#include "report.hpp"
+#include "transform_library.hpp"
 
 namespace bench {
 namespace {

@@ -1,4 +1,4 @@
-#include "environment.h"
+#include "environment.hpp"
 
 #include <sched.h>
 

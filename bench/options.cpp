@@ -1,4 +1,4 @@
-#include "options.h"
+#include "options.hpp"
 
 #include <stdexcept>
 #include <string_view>

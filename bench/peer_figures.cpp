@@ -1,4 +1,4 @@
-#include "peer_figures.h"
+#include "peer_figures.hpp"
 
 #include <fstream>
 #include <sstream>

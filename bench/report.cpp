@@ -1,4 +1,4 @@
-#include "report.h"
+#include "report.hpp"
 
 #include <cmath>
 #include <iomanip>
@@ -6,7 +6,7 @@
 #include <ostream>
 #include <sstream>
 
-#include "summary.h"
+#include "summary.hpp"
 
 namespace bench {
 namespace {

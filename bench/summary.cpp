@@ -1,4 +1,4 @@
-#include "summary.h"
+#include "summary.hpp"
 
 #include <cmath>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "transform_library.h"
+#include "transform_library.hpp"
 
 #include <dlfcn.h>
 

@@ -13,5 +13,7 @@ static const LibraryVersion s_libVer = {6,
                                         "6.1 build 137.56",
                                         "Mar 17 2010"};
 
-const LibraryVersion *qsvgenGetLibVersion() { return &s_libVer; }
+const LibraryVersion* qsvgenGetLibVersion() {
+    return &s_libVer;
+}
 }

@@ -26,10 +26,11 @@ ExactComplex spectrum(int p, int M, int k) {
 Signal chirp(Network& net, const Rule& inner, const Signal& x) {
     const int M = inner.length;
     const int p = static_cast<int>(x.size());
-    const auto c = [&](int n) { return ExactComplex::forward_root(static_cast<long>(n) * n, 2L * p); };
-    const Signal A = dft(net, inner, signal(M, [&](int n) {
-                             return n < p ? x[at(n)] * c(n) : Value::zero();
-                         }));
+    const auto c = [&](int n) {
+        return ExactComplex::forward_root(static_cast<long>(n) * n, 2L * p);
+    };
+    const Signal A =
+        dft(net, inner, signal(M, [&](int n) { return n < p ? x[at(n)] * c(n) : Value::zero(); }));
     const Signal B = signal(M, [&](int k) { return A[at(k)] * spectrum(p, M, k); });
     const Signal b = dft(net, reversed(inner), B);
     return signal(p, [&](int k) { return b[at((M - k) % M)] * c(k); });

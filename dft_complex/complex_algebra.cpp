@@ -9,11 +9,19 @@ bool all_of(const std::vector<ExactComplex>& factors, auto&& property) {
     return std::all_of(factors.begin(), factors.end(), property);
 }
 
-bool is_real(const ExactComplex& f) { return f.im.is_zero(); }
-bool is_imaginary(const ExactComplex& f) { return f.re.is_zero(); }
+bool is_real(const ExactComplex& f) {
+    return f.im.is_zero();
+}
+bool is_imaginary(const ExactComplex& f) {
+    return f.re.is_zero();
+}
 // On the diagonals a factor (1 +- i) c costs a sum and one product for each part.
-bool is_diagonal(const ExactComplex& f) { return f.re.key() == f.im.key(); }
-bool is_antidiagonal(const ExactComplex& f) { return f.re.key() == (-f.im).key(); }
+bool is_diagonal(const ExactComplex& f) {
+    return f.re.key() == f.im.key();
+}
+bool is_antidiagonal(const ExactComplex& f) {
+    return f.re.key() == (-f.im).key();
+}
 
 class SplitAlgebra : public ComplexAlgebra {
   public:
@@ -27,8 +35,7 @@ class SplitAlgebra : public ComplexAlgebra {
     ComplexVector turned_scaled(const ComplexVector& x, const Exact& c) override {
         return turned(scaled(x, c));
     }
-    ComplexVector times(const ComplexVector& x,
-                        const std::vector<ExactComplex>& factors) override {
+    ComplexVector times(const ComplexVector& x, const std::vector<ExactComplex>& factors) override {
         Lanes c;
         Lanes s;
         for (const ExactComplex& factor : factors) {
@@ -69,8 +76,7 @@ class InterleavedAlgebra : public ComplexAlgebra {
         if (x.is_zero()) return x;
         return {graph_.mul(exchanged(x.re), parts(c, -c)), {}};
     }
-    ComplexVector times(const ComplexVector& x,
-                        const std::vector<ExactComplex>& factors) override {
+    ComplexVector times(const ComplexVector& x, const std::vector<ExactComplex>& factors) override {
         if (x.is_zero()) return x;
         Lanes c;
         Lanes s;

@@ -60,7 +60,6 @@ class ComplexAlgebra {
 };
 
 /** `backward`: the kernel holds its parts exchanged, as the inverse direction does. */
-std::unique_ptr<ComplexAlgebra> make_algebra(Graph& graph, Type type, Layout layout,
-                                             bool backward);
+std::unique_ptr<ComplexAlgebra> make_algebra(Graph& graph, Type type, Layout layout, bool backward);
 
 }  // namespace dft_complex

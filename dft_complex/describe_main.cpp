@@ -37,8 +37,7 @@ void run(const std::filesystem::path& folder, const char* manifest) {
         const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
         for (int n = kShortestLength; n <= kLongestLength; ++n) {
             const Kernel kernel = single_precision_kernel(n, direction);
-            write(folder / (prefix + "_" + std::to_string(n) + "_32fc.cpp"),
-                  kernel_source(kernel));
+            write(folder / (prefix + "_" + std::to_string(n) + "_32fc.cpp"), kernel_source(kernel));
             if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
         }
         write(folder / (prefix + "_32fc.cpp"), dispatcher_source(direction));

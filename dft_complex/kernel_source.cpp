@@ -32,12 +32,11 @@ std::string counts_comment(const Counts& c) {
 
 std::string scale_table(const Kernel& kernel) {
     const std::string by_n = literal(Exact::rational(1, kernel.length).to_binary32());
-    const std::string by_root =
-        literal(Exact::product({Exact::rational(1, kernel.length),
-                                Exact::square_root(kernel.length)})
-                    .to_binary32());
-    return "constexpr auto kScales = core::ScaleTable<float>::" + std::string(word(kernel.direction)) +
-           "(" + by_n + ", " + by_root + ");\n";
+    const std::string by_root = literal(
+        Exact::product({Exact::rational(1, kernel.length), Exact::square_root(kernel.length)})
+            .to_binary32());
+    return "constexpr auto kScales = core::ScaleTable<float>::" +
+           std::string(word(kernel.direction)) + "(" + by_n + ", " + by_root + ");\n";
 }
 
 std::string frame(const std::string& name, const char* linkage, const std::string& before,
@@ -91,11 +90,12 @@ std::string kernel_source(const Kernel& kernel) {
     if (scalar) {
         text += "\ninline void transform(const float* x, float* y, float scale) {\n";
     } else {
-        text += "\nusing core::load_high;\nusing core::load_low;\nusing core::move_low;\n"
-                "using core::store_high;\nusing core::store_low;\nusing core::Unaligned;\n"
-                "\ntemplate <class Memory>\n"
-                "[[gnu::always_inline]] inline void transform(const float* x, float* y, __m128 "
-                "scale) {\n";
+        text +=
+            "\nusing core::load_high;\nusing core::load_low;\nusing core::move_low;\n"
+            "using core::store_high;\nusing core::store_low;\nusing core::Unaligned;\n"
+            "\ntemplate <class Memory>\n"
+            "[[gnu::always_inline]] inline void transform(const float* x, float* y, __m128 "
+            "scale) {\n";
     }
     text += body.statements + "}\n\n}  // namespace\n\nextern \"C\" {\n\n";
     text += (scalar ? scalar_functions(kernel) : packed_functions(kernel)) + "\n}\n";
@@ -111,9 +111,9 @@ std::string manifest_line(const Kernel& kernel) {
     const Counts c = kernelgen::count(kernel.graph, true);
     const kernelgen::Schedule schedule = schedule_of(kernel);
     std::string line = kernel.name() + ",\"" + to_string(kernel.rule) + "\"";
-    for (int number : {c.sums, c.differences, c.products, row_of(kernel.length).arithmetic(),
-                       c.wide_sums, c.wide_differences, c.wide_products, c.flips, c.shuffles,
-                       c.loads, c.stores})
+    for (int number :
+         {c.sums, c.differences, c.products, row_of(kernel.length).arithmetic(), c.wide_sums,
+          c.wide_differences, c.wide_products, c.flips, c.shuffles, c.loads, c.stores})
         line += "," + std::to_string(number);
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses) + ",";
     for (const LaneChoice& choice : kernel.choices)
@@ -125,19 +125,20 @@ std::string manifest_line(const Kernel& kernel) {
 }
 
 std::string dispatcher_source(Direction direction) {
-    const std::string family = direction == Direction::Forward ? "qsvgDFTFwd_CToC_"
-                                                                : "qsvgDFTInv_CToC_";
+    const std::string family =
+        direction == Direction::Forward ? "qsvgDFTFwd_CToC_" : "qsvgDFTInv_CToC_";
     std::string text =
         "// Complex DFT in single precision by length, " + std::string(word(direction)) +
         ".\n// Made by the kernel compiler; do not edit.\n\n#include \"qsvgen.h\"\n\n"
         "extern \"C\" QsvStatus " +
         family +
         "32fc(const Complex32* src, Complex32* dst, int32_t length, int32_t flag) {\n"
-        "    switch (static_cast<uint32_t>(length) - " + std::to_string(kShortestLength) + ") {\n";
+        "    switch (static_cast<uint32_t>(length) - " +
+        std::to_string(kShortestLength) + ") {\n";
     for (int n = kShortestLength; n <= kLongestLength; ++n) {
         const std::string length = std::to_string(n);
-        text += "        case " + std::to_string(n - kShortestLength) + ":\n            return " + family + length +
-                "_32fc(src, dst, flag);\n";
+        text += "        case " + std::to_string(n - kShortestLength) + ":\n            return " +
+                family + length + "_32fc(src, dst, flag);\n";
     }
     return text + "        default:\n            return qsvStatusBadLength;\n    }\n}\n";
 }

@@ -40,12 +40,12 @@ Arrangement arrange(const std::vector<int>& batch, const LaneChoice& choice, Lan
     return arrangement;
 }
 
-std::vector<LaneChoice> choices_for(int transforms, BatchPlace place,
-                                    LanePolicy policy) {
+std::vector<LaneChoice> choices_for(int transforms, BatchPlace place, LanePolicy policy) {
     std::vector<LaneChoice> choices;
     for (int width : {4, 3, 2}) {
         if (width > transforms && width != 4) continue;
-        if (width == 2 && (place == BatchPlace::Middle || policy == LanePolicy::SplitOnly)) continue;
+        if (width == 2 && (place == BatchPlace::Middle || policy == LanePolicy::SplitOnly))
+            continue;
         for (int stride = 1; stride < std::max(transforms, 2); ++stride) {
             if (stride > 1 && transforms % stride != 0) continue;
             for (FactorSide side : {FactorSide::AfterRegroup, FactorSide::BeforeRegroup})

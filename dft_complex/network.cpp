@@ -45,7 +45,8 @@ std::vector<std::vector<int>> Network::batches() const {
     for (std::size_t t = 0; t < count; ++t) {
         for (const Source& source : sources_of(transforms_[t])) {
             if (source.transform != Source::kInput)
-                level[t] = std::max(level[t], level[static_cast<std::size_t>(source.transform)] + 1);
+                level[t] =
+                    std::max(level[t], level[static_cast<std::size_t>(source.transform)] + 1);
         }
         deepest = std::max(deepest, level[t]);
     }

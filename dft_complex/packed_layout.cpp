@@ -40,11 +40,10 @@ class PackedLayout {
         const auto batches = network_.batches();
         for (std::size_t i = 0; i < batches.size(); ++i) {
             const LaneChoice choice =
-                i < choices.size()
-                    ? choices[i]
-                    : cheapest_choice(batches[i], i == 0 || i + 1 == batches.size()
-                                                      ? BatchPlace::End
-                                                      : BatchPlace::Middle);
+                i < choices.size() ? choices[i]
+                                   : cheapest_choice(batches[i], i == 0 || i + 1 == batches.size()
+                                                                     ? BatchPlace::End
+                                                                     : BatchPlace::Middle);
             place(batches[i], choice);
             chosen_.push_back(choice);
         }
@@ -59,7 +58,8 @@ class PackedLayout {
         LaneChoice best;
         double best_cost = -1;
         const std::size_t mark = graph_.size();
-        for (const LaneChoice& choice : choices_for(static_cast<int>(batch.size()), batch_place, policy_)) {
+        for (const LaneChoice& choice :
+             choices_for(static_cast<int>(batch.size()), batch_place, policy_)) {
             const Homes homes = homes_;
             place(batch, choice);
             const double cost = port_cost(graph_, mark, graph_.size());
@@ -140,8 +140,9 @@ class PackedLayout {
         return network_.transforms()[static_cast<std::size_t>(index)];
     }
 
-    // Multiplies whole source vectors, so that the values arrive at their new lanes with the factors
-    // applied; a source that the batch uses under two different factors is left to the other side.
+    // Multiplies whole source vectors, so that the values arrive at their new lanes with the
+    // factors applied; a source that the batch uses under two different factors is left to the
+    // other side.
     void apply_factors_at_source(Homes& sources, std::vector<std::vector<SlotVector>>& wanted) {
         std::map<Source, ExactComplex> factors;
         for (const auto& points : wanted) {
@@ -174,8 +175,7 @@ class PackedLayout {
         }
         for (const auto& [vector, residents] : by_vector) {
             const Home home = sources.at(residents.front());
-            std::vector<ExactComplex> lanes(lanes_of(home.layout),
-                                            factors.at(residents.front()));
+            std::vector<ExactComplex> lanes(lanes_of(home.layout), factors.at(residents.front()));
             for (const Source& source : residents)
                 lanes[static_cast<std::size_t>(sources.at(source).lane)] = factors.at(source);
             const auto algebra = make_algebra(graph_, kVector, home.layout, backward_);

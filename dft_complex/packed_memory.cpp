@@ -34,7 +34,9 @@ Ref one_part(Graph& g, const ElementPair& low, const ElementPair& high, int part
 }
 
 // Elements in ascending order are interleaved back by memory order alone.
-bool adjacent(int first, int second) { return first >= 0 && second == first + 1; }
+bool adjacent(int first, int second) {
+    return first >= 0 && second == first + 1;
+}
 
 void store_pair(Graph& g, Ref pair, int first, int second) {
     if (first < 0 && second < 0) return;
@@ -65,8 +67,8 @@ ComplexVector load_elements(Graph& g, Layout layout, std::vector<int> elements, 
         const Ref low = first >= 0 ? g.load_low(kVector, 2 * first) : g.zero(kVector);
         return {g.load_high(low, 2 * second), {}};
     }
-    const bool only_first = std::all_of(elements.begin() + 1, elements.end(),
-                                        [](int e) { return e < 0; });
+    const bool only_first =
+        std::all_of(elements.begin() + 1, elements.end(), [](int e) { return e < 0; });
     elements.resize(4, kNoElement);
     const int re = backward ? 1 : 0;
     if (only_first && elements[0] >= 0) {

@@ -12,7 +12,8 @@ Signal prime_factor(Network& net, const Rule& rule_a, const Rule& rule_b, const 
     const int length = a * b;
     std::vector<Signal> X;
     for (int c = 0; c < b; ++c)
-        X.push_back(dft(net, rule_a, signal(a, [&](int j) { return x[at((a * c + b * j) % length)]; })));
+        X.push_back(
+            dft(net, rule_a, signal(a, [&](int j) { return x[at((a * c + b * j) % length)]; })));
     std::vector<Signal> Y;
     for (int r = 0; r < a; ++r)
         Y.push_back(dft(net, rule_b, signal(b, [&](int c) { return X[at(c)][at(r)]; })));

@@ -41,7 +41,8 @@ Signal rader(Network& net, const Rule& inner, const Signal& x) {
     const int L = inner.length;
     const int p = L + 1;
     const int g = primitive_root(p);
-    const Signal U = dft(net, inner, signal(L, [&](int j) { return x[at(power_modulo(g, j, p))]; }));
+    const Signal U =
+        dft(net, inner, signal(L, [&](int j) { return x[at(power_modulo(g, j, p))]; }));
     Signal V = signal(L, [&](int k) { return U[at(k)] * rader_spectrum(p, g, k); });
     V[0] = plus(V[0], x[0]);
     const Signal v = dft(net, reversed(inner), V);

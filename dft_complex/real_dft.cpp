@@ -144,8 +144,7 @@ Points RealDft::transposed(ComplexAlgebra& algebra, const HalfSpectrum& spectrum
                 contribute({n.b, true}, value);
                 break;
             case Op::Mul:
-                contribute({factor_of(graph_, n)},
-                           algebra.scaled(value, constant_of(graph_, n)));
+                contribute({factor_of(graph_, n)}, algebra.scaled(value, constant_of(graph_, n)));
                 break;
             default:
                 break;

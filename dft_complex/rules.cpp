@@ -2,15 +2,21 @@
 
 namespace dft_complex {
 
-Rule small(int length) { return {Rule::Form::Small, length, {}}; }
+Rule small(int length) {
+    return {Rule::Form::Small, length, {}};
+}
 Rule P(const Rule& a, const Rule& b) {
     return {Rule::Form::PrimeFactor, a.length * b.length, {a, b}};
 }
 Rule T(const Rule& a, const Rule& b) {
     return {Rule::Form::CooleyTukey, a.length * b.length, {a, b}};
 }
-Rule R(const Rule& inner) { return {Rule::Form::Rader, inner.length + 1, {inner}}; }
-Rule C(int p, const Rule& inner) { return {Rule::Form::Chirp, p, {inner}}; }
+Rule R(const Rule& inner) {
+    return {Rule::Form::Rader, inner.length + 1, {inner}};
+}
+Rule C(int p, const Rule& inner) {
+    return {Rule::Form::Chirp, p, {inner}};
+}
 
 Rule reversed(const Rule& rule) {
     switch (rule.form) {

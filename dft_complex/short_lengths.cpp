@@ -123,6 +123,8 @@ class ShortLength {
 
 }  // namespace
 
-Graph short_length(int length, Direction direction) { return ShortLength(length).run(direction); }
+Graph short_length(int length, Direction direction) {
+    return ShortLength(length).run(direction);
+}
 
 }  // namespace dft_complex

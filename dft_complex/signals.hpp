@@ -15,6 +15,8 @@ Signal signal(int length, const Function& value) {
 }
 
 /** Index of a signal or of a family of signals. */
-inline std::size_t at(int index) { return static_cast<std::size_t>(index); }
+inline std::size_t at(int index) {
+    return static_cast<std::size_t>(index);
+}
 
 }  // namespace dft_complex

@@ -5,7 +5,9 @@
 namespace dft_complex {
 namespace {
 
-Points two(ComplexAlgebra& m, const Points& x) { return {m.add(x[0], x[1]), m.sub(x[0], x[1])}; }
+Points two(ComplexAlgebra& m, const Points& x) {
+    return {m.add(x[0], x[1]), m.sub(x[0], x[1])};
+}
 
 Points four(ComplexAlgebra& m, const Points& x) {
     const ComplexVector a = m.add(x[0], x[2]);
@@ -30,8 +32,8 @@ ComplexVector balanced_sum(ComplexAlgebra& m, Points terms) {
 // Even outputs: DFT of x[n] + x[n+4]. Odd outputs: DFT of (x[n] - x[n+4]) w^n, w = exp(-pi i / 4),
 // whose rotations by w and w^3 wait until their sum and difference are known.
 Points eight(ComplexAlgebra& m, const Points& x) {
-    const Points even = four(m, {m.add(x[0], x[4]), m.add(x[1], x[5]), m.add(x[2], x[6]),
-                                 m.add(x[3], x[7])});
+    const Points even =
+        four(m, {m.add(x[0], x[4]), m.add(x[1], x[5]), m.add(x[2], x[6]), m.add(x[3], x[7])});
     const ComplexVector v0 = m.sub(x[0], x[4]);
     const ComplexVector v1 = m.sub(x[1], x[5]);
     const ComplexVector v2 = m.turned(m.sub(x[2], x[6]));
@@ -43,8 +45,8 @@ Points eight(ComplexAlgebra& m, const Points& x) {
     const ComplexVector s = m.sub(v1, v3);
     const ComplexVector rw = m.scaled(m.add(r, m.turned(r)), c);
     const ComplexVector sw = m.scaled(m.sub(m.turned(s), s), c);
-    return {even[0],     m.add(p, rw), even[1],     m.add(q, sw),
-            even[2],     m.sub(p, rw), even[3],     m.sub(q, sw)};
+    return {even[0], m.add(p, rw), even[1], m.add(q, sw),
+            even[2], m.sub(p, rw), even[3], m.sub(q, sw)};
 }
 
 }  // namespace
@@ -80,7 +82,8 @@ Points direct_form(ComplexAlgebra& m, const Points& x) {
     return y;
 }
 
-// f a + conj(f) b = c s + i d t and f a - conj(f) b = c t + i d s, f = c + i d, s = a + b, t = a - b.
+// f a + conj(f) b = c s + i d t and f a - conj(f) b = c t + i d s, f = c + i d, s = a + b, t = a -
+// b.
 Points three_with_conjugate_factors(ComplexAlgebra& m, const Points& x,
                                     const std::vector<ExactComplex>& factors) {
     const Exact zero = Exact::rational(0);

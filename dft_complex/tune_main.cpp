@@ -45,8 +45,7 @@ void tune(int length) {
                 if (choices[batch] == choice) continue;
                 choices[batch] = choice;
                 Kernel next = draft_kernel(length, Direction::Forward, choices);
-                const int next_cost =
-                    instructions(next, kernelgen::schedule(next.graph, kX86Sse2));
+                const int next_cost = instructions(next, kernelgen::schedule(next.graph, kX86Sse2));
                 if (next_cost < cost) {
                     cost = next_cost;
                     best = std::move(next);

@@ -7,7 +7,8 @@
 
 namespace dft_complex {
 
-/** Decisions that were searched once and are kept: they change a kernel's cost, never its mathematics. */
+/** Decisions that were searched once and are kept: they change a kernel's cost, never its
+ * mathematics. */
 struct Tuning {
     std::vector<LaneChoice> lanes;
     std::string order;  ///< a method of kernelgen::schedule_by, or empty for the cheapest plain one

@@ -51,11 +51,11 @@ typedef struct {
 typedef int32_t QsvStatus;
 
 enum {
-    qsvStatusOk = 0,            /**< the operation was done */
-    qsvStatusBadPlan = -5,      /**< a plan node holds a rule that has no compute step */
-    qsvStatusBadLength = -6,    /**< length or order outside the supported range */
-    qsvStatusNullPointer = -8,  /**< a required pointer is null */
-    qsvStatusBadFlag = -16      /**< the flag is not one of the four of QsvScaleFlag */
+    qsvStatusOk = 0,           /**< the operation was done */
+    qsvStatusBadPlan = -5,     /**< a plan node holds a rule that has no compute step */
+    qsvStatusBadLength = -6,   /**< length or order outside the supported range */
+    qsvStatusNullPointer = -8, /**< a required pointer is null */
+    qsvStatusBadFlag = -16     /**< the flag is not one of the four of QsvScaleFlag */
 };
 
 /**
@@ -64,10 +64,10 @@ enum {
  * back the input times 1, or times N for qsvScaleNone.
  */
 enum QsvScaleFlag {
-    qsvScaleFwdByN = 1,   /**< forward by 1/N, inverse by 1 */
-    qsvScaleInvByN = 2,   /**< forward by 1, inverse by 1/N */
-    qsvScaleBySqrtN = 4,  /**< both by 1/sqrt(N) */
-    qsvScaleNone = 8      /**< both by 1 */
+    qsvScaleFwdByN = 1,  /**< forward by 1/N, inverse by 1 */
+    qsvScaleInvByN = 2,  /**< forward by 1, inverse by 1/N */
+    qsvScaleBySqrtN = 4, /**< both by 1/sqrt(N) */
+    qsvScaleNone = 8     /**< both by 1 */
 };
 
 /** What qsvgenGetLibVersion tells of the library. */
@@ -77,21 +77,22 @@ typedef struct {
     int32_t majorBuild;      /**< major build */
     int32_t build;           /**< build */
     char targetCode[4];      /**< mark of the processor target, padded with zero bytes */
-    const char *name;        /**< the shared object's own name */
-    const char *versionText; /**< version as text */
-    const char *buildDate;   /**< date of the build as text */
+    const char* name;        /**< the shared object's own name */
+    const char* versionText; /**< version as text */
+    const char* buildDate;   /**< date of the build as text */
 } LibraryVersion;
 
 /** The one constant record that identifies the library. Never null; not the caller's to free. */
-QSVG_API const LibraryVersion *qsvgenGetLibVersion(void);
+QSVG_API const LibraryVersion* qsvgenGetLibVersion(void);
 
 /** Calls X(N) for each transform length N from 2 to 64. */
-#define QSVG_FOR_EACH_LENGTH(X)                                                               \
-    X(2) X(3) X(4) X(5) X(6) X(7) X(8) X(9) X(10) X(11) X(12) X(13) X(14) X(15) X(16) X(17)   \
-    X(18) X(19) X(20) X(21) X(22) X(23) X(24) X(25) X(26) X(27) X(28) X(29) X(30) X(31) X(32) \
-    X(33) X(34) X(35) X(36) X(37) X(38) X(39) X(40) X(41) X(42) X(43) X(44) X(45) X(46) X(47) \
-    X(48) X(49) X(50) X(51) X(52) X(53) X(54) X(55) X(56) X(57) X(58) X(59) X(60) X(61) X(62) \
-    X(63) X(64)
+#define QSVG_FOR_EACH_LENGTH(X)                                                                    \
+    X(2)                                                                                           \
+    X(3) X(4) X(5) X(6) X(7) X(8) X(9) X(10) X(11) X(12) X(13) X(14) X(15) X(16) X(17) X(18) X(19) \
+        X(20) X(21) X(22) X(23) X(24) X(25) X(26) X(27) X(28) X(29) X(30) X(31) X(32) X(33) X(34)  \
+            X(35) X(36) X(37) X(38) X(39) X(40) X(41) X(42) X(43) X(44) X(45) X(46) X(47) X(48)    \
+                X(49) X(50) X(51) X(52) X(53) X(54) X(55) X(56) X(57) X(58) X(59) X(60) X(61)      \
+                    X(62) X(63) X(64)
 
 /**
  * Complex DFT of a length given at run time.
@@ -100,17 +101,17 @@ QSVG_API const LibraryVersion *qsvgenGetLibVersion(void);
  * @param length 2 to 64, else qsvStatusBadLength
  * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
  */
-QSVG_API QsvStatus qsvgDFTFwd_CToC_32fc(const Complex32 *src, Complex32 *dst, int32_t length,
+QSVG_API QsvStatus qsvgDFTFwd_CToC_32fc(const Complex32* src, Complex32* dst, int32_t length,
                                         int32_t flag);
 /** Inverse of qsvgDFTFwd_CToC_32fc, with the same arguments. */
-QSVG_API QsvStatus qsvgDFTInv_CToC_32fc(const Complex32 *src, Complex32 *dst, int32_t length,
+QSVG_API QsvStatus qsvgDFTInv_CToC_32fc(const Complex32* src, Complex32* dst, int32_t length,
                                         int32_t flag);
 
 /** Complex DFT kernels of one length each: qsvgDFTFwd_CToC_2_32fc to qsvgDFTInv_CToC_64_32fc. */
 #define QSVG_DECLARE_DFT_COMPLEX(N)                                                     \
-    QSVG_API QsvStatus qsvgDFTFwd_CToC_##N##_32fc(const Complex32 *src, Complex32 *dst, \
+    QSVG_API QsvStatus qsvgDFTFwd_CToC_##N##_32fc(const Complex32* src, Complex32* dst, \
                                                   int32_t flag);                        \
-    QSVG_API QsvStatus qsvgDFTInv_CToC_##N##_32fc(const Complex32 *src, Complex32 *dst, \
+    QSVG_API QsvStatus qsvgDFTInv_CToC_##N##_32fc(const Complex32* src, Complex32* dst, \
                                                   int32_t flag);
 QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_DFT_COMPLEX)
 #undef QSVG_DECLARE_DFT_COMPLEX

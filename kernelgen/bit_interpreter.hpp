@@ -2,7 +2,8 @@
 
 /**
  * @file
- * @brief Runs a graph in IEEE arithmetic, node by node: what a compiled kernel must give bit for bit.
+ * @brief Runs a graph in IEEE arithmetic, node by node: what a compiled kernel must give bit for
+ * bit.
  *
  * Binary32 values travel as doubles that hold them exactly; each operation is done in the node's
  * own precision, in round-to-nearest.

@@ -43,8 +43,8 @@ class Emitter {
         const Node& n = graph_.node(id);
         if (n.op == Op::Store || n.op == Op::StoreLow || n.op == Op::StoreHigh) return store(n);
         const std::string name = "v" + std::to_string(names_.size());
-        const std::string text = std::string("const ") + type_name(n.type) + " " + name + " = " +
-                                 expression(n) + ";";
+        const std::string text =
+            std::string("const ") + type_name(n.type) + " " + name + " = " + expression(n) + ";";
         names_[id] = name;
         return text;
     }
@@ -148,8 +148,8 @@ class Emitter {
         std::string values;
         for (const Exact& lane : lanes) {
             if (!values.empty()) values += ", ";
-            values += is_binary32(n.type) ? literal(lane.to_binary32())
-                                          : literal(lane.to_binary64());
+            values +=
+                is_binary32(n.type) ? literal(lane.to_binary32()) : literal(lane.to_binary64());
         }
         return vector(n.type, values);
     }
@@ -159,8 +159,8 @@ class Emitter {
         for (int lane = 0; lane < lane_count(n.type); ++lane) {
             if (lane > 0) values += ", ";
             const bool change = n.selection[static_cast<std::size_t>(lane)] != 0;
-            values += is_binary32(n.type) ? literal(change ? -0.0F : 0.0F)
-                                          : literal(change ? -0.0 : 0.0);
+            values +=
+                is_binary32(n.type) ? literal(change ? -0.0F : 0.0F) : literal(change ? -0.0 : 0.0);
         }
         return vector(n.type, values);
     }
@@ -191,9 +191,15 @@ class Emitter {
 
 }  // namespace
 
-EmittedBody emit(const Graph& graph, const Order& order) { return Emitter(graph).run(order); }
+EmittedBody emit(const Graph& graph, const Order& order) {
+    return Emitter(graph).run(order);
+}
 
-std::string literal(float value) { return hexadecimal(static_cast<double>(value)) + "f"; }
-std::string literal(double value) { return hexadecimal(value); }
+std::string literal(float value) {
+    return hexadecimal(static_cast<double>(value)) + "f";
+}
+std::string literal(double value) {
+    return hexadecimal(value);
+}
 
 }  // namespace kernelgen

@@ -76,20 +76,23 @@ class Evaluation {
                 break;
             case Op::Add:
                 for (int i = 0; i < lanes; ++i)
-                    out[lane(i)] = Arithmetic::add(n.type, value(n.a)[lane(i)], value(n.b)[lane(i)]);
+                    out[lane(i)] =
+                        Arithmetic::add(n.type, value(n.a)[lane(i)], value(n.b)[lane(i)]);
                 break;
             case Op::Sub:
                 for (int i = 0; i < lanes; ++i)
-                    out[lane(i)] = Arithmetic::sub(n.type, value(n.a)[lane(i)], value(n.b)[lane(i)]);
+                    out[lane(i)] =
+                        Arithmetic::sub(n.type, value(n.a)[lane(i)], value(n.b)[lane(i)]);
                 break;
             case Op::Mul:
                 for (int i = 0; i < lanes; ++i)
-                    out[lane(i)] = Arithmetic::mul(n.type, value(n.a)[lane(i)], value(n.b)[lane(i)]);
+                    out[lane(i)] =
+                        Arithmetic::mul(n.type, value(n.a)[lane(i)], value(n.b)[lane(i)]);
                 break;
             case Op::Flip:
                 for (int i = 0; i < lanes; ++i)
-                    out[lane(i)] = n.selection[lane(i)] ? Real(-value(n.a)[lane(i)])
-                                                        : value(n.a)[lane(i)];
+                    out[lane(i)] =
+                        n.selection[lane(i)] ? Real(-value(n.a)[lane(i)]) : value(n.a)[lane(i)];
                 break;
             case Op::Shuffle: {
                 Vector picked;

@@ -101,6 +101,11 @@ Exact Exact::pinned(const std::string& decimal, const Exact& ideal) {
 Exact Exact::operator-() const {
     const Expression& e = expression();
     if (e.kind == Kind::Rational) return rational(-e.numerator, e.denominator);
+    if (e.kind == Kind::Pinned) {
+        const std::string flipped =
+            e.decimal.front() == '-' ? e.decimal.substr(1) : "-" + e.decimal;
+        return pinned(flipped, -e.terms.front());
+    }
     if (e.kind == Kind::Product && e.terms.size() == 2 && e.terms.front().value() == -1)
         return e.terms.back();
     return product({rational(-1), *this});
@@ -114,8 +119,6 @@ float Exact::to_binary32() const {
 double Exact::to_binary64() const {
     const Expression& e = expression();
     if (e.kind == Kind::Pinned) return std::stod(e.decimal);
-    if (e.kind == Kind::Product && e.terms.size() == 2 && e.terms.front().value() == -1)
-        return -e.terms.back().to_binary64();
     return mpfr_get_d(value().backend().data(), MPFR_RNDN);
 }
 

@@ -27,9 +27,10 @@ class Exact {
 
     struct Expression {
         Kind kind;
-        long numerator = 0;        ///< of a rational or a turn; the radicand of a square root
-        long denominator = 1;      ///< of a rational or a turn
-        std::vector<Exact> terms = {};  ///< of a sum or a product; the exact value of a pinned constant
+        long numerator = 0;    ///< of a rational or a turn; the radicand of a square root
+        long denominator = 1;  ///< of a rational or a turn
+        std::vector<Exact> terms =
+            {};                    ///< of a sum or a product; the exact value of a pinned constant
         std::string decimal = {};  ///< what a pinned constant is rounded from
         Wide value = 0;
     };

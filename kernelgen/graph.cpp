@@ -17,7 +17,9 @@ int lane_count(Type type) {
     }
 }
 
-bool is_binary32(Type type) { return type == Type::Binary32 || type == Type::Binary32x4; }
+bool is_binary32(Type type) {
+    return type == Type::Binary32 || type == Type::Binary32x4;
+}
 
 std::vector<NodeId> operands(const Node& node) {
     std::vector<NodeId> result;
@@ -50,9 +52,13 @@ Ref Graph::load_scalar(Type type, int offset) {
     return {intern({.op = Op::LoadScalar, .type = type, .offset = offset})};
 }
 
-Ref Graph::scale(Type type) { return {intern({.op = Op::Scale, .type = type})}; }
+Ref Graph::scale(Type type) {
+    return {intern({.op = Op::Scale, .type = type})};
+}
 
-Ref Graph::zero(Type type) { return {intern({.op = Op::Zero, .type = type})}; }
+Ref Graph::zero(Type type) {
+    return {intern({.op = Op::Zero, .type = type})};
+}
 
 Ref Graph::constant(Type type, const Lanes& lanes) {
     std::string key;
@@ -93,9 +99,8 @@ Ref Graph::mul(Ref a, const Lanes& lanes) {
         std::all_of(lanes.begin(), lanes.end(), [](const Exact& c) { return c.is_one(); });
     if (all_one) return a;
     // A constant that is the same in all lanes is kept positive, its sign goes to the reference.
-    const bool uniform = std::all_of(lanes.begin(), lanes.end(), [&](const Exact& c) {
-        return c.key() == lanes.front().key();
-    });
+    const bool uniform = std::all_of(
+        lanes.begin(), lanes.end(), [&](const Exact& c) { return c.key() == lanes.front().key(); });
     if (uniform && lanes.front().is_negative()) {
         return -mul(a, Lanes(lanes.size(), -lanes.front()));
     }

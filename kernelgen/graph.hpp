@@ -59,9 +59,9 @@ struct Node {
     Type type;
     NodeId a = kNone;
     NodeId b = kNone;
-    std::int32_t offset = 0;      ///< memory, in real elements
-    Selection selection = {};     ///< of a shuffle; of a flip, 1 in the lanes whose sign changes
-    std::int32_t constant = -1;   ///< index into Graph::constants()
+    std::int32_t offset = 0;     ///< memory, in real elements
+    Selection selection = {};    ///< of a shuffle; of a flip, 1 in the lanes whose sign changes
+    std::int32_t constant = -1;  ///< index into Graph::constants()
 
     auto operator<=>(const Node&) const = default;
 };

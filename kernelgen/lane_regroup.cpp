@@ -9,7 +9,9 @@ bool serves(const Origin& held, const Origin& wanted) {
     return wanted.kind == Origin::Kind::Any || held == wanted;
 }
 
-bool is_any(const Origin& origin) { return origin.kind == Origin::Kind::Any; }
+bool is_any(const Origin& origin) {
+    return origin.kind == Origin::Kind::Any;
+}
 
 // Patterns of one instruction whose lanes are fixed. The two that move lanes without crossing
 // (blends of scalar moves) come first: they do not load the shuffle port.
@@ -98,10 +100,10 @@ std::size_t LaneRegroup::pair(const Origin& p, const Origin& q) {
             }
         }
     }
-    return join(from_p.vector, from_q.vector,
-                {static_cast<std::uint8_t>(from_p.lane), static_cast<std::uint8_t>(spare_p),
-                 static_cast<std::uint8_t>(4 + from_q.lane),
-                 static_cast<std::uint8_t>(4 + spare_q)});
+    return join(
+        from_p.vector, from_q.vector,
+        {static_cast<std::uint8_t>(from_p.lane), static_cast<std::uint8_t>(spare_p),
+         static_cast<std::uint8_t>(4 + from_q.lane), static_cast<std::uint8_t>(4 + spare_q)});
 }
 
 std::ptrdiff_t LaneRegroup::existing(const Wanted& wanted) {

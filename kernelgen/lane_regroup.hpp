@@ -36,6 +36,7 @@ class LaneRegroup {
     explicit LaneRegroup(Graph& graph) : graph_(graph) {}
 
     void announce(const Wanted& wanted) { announced_.push_back(wanted); }
+    /** At least one lane of `wanted` is not Any. */
     Ref make(const Wanted& wanted);
 
   private:

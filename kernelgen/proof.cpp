@@ -41,7 +41,8 @@ Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wa
         evaluation.run(source, 1, destination);
         source[static_cast<std::size_t>(column)] = 0;
         for (int row = 0; row < outputs; ++row) {
-            const Wide error = abs(destination[static_cast<std::size_t>(row)] - wanted(row, column));
+            const Wide error =
+                abs(destination[static_cast<std::size_t>(row)] - wanted(row, column));
             if (error > worst) worst = error;
         }
     }

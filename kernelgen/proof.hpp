@@ -18,7 +18,8 @@ namespace kernelgen {
 /** Entry of the defining matrix: what input `column` contributes to output `row`. */
 using Definition = std::function<Wide(int row, int column)>;
 
-/** Largest difference of the graph's matrix (unscaled, both ways in real elements) from `wanted`. */
+/** Largest difference of the graph's matrix (unscaled, both ways in real elements) from `wanted`.
+ */
 Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted);
 
 /** Throws std::runtime_error that names `kernel` where the deviation exceeds 1e-28. */

@@ -86,9 +86,9 @@ class RegisterModel {
         }
         if (node.op == Op::Store || node.op == Op::StoreLow || node.op == Op::StoreHigh) return;
         const bool either = node.op == Op::Add || node.op == Op::Mul;
-        const bool dies = !inputs.empty() && (!held_.contains(inputs[0]) ||
-                                              (either && inputs.size() == 2 &&
-                                               !held_.contains(inputs[1])));
+        const bool dies =
+            !inputs.empty() && (!held_.contains(inputs[0]) ||
+                                (either && inputs.size() == 2 && !held_.contains(inputs[1])));
         if (!inputs.empty() && !dies) ++traffic_.copies;
         make_room(pinned);
         held_.insert(id);

@@ -9,7 +9,7 @@ namespace kernelgen {
 /** What holding the values of a kernel costs beyond its own operations. */
 struct RegisterTraffic {
     int stack_accesses = 0;  ///< spills and reloads
-    int copies = 0;          ///< of operands that an instruction would overwrite before their last use
+    int copies = 0;  ///< of operands that an instruction would overwrite before their last use
 
     int total() const { return stack_accesses + copies; }
 };

@@ -6,7 +6,6 @@
 #include <random>
 #include <stdexcept>
 
-
 namespace kernelgen {
 namespace {
 
@@ -19,12 +18,17 @@ bool is_store(Op op) {
 }
 
 /** Nodes that need no place of their own: constants stand where they are used. */
-bool is_placeless(Op op) { return op == Op::Constant || op == Op::Scale || op == Op::Zero; }
+bool is_placeless(Op op) {
+    return op == Op::Constant || op == Op::Scale || op == Op::Zero;
+}
 
 class Bisection {
   public:
     Bisection(const Graph& graph, const BisectionVariant& variant)
-        : graph_(graph), variant_(variant), random_(variant.shuffle), users_(graph.size()),
+        : graph_(graph),
+          variant_(variant),
+          random_(variant.shuffle),
+          users_(graph.size()),
           mark_(graph.size(), Mark::None) {
         for (NodeId id : graph.live()) {
             if (!counts(id)) continue;
@@ -237,8 +241,8 @@ Schedule schedule_by(const std::string& method, const Graph& graph, const Target
 
 Schedule schedule(const Graph& graph, const Target& target) {
     Schedule best;
-    for (const std::string& method : {BisectionVariant{}.to_string(), std::string("depth first"),
-                                      std::string("source")}) {
+    for (const std::string& method :
+         {BisectionVariant{}.to_string(), std::string("depth first"), std::string("source")}) {
         const Schedule next = schedule_by(method, graph, target);
         if (best.order.empty() || next.traffic.total() < best.traffic.total()) best = next;
     }

@@ -18,9 +18,9 @@ using Order = std::vector<NodeId>;
 
 /** Free decisions of the bisection. */
 struct BisectionVariant {
-    bool outputs_first = false;   ///< which side colours first
-    int leaf = 2;                 ///< parts of at most so many nodes keep the description's order
-    std::uint32_t shuffle = 0;    ///< seed for the order of components, 0 for the natural one
+    bool outputs_first = false;  ///< which side colours first
+    int leaf = 2;                ///< parts of at most so many nodes keep the description's order
+    std::uint32_t shuffle = 0;   ///< seed for the order of components, 0 for the natural one
 
     /** "bisection o16x7": from the outputs, leaves of 16, seed 7. */
     std::string to_string() const;

@@ -1,8 +1,8 @@
-#include "command_line.h"
+#include "command_line.hpp"
 
 #include <string_view>
 
-#include "error.h"
+#include "error.hpp"
 
 namespace spectrogram {
 

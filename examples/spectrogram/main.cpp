@@ -2,13 +2,13 @@
 #include <exception>
 #include <iostream>
 
-#include "command_line.h"
-#include "error.h"
-#include "plot.h"
-#include "progress.h"
-#include "short_time_spectrum.h"
-#include "summary.h"
-#include "wav_reader.h"
+#include "command_line.hpp"
+#include "error.hpp"
+#include "plot.hpp"
+#include "progress.hpp"
+#include "short_time_spectrum.hpp"
+#include "summary.hpp"
+#include "wav_reader.hpp"
 
 namespace {
 

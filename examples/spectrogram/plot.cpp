@@ -1,4 +1,4 @@
-#include "plot.h"
+#include "plot.hpp"
 
 #include <spawn.h>
 #include <sys/wait.h>
@@ -10,7 +10,7 @@
 #include <cstring>
 #include <fstream>
 
-#include "error.h"
+#include "error.hpp"
 
 namespace spectrogram {
 namespace {

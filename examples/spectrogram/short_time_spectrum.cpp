@@ -1,4 +1,4 @@
-#include "short_time_spectrum.h"
+#include "short_time_spectrum.hpp"
 
 #include <qsvgen.h>
 

@@ -1,4 +1,4 @@
-#include "wav_reader.h"
+#include "wav_reader.hpp"
 
 #include <sndfile.h>
 
@@ -6,7 +6,7 @@
 #include <numeric>
 #include <span>
 
-#include "error.h"
+#include "error.hpp"
 
 namespace spectrogram {
 namespace {

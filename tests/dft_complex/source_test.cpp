@@ -101,9 +101,10 @@ TEST(Source, ADispatcherHasACaseForEachLength) {
             direction == Direction::Forward ? "qsvgDFTFwd_CToC_" : "qsvgDFTInv_CToC_";
         for (int length = 2; length <= 64; ++length) {
             const std::string n = std::to_string(length);
-            EXPECT_EQ(occurrences(text, "case " + std::to_string(length - 2) + ":\n            return " + family + n +
-                                            "_32fc(src, dst, flag);"),
-                      1)
+            EXPECT_EQ(
+                occurrences(text, "case " + std::to_string(length - 2) + ":\n            return " +
+                                      family + n + "_32fc(src, dst, flag);"),
+                1)
                 << dft_complex_test::name_of(direction) << ", length " << n;
         }
     }

@@ -209,4 +209,12 @@ TEST(ExactConstant, OnlyOneIsOne) {
     EXPECT_FALSE((ExactComplex{Exact::rational(1), Exact::rational(1)}.is_one()));
 }
 
+TEST(ExactConstant, TheNegativeOfAPinnedConstantKeepsItsDecimal) {
+    const Exact pinned = Exact::pinned("0.75", Exact::sine(1, 3));
+    EXPECT_EQ((-pinned).to_binary32(), -0.75F);
+    EXPECT_EQ((-pinned).to_binary64(), -0.75);
+    EXPECT_NE((-pinned).key(), (-Exact::sine(1, 3)).key());
+    EXPECT_EQ((-(-pinned)).to_binary64(), 0.75);
+}
+
 }  // namespace

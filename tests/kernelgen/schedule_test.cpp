@@ -175,8 +175,8 @@ TEST(Schedule, TheDepthFirstOrderFinishesOneStoreBeforeTheNext) {
     const Ref b = g.load(Type::Binary32x4, 4);
     const Ref first = g.add(a, a);
     const Ref second = g.add(b, b);
-    g.store(second, 0);
-    g.store(first, 4);
+    g.store(second, 8);
+    g.store(first, 12);
     EXPECT_EQ(kernelgen::depth_first_order(g),
               (Order{b.id, second.id, g.stores()[0], a.id, first.id, g.stores()[1]}));
 }

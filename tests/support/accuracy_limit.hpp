@@ -8,9 +8,9 @@
 
 namespace qsvgen_test {
 
-/** Lengths of a prime from 17 to 31 and another factor, and the prime whose convolution holds a second
- * one. The roundings of Rader's form alone reach the limit of other composites; docs/accuracy.md
- * shows it for every order of its factors. */
+/** Lengths of a prime from 17 to 31 and another factor, and the prime whose convolution holds a
+ * second one. The roundings of Rader's form alone reach the limit of other composites;
+ * docs/accuracy.md shows it for every order of its factors. */
 inline bool holds_rader_form_of_long_prime(int length) {
     for (int prime : {17, 19, 23, 29, 31}) {
         if (length != prime && length % prime == 0) return true;

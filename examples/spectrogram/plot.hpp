@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "short_time_spectrum.h"
+#include "short_time_spectrum.hpp"
 
 namespace spectrogram {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "report.h"
+#include "report.hpp"
 
 namespace bench {
 

@@ -10,10 +10,10 @@
 #include <random>
 #include <string>
 
-#include "batch_clock.h"
-#include "comparison.h"
-#include "fftw_peer.h"
-#include "transform_library.h"
+#include "batch_clock.hpp"
+#include "comparison.hpp"
+#include "fftw_peer.hpp"
+#include "transform_library.hpp"
 
 namespace bench {
 

@@ -3,8 +3,8 @@
 #include <iosfwd>
 #include <span>
 
-#include "short_time_spectrum.h"
-#include "wav_reader.h"
+#include "short_time_spectrum.hpp"
+#include "wav_reader.hpp"
 
 namespace spectrogram {
 

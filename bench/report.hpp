@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "comparison.h"
+#include "comparison.hpp"
 
 namespace bench {
 
