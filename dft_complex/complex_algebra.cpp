@@ -49,7 +49,14 @@ class SplitAlgebra : public ComplexAlgebra {
             return {g.mul(g.sub(x.re, x.im), c), g.mul(g.add(x.im, x.re), c)};
         if (all_of(factors, is_antidiagonal))
             return {g.mul(g.add(x.re, x.im), c), g.mul(g.sub(x.im, x.re), c)};
-        return {g.sub(g.mul(x.re, c), g.mul(x.im, s)), g.add(g.mul(x.im, c), g.mul(x.re, s))};
+        // One statement a node: the numbers of nodes must not depend on the compiler's order of
+        // evaluating arguments.
+        const Ref im_s = g.mul(x.im, s);
+        const Ref re_c = g.mul(x.re, c);
+        const Ref re = g.sub(re_c, im_s);
+        const Ref re_s = g.mul(x.re, s);
+        const Ref im_c = g.mul(x.im, c);
+        return {re, g.add(im_c, re_s)};
     }
 
   private:
@@ -90,7 +97,9 @@ class InterleavedAlgebra : public ComplexAlgebra {
             return {graph_.mul(graph_.sub(x.re, turned(x).re), c), {}};
         if (all_of(factors, is_antidiagonal))
             return {graph_.mul(graph_.add(x.re, turned(x).re), c), {}};
-        return {graph_.add(graph_.mul(x.re, c), graph_.mul(exchanged(x.re), s)), {}};
+        const Ref turned_s = graph_.mul(exchanged(x.re), s);
+        const Ref plain_c = graph_.mul(x.re, c);
+        return {graph_.add(plain_c, turned_s), {}};
     }
 
   private:

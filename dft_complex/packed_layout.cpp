@@ -312,7 +312,8 @@ class PackedLayout {
                          const SlotVector& vector) {
         ComplexVector x = gather_picked(regroup, sources, vector, main_source);
         x = algebra.times(x, factors_of(vector));
-        return algebra.add(x, gather_picked(regroup, sources, vector, addend));
+        const ComplexVector joined = gather_picked(regroup, sources, vector, addend);
+        return algebra.add(x, joined);
     }
 
     // Lanes without a transform take the first one's factor, which keeps uniform factors cheap.
@@ -372,8 +373,6 @@ double port_cost(const Graph& graph, std::size_t first_node, std::size_t past_no
             case Op::Add:
             case Op::Sub:
             case Op::Mul:
-                cost += 1.0;
-                break;
             case Op::Shuffle:
             case Op::LoadHigh:
                 cost += 1.0;

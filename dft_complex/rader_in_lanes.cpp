@@ -55,7 +55,8 @@ Points rader_in_lanes(ComplexAlgebra& m, const Points& x) {
         ComplexVector odd;
         if (!alone) {
             even = m.sub(even, m.scaled(U.odd[at(k)], s));
-            odd = m.add(m.scaled(U.odd[at(k)], c), m.scaled(U.even[at(k)], s));
+            const ComplexVector even_s = m.scaled(U.even[at(k)], s);
+            odd = m.add(m.scaled(U.odd[at(k)], c), even_s);
             odd = {-odd.re, -odd.im};
         }
         V.even[at(k)] = k % 2 == 0 ? even : m.turned(even);

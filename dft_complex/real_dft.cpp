@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 #include <set>
 
 #include "dft_complex/decompositions.hpp"
@@ -128,9 +129,9 @@ Points RealDft::transposed(ComplexAlgebra& algebra, const HalfSpectrum& spectrum
         contribute(odd_[k], spectrum.odd[k]);
     }
     Points r(at(length_));
-    for (auto id = needed_.rbegin(); id != needed_.rend(); ++id) {
-        const Node& n = graph_.node(*id);
-        const ComplexVector value = sums[*id];
+    for (NodeId id : std::views::reverse(needed_)) {
+        const Node& n = graph_.node(id);
+        const ComplexVector value = sums[id];
         switch (n.op) {
             case Op::Load:
                 r[at(n.offset)] = value;

@@ -58,7 +58,8 @@ class ShortLength {
         const Complex u = add(x_[1], x_[2]);
         const Complex d = sub(x_[1], x_[2]);
         const auto w = [&](Ref x, Ref part) {
-            return g_.round(g_.sub(g_.widen(x), product(part, half)));
+            const Ref halved = product(part, half);
+            return g_.round(g_.sub(g_.widen(x), halved));
         };
         const Complex even = {w(x_[0].re, u.re), w(x_[0].im, u.im)};
         const Ref p = g_.round(product(d.im, c));
@@ -89,17 +90,27 @@ class ShortLength {
         const Complex c = sub(x_[1], x_[4]);
         const Complex d = sub(x_[3], x_[2]);
         const auto p = [&](Ref x, Ref pa, Ref pb) {
-            return g_.round(g_.sub(g_.add(product(pa, c1), g_.widen(x)), product(pb, c2)));
+            const Ref second = product(pb, c2);
+            const Ref wide = g_.widen(x);
+            const Ref first = product(pa, c1);
+            return g_.round(g_.sub(g_.add(first, wide), second));
         };
         const auto q = [&](Ref x, Ref pa, Ref pb) {
-            return g_.round(g_.add(g_.sub(g_.widen(x), product(pa, c2)), product(pb, c1)));
+            const Ref second = product(pb, c1);
+            const Ref first = product(pa, c2);
+            const Ref wide = g_.widen(x);
+            return g_.round(g_.add(g_.sub(wide, first), second));
         };
         const Complex P = {p(x_[0].re, a.re, b.re), p(x_[0].im, a.im, b.im)};
         const Complex Q = {q(x_[0].re, a.re, b.re), q(x_[0].im, a.im, b.im)};
-        const Ref R = g_.round(g_.sub(product(c.im, s1), product(d.im, s2)));
-        const Ref T = g_.round(g_.add(product(c.im, s2), product(d.im, s1)));
-        const Ref U = g_.round(g_.sub(product(d.re, s2), product(c.re, s1)));
-        const Ref V = g_.round(g_.add(product(c.re, s2), product(d.re, s1)));
+        const Ref d_im_s2 = product(d.im, s2);
+        const Ref R = g_.round(g_.sub(product(c.im, s1), d_im_s2));
+        const Ref d_im_s1 = product(d.im, s1);
+        const Ref T = g_.round(g_.add(product(c.im, s2), d_im_s1));
+        const Ref c_re_s1 = product(c.re, s1);
+        const Ref U = g_.round(g_.sub(product(d.re, s2), c_re_s1));
+        const Ref d_re_s1 = product(d.re, s1);
+        const Ref V = g_.round(g_.add(product(c.re, s2), d_re_s1));
         y_[0] = add(add(x_[0], a), b);
         y_[1] = {g_.add(P.re, R), g_.add(P.im, U)};
         y_[2] = {g_.add(Q.re, T), g_.sub(Q.im, V)};

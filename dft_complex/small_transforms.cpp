@@ -97,9 +97,13 @@ Points three_with_conjugate_factors(ComplexAlgebra& m, const Points& x,
     }
     const ComplexVector s = m.add(x[1], x[2]);
     const ComplexVector t = m.sub(x[1], x[2]);
-    const ComplexVector u = m.add(m.times(s, c), m.times(t, id));
+    const ComplexVector t_id = m.times(t, id);
+    const ComplexVector s_c = m.times(s, c);
+    const ComplexVector u = m.add(s_c, t_id);
     const ComplexVector even = m.sub(x[0], m.scaled(u, Exact::rational(1, 2)));
-    const ComplexVector odd = m.add(m.times(s, sine_d), m.times(t, turned_sine_c));
+    const ComplexVector t_c = m.times(t, turned_sine_c);
+    const ComplexVector s_d = m.times(s, sine_d);
+    const ComplexVector odd = m.add(s_d, t_c);
     return {m.add(x[0], u), m.add(even, odd), m.sub(even, odd)};
 }
 

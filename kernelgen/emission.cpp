@@ -43,7 +43,7 @@ class Emitter {
         const Node& n = graph_.node(id);
         if (n.op == Op::Store || n.op == Op::StoreLow || n.op == Op::StoreHigh) return store(n);
         const std::string name = "v" + std::to_string(names_.size());
-        const std::string text =
+        std::string text =
             std::string("const ") + type_name(n.type) + " " + name + " = " + expression(n) + ";";
         names_[id] = name;
         return text;
