@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <set>
 
 #include "dft_complex/decompositions.hpp"
@@ -129,7 +128,8 @@ Points RealDft::transposed(ComplexAlgebra& algebra, const HalfSpectrum& spectrum
         contribute(odd_[k], spectrum.odd[k]);
     }
     Points r(at(length_));
-    for (NodeId id : std::views::reverse(needed_)) {
+    for (std::size_t i = needed_.size(); i-- > 0;) {
+        const NodeId id = needed_[i];
         const Node& n = graph_.node(id);
         const ComplexVector value = sums[id];
         switch (n.op) {
