@@ -82,7 +82,8 @@ TEST(ExactConstant, CosinesAndSinesHaveTheValueOfTheirTurn) {
 }
 
 TEST(ExactConstant, RationalsAreReduced) {
-    const Exact::Expression& e = Exact::rational(-6, 8).expression();
+    const Exact fraction = Exact::rational(-6, 8);
+    const Exact::Expression& e = fraction.expression();
     EXPECT_EQ(e.numerator, -3);
     EXPECT_EQ(e.denominator, 4);
 }
