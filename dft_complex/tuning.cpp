@@ -12,8 +12,9 @@ struct Winner {
     const char* order;
 };
 
-// Written by tune_dft_complex; the cost it minimised stands in the manifest. At 19 and 56 the fastest
-// by the clock of its best few was taken, 6 and 12 percent ahead of the one with the least cost.
+// Written by tune_dft_complex; the cost it minimised stands in the manifest. At 19 and 56 the
+// fastest by the clock of its best few was taken, 6 and 12 percent ahead of the one with the least
+// cost.
 constexpr Winner kWinners[] = {
 #include "dft_complex/tuned_32fc.inc"
 };
