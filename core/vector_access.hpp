@@ -13,12 +13,16 @@ namespace core {
 struct Aligned {
     static __m128 load(const float* p) { return _mm_load_ps(p); }
     static void store(float* p, __m128 v) { _mm_store_ps(p, v); }
+    static __m128d load(const double* p) { return _mm_load_pd(p); }
+    static void store(double* p, __m128d v) { _mm_store_pd(p, v); }
 };
 
 /** Whole vectors anywhere. */
 struct Unaligned {
     static __m128 load(const float* p) { return _mm_loadu_ps(p); }
     static void store(float* p, __m128 v) { _mm_storeu_ps(p, v); }
+    static __m128d load(const double* p) { return _mm_loadu_pd(p); }
+    static void store(double* p, __m128d v) { _mm_storeu_pd(p, v); }
 };
 
 // Half vectors have no alignment of their own in either path.

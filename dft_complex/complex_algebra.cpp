@@ -15,6 +15,9 @@ bool is_real(const ExactComplex& f) {
 bool is_imaginary(const ExactComplex& f) {
     return f.re.is_zero();
 }
+bool is_minus_i(const ExactComplex& f) {
+    return is_imaginary(f) && (-f.im).is_one();
+}
 // On the diagonals a factor (1 +- i) c costs a sum and one product for each part.
 bool is_diagonal(const ExactComplex& f) {
     return f.re.key() == f.im.key();
@@ -80,7 +83,8 @@ class InterleavedAlgebra : public ComplexAlgebra {
         return {graph_.flip(exchanged(x.re), {first, second, first, second}), {}};
     }
     ComplexVector turned_scaled(const ComplexVector& x, const Exact& c) override {
-        if (x.is_zero()) return x;
+        if (x.is_zero() || c.is_zero()) return {};
+        if (c.is_one()) return turned(x);
         return {graph_.mul(exchanged(x.re), parts(c, -c)), {}};
     }
     ComplexVector times(const ComplexVector& x, const std::vector<ExactComplex>& factors) override {
@@ -92,6 +96,7 @@ class InterleavedAlgebra : public ComplexAlgebra {
             append(s, -factor.im, factor.im);
         }
         if (all_of(factors, is_real)) return {graph_.mul(x.re, c), {}};
+        if (all_of(factors, is_minus_i)) return turned(x);
         if (all_of(factors, is_imaginary)) return {graph_.mul(exchanged(x.re), s), {}};
         if (all_of(factors, is_diagonal))
             return {graph_.mul(graph_.sub(x.re, turned(x).re), c), {}};

@@ -5,13 +5,16 @@ namespace dft_complex {
 
 // For each residue c modulo b, X_c[k] = DFT of length a over j of x[c + b j]. With the twiddle
 // factors w^(c k), w = exp(-2 pi i / N), Y_k[m] = DFT of length b over c of w^(c k) X_c[k] is
-// output k + a m. For b = 3 the class c = 2 is taken as c = -1, which only turns the DFT over c by
-// a factor that k + a m does not see, and makes the factors of the two classes conjugate.
-Signal cooley_tukey(Network& net, const Rule& rule_a, const Rule& rule_b, const Signal& x) {
+// output k + a m. The class c - b stands for the class c as well: the powers of exp(-2 pi i / b) in
+// the DFT over c are the same.
+Signal cooley_tukey(Network& net, const Rule& rule_a, const Rule& rule_b, Residues residues,
+                    const Signal& x) {
     const int a = rule_a.length;
     const int b = rule_b.length;
     const int length = a * b;
-    const auto residue = [&](int c) { return b == 3 && c == 2 ? -1 : c; };
+    const auto residue = [&](int c) {
+        return residues == Residues::AroundZero && b % 2 != 0 && 2 * c > b ? c - b : c;
+    };
     std::vector<Signal> X;
     for (int c = 0; c < b; ++c) {
         X.push_back(dft(net, rule_a, signal(a, [&](int j) {

@@ -33,14 +33,17 @@ void write(const std::filesystem::path& path, const std::string& text) {
 void run(const std::filesystem::path& folder, const char* manifest) {
     std::filesystem::create_directories(folder);
     std::string lines = manifest_header() + "\n";
-    for (Direction direction : {Direction::Forward, Direction::Inverse}) {
-        const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
-        for (int n = kShortestLength; n <= kLongestLength; ++n) {
-            const Kernel kernel = single_precision_kernel(n, direction);
-            write(folder / (prefix + "_" + std::to_string(n) + "_32fc.cpp"), kernel_source(kernel));
-            if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
+    for (Element element : kElements) {
+        const std::string end = "_" + suffix(element) + ".cpp";
+        for (Direction direction : kDirections) {
+            const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
+            for (int n = kShortestLength; n <= kLongestLength; ++n) {
+                const Kernel kernel = proven_kernel(n, direction, element);
+                write(folder / (prefix + "_" + std::to_string(n) + end), kernel_source(kernel));
+                if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
+            }
+            write(folder / (prefix + end), dispatcher_source(direction, element));
         }
-        write(folder / (prefix + "_32fc.cpp"), dispatcher_source(direction));
     }
     if (manifest != nullptr) write(manifest, lines);
 }

@@ -15,7 +15,7 @@ std::string manifest_line(const Kernel& kernel);
 /** Names the columns of manifest_line. */
 std::string manifest_header();
 
-/** The C++ file of the dispatcher by length for one direction. */
-std::string dispatcher_source(Direction direction);
+/** The C++ file of the dispatcher by length. */
+std::string dispatcher_source(Direction direction, Element element);
 
 }  // namespace dft_complex

@@ -3,41 +3,60 @@
 #include <stdexcept>
 
 #include "dft_complex/decompositions.hpp"
+#include "dft_complex/element_layout.hpp"
 #include "dft_complex/short_lengths.hpp"
 #include "dft_complex/tuning.hpp"
 #include "kernelgen/proof.hpp"
 
 namespace dft_complex {
 
-const TableRow& row_of(int length) {
+const TableRow& row_of(int length, Element element) {
     if (length < kShortestLength || length > kLongestLength)
         throw std::out_of_range("no kernel of length " + std::to_string(length));
-    return single_precision_table()[static_cast<std::size_t>(length - kShortestLength)];
+    const auto& table =
+        element == Element::Complex32 ? single_precision_table() : double_precision_table();
+    return table[static_cast<std::size_t>(length - kShortestLength)];
 }
 
 std::string Kernel::name() const {
     return std::string(direction == Direction::Forward ? "qsvgDFTFwd" : "qsvgDFTInv") + "_CToC_" +
-           std::to_string(length) + "_32fc";
+           std::to_string(length) + "_" + suffix(element);
 }
 
 std::string Kernel::twin_name() const {
-    if (length <= kLongestShortLength) return {};
+    // Short kernels serve any array: scalars do by themselves, the others hold both copies.
+    if (length <= (element == Element::Complex32 ? 5 : 4)) return {};
     return "owng" + name().substr(4) + "_unaligned";
 }
 
-Kernel draft_kernel(int length, Direction direction, const std::vector<LaneChoice>& choices) {
-    const Rule& rule = row_of(length).rule;
-    if (length <= kLongestShortLength)
-        return {length, direction, rule, short_length(length, direction)};
-    Network network;
-    const Signal outputs = dft(network, rule, network.input(length));
-    PackedKernel packed = lay_out_packed(network, outputs, direction, lane_policy(length), choices);
-    return {length, direction, rule, std::move(packed.graph), std::move(packed.choices)};
+bool Kernel::is_scalar() const {
+    return element == Element::Complex32 && length <= kLongestShortLength;
 }
 
-Kernel single_precision_kernel(int length, Direction direction) {
-    const Tuning tuning = tuning_of(length);
-    Kernel kernel = draft_kernel(length, direction, tuning.lanes);
+Kernel draft_kernel(int length, Direction direction, Element element,
+                    const std::vector<LaneChoice>& choices) {
+    const Rule& rule = row_of(length, element).rule;
+    Kernel kernel{length, direction, element, rule, {}};
+    if (length <= kLongestShortLength) {
+        kernel.graph = element == Element::Complex32 ? short_length(length, direction)
+                                                     : short_length_by_elements(length, direction);
+        return kernel;
+    }
+    Network network;
+    const Signal outputs = dft(network, rule, network.input(length));
+    if (element == Element::Complex64) {
+        kernel.graph = lay_out_by_elements(network, outputs, direction);
+        return kernel;
+    }
+    PackedKernel packed = lay_out_packed(network, outputs, direction, lane_policy(length), choices);
+    kernel.graph = std::move(packed.graph);
+    kernel.choices = std::move(packed.choices);
+    return kernel;
+}
+
+Kernel proven_kernel(int length, Direction direction, Element element) {
+    const Tuning tuning = tuning_of(length, element);
+    Kernel kernel = draft_kernel(length, direction, element, tuning.lanes);
     kernel.order = tuning.order;
     prove_dft(kernel);
     return kernel;
@@ -50,7 +69,7 @@ LanePolicy lane_policy(int length) {
 
 std::vector<int> batch_sizes(int length) {
     Network network;
-    dft(network, row_of(length).rule, network.input(length));
+    dft(network, row_of(length, Element::Complex32).rule, network.input(length));
     std::vector<int> sizes;
     for (const auto& batch : network.batches()) sizes.push_back(static_cast<int>(batch.size()));
     return sizes;

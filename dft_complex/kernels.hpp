@@ -9,6 +9,7 @@
 
 #include "dft_complex/packed_layout.hpp"
 #include "dft_complex/rules.hpp"
+#include "dft_complex/variant.hpp"
 #include "kernelgen/schedule.hpp"
 
 namespace dft_complex {
@@ -19,25 +20,28 @@ inline constexpr int kLongestLength = 64;
 struct Kernel {
     int length;
     Direction direction;
+    Element element;
     Rule rule;
     Graph graph;
-    std::vector<LaneChoice> choices = {};
+    std::vector<LaneChoice> choices = {};  ///< of Complex32
     std::string order = {};  ///< method of the schedule, empty for the cheapest plain one
 
     /** "qsvgDFTFwd_CToC_15_32fc" */
     std::string name() const;
     /** The hidden twin for unaligned arrays, or an empty text where there is none. */
     std::string twin_name() const;
+    bool is_scalar() const;
 };
 
 /** The row of the rule table; throws std::out_of_range for a length without a kernel. */
-const TableRow& row_of(int length);
+const TableRow& row_of(int length, Element element);
 
-/** The single-precision kernel of `length`, proven against the definition of the DFT. */
-Kernel single_precision_kernel(int length, Direction direction);
+/** The kernel of `length`, proven against the definition of the DFT. */
+Kernel proven_kernel(int length, Direction direction, Element element);
 
-/** The same with given lane choices, unproven: for searches. */
-Kernel draft_kernel(int length, Direction direction, const std::vector<LaneChoice>& choices);
+/** Unproven, with given lane choices (of Complex32): for searches. */
+Kernel draft_kernel(int length, Direction direction, Element element,
+                    const std::vector<LaneChoice>& choices);
 
 /** Powers of two move lanes in loads, transposes and stores only, so they stay split throughout. */
 LanePolicy lane_policy(int length);

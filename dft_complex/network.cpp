@@ -26,9 +26,9 @@ Signal Network::input(int length) const {
     return x;
 }
 
-Signal Network::transform(int radix, const Signal& x) {
+Signal Network::transform(int radix, const Signal& x, SmallForm form) {
     const int index = static_cast<int>(transforms_.size());
-    transforms_.push_back({radix, x});
+    transforms_.push_back({radix, x, form});
     Signal y;
     for (int k = 0; k < radix; ++k) y.push_back({.source = {index, k}});
     return y;

@@ -11,6 +11,7 @@
 #include <optional>
 #include <vector>
 
+#include "dft_complex/rules.hpp"
 #include "kernelgen/exact_constant.hpp"
 
 namespace dft_complex {
@@ -49,12 +50,13 @@ struct SmallTransform {
     static constexpr int kSum = 1;
     int radix;
     Signal inputs;
+    SmallForm form = SmallForm::Usual;
 };
 
 class Network {
   public:
     Signal input(int length) const;
-    Signal transform(int radix, const Signal& x);
+    Signal transform(int radix, const Signal& x, SmallForm form = SmallForm::Usual);
     Value sum(const Value& a, const Value& b);
 
     const std::vector<SmallTransform>& transforms() const { return transforms_; }

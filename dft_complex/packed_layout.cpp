@@ -109,31 +109,19 @@ class PackedLayout {
 
     Points transformed(LaneRegroup& regroup, const Homes& sources, ComplexAlgebra& algebra,
                        int radix, std::vector<SlotVector> points) {
-        const std::vector<ExactComplex> factors = factors_of(points[1]);
-        const bool fold = radix == 3 && conjugate(factors, factors_of(points[2]));
+        std::vector<Factors> factors;
+        for (const SlotVector& vector : points) factors.push_back(factors_of(vector));
+        const bool fold = conjugate_pairs(factors);
         if (fold) {
-            for (std::size_t slot : {1, 2}) {
-                for (Value& value : points[slot].values) value.factor = {};
+            for (SlotVector& vector : points) {
+                for (Value& value : vector.values) value.factor = {};
             }
         }
         Points x;
         for (const SlotVector& vector : points)
             x.push_back(gather(regroup, sources, algebra, vector));
-        return fold ? three_with_conjugate_factors(algebra, x, factors)
-                    : small_transform(algebra, radix, x);
-    }
-
-    // Factors that are not all 1, and the others their conjugates.
-    static bool conjugate(const std::vector<ExactComplex>& factors,
-                          const std::vector<ExactComplex>& others) {
-        bool plain = true;
-        for (std::size_t i = 0; i < factors.size(); ++i) {
-            if (factors[i].re.key() != others[i].re.key() ||
-                factors[i].im.key() != (-others[i].im).key())
-                return false;
-            plain = plain && factors[i].is_one();
-        }
-        return !plain;
+        return fold ? with_conjugate_factors(algebra, x, factors)
+                    : small_transform(algebra, radix, SmallForm::Usual, x);
     }
 
     const SmallTransform& transform(int index) const {
@@ -317,7 +305,7 @@ class PackedLayout {
     }
 
     // Lanes without a transform take the first one's factor, which keeps uniform factors cheap.
-    static std::vector<ExactComplex> factors_of(const SlotVector& vector) {
+    static Factors factors_of(const SlotVector& vector) {
         std::vector<ExactComplex> factors(lanes_of(vector.layout), leading_factor(vector));
         for (std::size_t i = 0; i < vector.values.size(); ++i) {
             if (!vector.values[i].absent) factors[i] = vector.values[i].factor;

@@ -9,10 +9,9 @@
 
 #include "dft_complex/lane_groups.hpp"
 #include "dft_complex/network.hpp"
+#include "dft_complex/variant.hpp"
 
 namespace dft_complex {
-
-enum class Direction { Forward, Inverse };
 
 struct PackedKernel {
     Graph graph;

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "dft_complex/decompositions.hpp"
+#include "dft_complex/network_evaluation.hpp"
 #include "dft_complex/signals.hpp"
-#include "dft_complex/small_transforms.hpp"
 
 namespace dft_complex {
 namespace {
@@ -22,22 +23,9 @@ Points dft_of_reals(Graph& graph, const Rule& rule) {
     Network network;
     const Signal outputs = dft(network, rule, network.input(rule.length));
     const auto algebra = make_algebra(graph, kScalar, Layout::Split, false);
-    std::map<Source, ComplexVector> values;
-    for (int j = 0; j < rule.length; ++j)
-        values[{Source::kInput, j}] = {graph.load(kScalar, j), {}};
-    const auto evaluate = [&](const Value& value) {
-        return algebra->times(values.at(value.source), {value.factor});
-    };
-    for (int t = 0; t < static_cast<int>(network.transforms().size()); ++t) {
-        const SmallTransform& transform = network.transforms()[at(t)];
-        Points x;
-        for (const Value& value : transform.inputs) x.push_back(evaluate(value));
-        const Points y = small_transform(*algebra, transform.radix, x);
-        for (int k = 0; k < static_cast<int>(y.size()); ++k) values[{t, k}] = y[at(k)];
-    }
-    Points y;
-    for (const Value& value : outputs) y.push_back(evaluate(value));
-    return y;
+    Points u;
+    for (int j = 0; j < rule.length; ++j) u.push_back({graph.load(kScalar, j), {}});
+    return evaluate(*algebra, network, u, outputs, ConjugateFactors::Apart);
 }
 
 void collect(const Graph& graph, Ref value, std::set<NodeId>& nodes) {
@@ -79,10 +67,91 @@ RealDft::RealDft(const Rule& rule) : length_(rule.length) {
         const bool direct = by_k.size() <= by_mirror.size();
         nodes = direct ? by_k : by_mirror;
         const ComplexVector& kept = y[at(direct ? k : mirror)];
-        even_.push_back(kept.re);
-        odd_.push_back(direct ? -kept.im : kept.im);
+        even_.push_back({kept.re});
+        odd_.push_back({direct ? -kept.im : kept.im});
     }
+    join_products_of_products();
+    leave_out_last_products();
+    nodes = nodes_of_outputs();
     needed_.assign(nodes.begin(), nodes.end());
+}
+
+std::set<NodeId> RealDft::nodes_of_outputs() const {
+    std::set<NodeId> nodes;
+    for (const auto* outputs : {&even_, &odd_}) {
+        for (const Output& output : *outputs) collect(graph_, output.value, nodes);
+    }
+    return nodes;
+}
+
+// A product that only other products use goes into their constants.
+void RealDft::join_products_of_products() {
+    const std::set<NodeId> nodes = nodes_of_outputs();
+    std::set<NodeId> used_as_it_is;
+    for (const auto* outputs : {&even_, &odd_}) {
+        for (const Output& output : *outputs) used_as_it_is.insert(output.value.id);
+    }
+    for (NodeId id : nodes) {
+        const Node& n = graph_.node(id);
+        if (n.op == Op::Add || n.op == Op::Sub) used_as_it_is.insert({n.a, n.b});
+    }
+    Graph joined;
+    std::map<NodeId, Ref> image;
+    for (NodeId id : nodes) {
+        const Node& n = graph_.node(id);
+        switch (n.op) {
+            case Op::Load:
+                image[id] = joined.load(kScalar, n.offset);
+                break;
+            case Op::Add:
+                image[id] = joined.add(image.at(n.a), image.at(n.b));
+                break;
+            case Op::Sub:
+                image[id] = joined.sub(image.at(n.a), image.at(n.b));
+                break;
+            case Op::Mul: {
+                Exact constant = constant_of(graph_, n);
+                NodeId factor = factor_of(graph_, n);
+                while (graph_.node(factor).op == Op::Mul && !used_as_it_is.contains(factor)) {
+                    constant = Exact::product({constant, constant_of(graph_, graph_.node(factor))});
+                    factor = factor_of(graph_, graph_.node(factor));
+                }
+                image[id] = joined.mul(image.at(factor), {constant});
+                break;
+            }
+            default:
+                break;
+        }
+    }
+    for (auto* outputs : {&even_, &odd_}) {
+        for (Output& output : *outputs) {
+            if (output.value.is_zero()) continue;
+            const Ref value = image.at(output.value.id);
+            output.value = {value.id, value.negative != output.value.negative};
+        }
+    }
+    graph_ = std::move(joined);
+}
+
+void RealDft::leave_out_last_products() {
+    std::map<NodeId, int> uses;
+    for (const auto* outputs : {&even_, &odd_}) {
+        for (const Output& output : *outputs) {
+            if (!output.value.is_zero()) ++uses[output.value.id];
+        }
+    }
+    for (NodeId id : nodes_of_outputs()) {
+        for (NodeId operand : operands(graph_.node(id))) ++uses[operand];
+    }
+    for (auto* outputs : {&even_, &odd_}) {
+        for (Output& output : *outputs) {
+            if (output.value.is_zero()) continue;
+            const Node& n = graph_.node(output.value.id);
+            if (n.op != Op::Mul || uses[output.value.id] > 1) continue;
+            output.factor = constant_of(graph_, n);
+            output.value.id = factor_of(graph_, n);
+        }
+    }
 }
 
 RealDft::HalfSpectrum RealDft::forward(ComplexAlgebra& algebra, const Points& u) const {
@@ -111,8 +180,8 @@ RealDft::HalfSpectrum RealDft::forward(ComplexAlgebra& algebra, const Points& u)
         return ref.is_zero() ? ComplexVector{} : signed_by(values.at(ref.id), ref.negative);
     };
     HalfSpectrum spectrum;
-    for (Ref ref : even_) spectrum.even.push_back(value(ref));
-    for (Ref ref : odd_) spectrum.odd.push_back(value(ref));
+    for (const Output& output : even_) spectrum.even.push_back(value(output.value));
+    for (const Output& output : odd_) spectrum.odd.push_back(value(output.value));
     return spectrum;
 }
 
@@ -124,8 +193,8 @@ Points RealDft::transposed(ComplexAlgebra& algebra, const HalfSpectrum& spectrum
         sum = algebra.add(sum, signed_by(value, to.negative));
     };
     for (std::size_t k = 0; k < even_.size(); ++k) {
-        contribute(even_[k], spectrum.even[k]);
-        contribute(odd_[k], spectrum.odd[k]);
+        contribute(even_[k].value, spectrum.even[k]);
+        contribute(odd_[k].value, spectrum.odd[k]);
     }
     Points r(at(length_));
     for (std::size_t i = needed_.size(); i-- > 0;) {

@@ -10,21 +10,40 @@
 
 namespace dft_complex {
 
+/** How a small transform is calculated, where there is a choice. */
+enum class SmallForm {
+    Usual,         ///< 3, 5, 7, 11 from their pairs, primes from 13 on by Rader's form
+    HalfSumOfTwo,  ///< 5 by half the sum and half the difference of its two cosines
+    RaderOfSeven,  ///< 7 by Rader's form
+};
+
+/** Which representatives the classes modulo b have in a Cooley-Tukey decomposition. */
+enum class Residues {
+    FromZero,    ///< 0 to b - 1
+    AroundZero,  ///< for odd b, -(b-1)/2 to (b-1)/2: the factors of classes c and -c are conjugate
+};
+
 /** A decomposition of a length, written with the functions below. */
 struct Rule {
-    enum class Form { Small, PrimeFactor, CooleyTukey, Rader, Chirp };
+    enum class Form { Small, PrimeFactor, CooleyTukey, SplitRadix, Rader, Chirp };
     Form form;
     int length;
-    std::vector<Rule> parts;
+    std::vector<Rule> parts;  ///< in order from the input
+    SmallForm small_form = SmallForm::Usual;
+    Residues residues = Residues::AroundZero;
 };
 
 /** A transform run as one step, each in its lane: 2, 3, 4, 5, 7, 8 or 11 points, or a prime from 13
- * to 31 by Rader's form. */
-Rule small(int length);
+ * on by Rader's form. */
+Rule small(int length, SmallForm form = SmallForm::Usual);
 /** Prime-factor decomposition of coprime parts; the first stands nearest to the input. */
 Rule P(const Rule& a, const Rule& b);
+/** The same, where the first of the transforms of length b is taken by a rule of its own. */
+Rule P(const Rule& a, const Rule& b, const Rule& first_of_b);
+/** Split radix of a power of two from 8 on. */
+Rule S(int length);
 /** Cooley-Tukey decomposition; the first part stands nearest to the input. */
-Rule T(const Rule& a, const Rule& b);
+Rule T(const Rule& a, const Rule& b, Residues residues = Residues::AroundZero);
 /** Rader's convolution of length inner.length for the prime inner.length + 1. */
 Rule R(const Rule& inner);
 /** Chirp convolution of length inner.length for the prime p. */
@@ -49,5 +68,7 @@ struct TableRow {
 
 /** Single precision, lengths 2 to 64 in order. */
 const std::vector<TableRow>& single_precision_table();
+/** Double precision, lengths 2 to 64 in order. */
+const std::vector<TableRow>& double_precision_table();
 
 }  // namespace dft_complex

@@ -1,6 +1,9 @@
 #include "dft_complex/small_transforms.hpp"
 
+#include <algorithm>
+
 #include "dft_complex/network.hpp"
+#include "dft_complex/signals.hpp"
 
 namespace dft_complex {
 namespace {
@@ -49,30 +52,54 @@ Points eight(ComplexAlgebra& m, const Points& x) {
             even[2], m.sub(p, rw), even[3], m.sub(q, sw)};
 }
 
-}  // namespace
+// The two cosines are -1/4 +- sqrt(5)/4: half their sum serves both sums of pairs, half their
+// difference takes the difference of the two.
+Points five_by_half_sum(ComplexAlgebra& m, const Points& x) {
+    const ComplexVector a = m.add(x[1], x[4]);
+    const ComplexVector b = m.add(x[2], x[3]);
+    const ComplexVector c = m.sub(x[1], x[4]);
+    const ComplexVector d = m.sub(x[2], x[3]);
+    const ComplexVector both = m.add(a, b);
+    const ComplexVector center = m.sub(x[0], m.scaled(both, Exact::rational(1, 4)));
+    const Exact quarter_root =
+        Exact::product({Exact::rational(1, 4), Exact::square_root(5)});
+    const ComplexVector apart = m.scaled(m.sub(a, b), quarter_root);
+    const ComplexVector even1 = m.add(center, apart);
+    const ComplexVector even2 = m.sub(center, apart);
+    const Exact s1 = Exact::sine(1, 5);
+    const Exact s2 = Exact::sine(2, 5);
+    const ComplexVector c_s1 = m.turned_scaled(c, s1);
+    const ComplexVector odd1 = m.add(c_s1, m.turned_scaled(d, s2));
+    const ComplexVector c_s2 = m.turned_scaled(c, s2);
+    const ComplexVector odd2 = m.sub(c_s2, m.turned_scaled(d, s1));
+    return {m.add(x[0], both), m.add(even1, odd1), m.add(even2, odd2), m.sub(even2, odd2),
+            m.sub(even1, odd1)};
+}
 
-// y[k] and y[p-k] are E[k] -+ i O[k], with E[k] = x[0] + sum of (x[j] + x[p-j]) cos(2 pi j k / p)
-// and O[k] = sum of (x[j] - x[p-j]) sin(2 pi j k / p).
-Points direct_form(ComplexAlgebra& m, const Points& x) {
-    const int p = static_cast<int>(x.size());
-    const int h = (p - 1) / 2;
-    const auto at = [](int i) { return static_cast<std::size_t>(i); };
-    Points a(at(h + 1));
-    Points b(at(h + 1));
-    Points total{x[0]};
-    for (int j = 1; j <= h; ++j) {
-        a[at(j)] = m.add(x[at(j)], x[at(p - j)]);
-        b[at(j)] = m.sub(x[at(j)], x[at(p - j)]);
-        total.push_back(a[at(j)]);
-    }
+/** A pair x[j], x[p-j] of an odd prime's points. */
+struct Pair {
+    ComplexVector sum;
+    ComplexVector difference;
+};
+
+// y[k] and y[p-k] are E[k] -+ i O[k], with E[k] = x[0] + sum of the pairs' sums times
+// cos(2 pi j k / p) and O[k] = sum of their differences times sin(2 pi j k / p). `sine_term` gives
+// -i times a difference times its sine.
+Points from_pairs(ComplexAlgebra& m, const ComplexVector& x0, const std::vector<Pair>& pairs,
+                  const auto& sine_term) {
+    const int h = static_cast<int>(pairs.size());
+    const int p = 2 * h + 1;
+    Points total{x0};
+    for (const Pair& pair : pairs) total.push_back(pair.sum);
     Points y(at(p));
     y[0] = balanced_sum(m, total);
     for (int k = 1; k <= h; ++k) {
-        Points even_terms{x[0]};
-        Points odd_terms;  // of -i O[k]
+        Points even_terms{x0};
+        Points odd_terms;
         for (int j = 1; j <= h; ++j) {
-            even_terms.push_back(m.scaled(a[at(j)], Exact::cosine(j * k, p)));
-            odd_terms.push_back(m.turned_scaled(b[at(j)], Exact::sine(j * k, p)));
+            const Pair& pair = pairs[at(j - 1)];
+            even_terms.push_back(m.scaled(pair.sum, Exact::cosine(j * k, p)));
+            odd_terms.push_back(sine_term(pair.difference, Exact::sine(j * k, p)));
         }
         const ComplexVector even = balanced_sum(m, even_terms);
         const ComplexVector odd = balanced_sum(m, odd_terms);
@@ -82,32 +109,80 @@ Points direct_form(ComplexAlgebra& m, const Points& x) {
     return y;
 }
 
-// f a + conj(f) b = c s + i d t and f a - conj(f) b = c t + i d s, f = c + i d, s = a + b, t = a -
-// b.
-Points three_with_conjugate_factors(ComplexAlgebra& m, const Points& x,
-                                    const std::vector<ExactComplex>& factors) {
-    const Exact zero = Exact::rational(0);
-    const Exact sine = Exact::sine(1, 3);
-    std::vector<ExactComplex> c, id, sine_d, turned_sine_c;
-    for (const ExactComplex& f : factors) {
-        c.push_back({f.re, zero});
-        id.push_back({zero, f.im});
-        sine_d.push_back({Exact::product({sine, f.im}), zero});
-        turned_sine_c.push_back({zero, -Exact::product({sine, f.re})});
+}  // namespace
+
+Points direct_form(ComplexAlgebra& m, const Points& x) {
+    const int p = static_cast<int>(x.size());
+    std::vector<Pair> pairs;
+    for (int j = 1; 2 * j < p; ++j) {
+        const ComplexVector sum = m.add(x[at(j)], x[at(p - j)]);
+        pairs.push_back({sum, m.sub(x[at(j)], x[at(p - j)])});
     }
-    const ComplexVector s = m.add(x[1], x[2]);
-    const ComplexVector t = m.sub(x[1], x[2]);
-    const ComplexVector t_id = m.times(t, id);
-    const ComplexVector s_c = m.times(s, c);
-    const ComplexVector u = m.add(s_c, t_id);
-    const ComplexVector even = m.sub(x[0], m.scaled(u, Exact::rational(1, 2)));
-    const ComplexVector t_c = m.times(t, turned_sine_c);
-    const ComplexVector s_d = m.times(s, sine_d);
-    const ComplexVector odd = m.add(s_d, t_c);
-    return {m.add(x[0], u), m.add(even, odd), m.sub(even, odd)};
+    return from_pairs(m, x[0], pairs, [&](const ComplexVector& difference, const Exact& sine) {
+        return m.turned_scaled(difference, sine);
+    });
 }
 
-Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x) {
+// f a + conj(f) b = c s + i d t and -i (f a - conj(f) b) = d s - i c t, f = c + i d, s = a + b,
+// t = a - b.
+Points with_conjugate_factors(ComplexAlgebra& m, const Points& x,
+                              const std::vector<Factors>& factors) {
+    const int p = static_cast<int>(x.size());
+    const Exact zero = Exact::rational(0);
+    // The only sine of length 3 joins the factors.
+    const Exact weight = p == 3 ? Exact::sine(1, 3) : Exact::rational(1);
+    std::vector<Pair> pairs;
+    for (int j = 1; 2 * j < p; ++j) {
+        Factors c, id, weighted_d, weighted_turned_c;
+        for (const ExactComplex& f : factors[at(j)]) {
+            c.push_back({f.re, zero});
+            id.push_back({zero, f.im});
+            weighted_d.push_back({Exact::product({weight, f.im}), zero});
+            weighted_turned_c.push_back({zero, -Exact::product({weight, f.re})});
+        }
+        const ComplexVector s = m.add(x[at(j)], x[at(p - j)]);
+        const ComplexVector t = m.sub(x[at(j)], x[at(p - j)]);
+        const ComplexVector t_id = m.times(t, id);
+        const ComplexVector s_c = m.times(s, c);
+        const ComplexVector t_c = m.times(t, weighted_turned_c);
+        const ComplexVector s_d = m.times(s, weighted_d);
+        const ComplexVector sum = m.add(s_c, t_id);
+        pairs.push_back({sum, m.add(s_d, t_c)});
+    }
+    return from_pairs(m, x[0], pairs, [&](const ComplexVector& difference, const Exact& sine) {
+        return p == 3 ? difference : m.scaled(difference, sine);
+    });
+}
+
+bool all_one(const Factors& factors) {
+    return std::all_of(factors.begin(), factors.end(),
+                       [](const ExactComplex& f) { return f.is_one(); });
+}
+
+bool conjugate_pairs(const std::vector<Factors>& factors) {
+    const std::size_t p = factors.size();
+    if (p % 2 == 0 || !all_one(factors[0])) return false;
+    bool plain = true;
+    for (std::size_t j = 1; 2 * j < p; ++j) {
+        for (std::size_t i = 0; i < factors[j].size(); ++i) {
+            const ExactComplex& f = factors[j][i];
+            const ExactComplex& g = factors[p - j][i];
+            if (f.re.key() != g.re.key() || f.im.key() != (-g.im).key()) return false;
+        }
+        plain = plain && all_one(factors[j]);
+    }
+    return !plain;
+}
+
+Points small_transform(ComplexAlgebra& algebra, int radix, SmallForm form, const Points& x) {
+    switch (form) {
+        case SmallForm::HalfSumOfTwo:
+            return five_by_half_sum(algebra, x);
+        case SmallForm::RaderOfSeven:
+            return seven_by_rader(algebra, x);
+        case SmallForm::Usual:
+            break;
+    }
     switch (radix) {
         case SmallTransform::kSum:
             return {algebra.add(x[0], x[1])};
@@ -123,7 +198,7 @@ Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x) {
         case 11:
             return direct_form(algebra, x);
         default:
-            return rader_in_lanes(algebra, x);
+            return rader_over_reals(algebra, x);
     }
 }
 

@@ -17,19 +17,30 @@
 namespace dft_complex {
 
 /** DFT of `radix` points, or for SmallTransform::kSum the sum of two. */
-Points small_transform(ComplexAlgebra& algebra, int radix, const Points& x);
+Points small_transform(ComplexAlgebra& algebra, int radix, SmallForm form, const Points& x);
 
-/** DFT of x[0], f x[1] and conj(f) x[2], f a factor for each transform: with the factors taken into
- * the sum and the difference of the pair, sin(2 pi / 3) is folded into them. 16 + 10 where the
- * factors apart take 16 + 12. */
-Points three_with_conjugate_factors(ComplexAlgebra& algebra, const Points& x,
-                                    const std::vector<ExactComplex>& factors);
+/** A constant factor for each transform that shares the vectors. */
+using Factors = std::vector<ExactComplex>;
+
+/** Whether all of `factors` are 1. */
+bool all_one(const Factors& factors);
+/** Whether `factors[j]` and `factors[p - j]` are conjugate for j = 1 to p - 1 and not all are 1. */
+bool conjugate_pairs(const std::vector<Factors>& factors);
+
+/** DFT of an odd prime number of points x[j] times factors[j], which are conjugate pairs: they are
+ * taken into the sum and the difference of a pair, which spares turning a vector by a quarter, and
+ * for three points sin(2 pi / 3) is folded into them (16 + 10 where factors apart take 16 + 12). */
+Points with_conjugate_factors(ComplexAlgebra& algebra, const Points& x,
+                              const std::vector<Factors>& factors);
 
 /** Odd prime p by its pairs: h = (p - 1) / 2 cosines and sines of 2 pi j / p. */
 Points direct_form(ComplexAlgebra& algebra, const Points& x);
 
-/** Primes 13 to 31: Rader's convolution by a real DFT of the permuted points and its transpose, so
- * that each transform stays in its lane and every constant is real. */
-Points rader_in_lanes(ComplexAlgebra& algebra, const Points& x);
+/** Seven points by Rader's convolution, with the parts of its spectrum as they are. */
+Points seven_by_rader(ComplexAlgebra& algebra, const Points& x);
+
+/** Rader's convolution by a real DFT of the permuted points and its transpose, so that each
+ * transform stays in its lane and every constant is real. Primes 7 and 13 to 61. */
+Points rader_over_reals(ComplexAlgebra& algebra, const Points& x);
 
 }  // namespace dft_complex

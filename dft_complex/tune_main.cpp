@@ -25,14 +25,14 @@ using kernelgen::Schedule;
 
 int instructions(const Kernel& kernel, const Schedule& schedule) {
     const Counts c = kernelgen::count(kernel.graph, true);
-    const int over = c.arithmetic() - row_of(kernel.length).arithmetic();
+    const int over = c.arithmetic() - row_of(kernel.length, kernel.element).arithmetic();
     const int penalty = over > 0 ? 1000 * over : 0;
     return c.arithmetic() + c.shuffles + c.flips + c.loads + c.stores + schedule.traffic.total() +
            penalty;
 }
 
 void tune(int length) {
-    Kernel best = draft_kernel(length, Direction::Forward, {});
+    Kernel best = draft_kernel(length, Direction::Forward, Element::Complex32, {});
     int cost = instructions(best, kernelgen::schedule(best.graph, kX86Sse2));
     const std::vector<int> sizes = batch_sizes(length);
     for (bool better = true; better;) {
@@ -44,7 +44,7 @@ void tune(int length) {
                 std::vector<LaneChoice> choices = best.choices;
                 if (choices[batch] == choice) continue;
                 choices[batch] = choice;
-                Kernel next = draft_kernel(length, Direction::Forward, choices);
+                Kernel next = draft_kernel(length, Direction::Forward, Element::Complex32, choices);
                 const int next_cost = instructions(next, kernelgen::schedule(next.graph, kX86Sse2));
                 if (next_cost < cost) {
                     cost = next_cost;

@@ -1,6 +1,6 @@
 #include "dft_complex/tuning.hpp"
 
-#include <map>
+#include <span>
 #include <sstream>
 
 namespace dft_complex {
@@ -15,14 +15,19 @@ struct Winner {
 // Written by tune_dft_complex; the cost it minimised stands in the manifest. At 19 and 56 the
 // fastest by the clock of its best few was taken, 6 and 12 percent ahead of the one with the least
 // cost.
-constexpr Winner kWinners[] = {
+constexpr Winner kSingleWinners[] = {
 #include "dft_complex/tuned_32fc.inc"
+};
+constexpr Winner kDoubleWinners[] = {
+#include "dft_complex/tuned_64fc.inc"
 };
 
 }  // namespace
 
-Tuning tuning_of(int length) {
-    for (const Winner& winner : kWinners) {
+Tuning tuning_of(int length, Element element) {
+    const std::span<const Winner> winners =
+        element == Element::Complex32 ? std::span<const Winner>(kSingleWinners) : kDoubleWinners;
+    for (const Winner& winner : winners) {
         if (winner.length != length) continue;
         Tuning tuning{.lanes = {}, .order = winner.order};
         std::istringstream words(winner.lanes);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "dft_complex/lane_groups.hpp"
+#include "dft_complex/variant.hpp"
 
 namespace dft_complex {
 
@@ -15,6 +16,6 @@ struct Tuning {
 };
 
 /** What tune_dft_complex found best for this length; empty where it has not searched. */
-Tuning tuning_of(int length);
+Tuning tuning_of(int length, Element element);
 
 }  // namespace dft_complex

@@ -11,7 +11,7 @@
  * Scaling    s is chosen by the flag (see QsvScaleFlag); every output is multiplied once by s.
  * Aliasing   Source and destination may be the same array, with the same bits as out of place.
  *            A partial overlap is not supported.
- * Alignment  Any address that suits the element (4 bytes) is accepted. Where both arrays stand on
+ * Alignment  Any address of whole 32-bit words is accepted. Where both arrays stand on
  *            16-byte boundaries a faster path runs, with the same bits.
  * Threads    Every function is a pure function of its arguments: no state, no lock, no allocation.
  * Errors     Checked in this order: length (dispatchers only), source and destination pointer,
@@ -110,11 +110,23 @@ QSVG_API QsvStatus qsvgDFTFwd_CToC_32fc(const Complex32* src, Complex32* dst, in
 QSVG_API QsvStatus qsvgDFTInv_CToC_32fc(const Complex32* src, Complex32* dst, int32_t length,
                                         int32_t flag);
 
-/** Complex DFT kernels of one length each: qsvgDFTFwd_CToC_2_32fc to qsvgDFTInv_CToC_64_32fc. */
+/** qsvgDFTFwd_CToC_32fc in double precision. */
+QSVG_API QsvStatus qsvgDFTFwd_CToC_64fc(const Complex64* src, Complex64* dst, int32_t length,
+                                        int32_t flag);
+/** qsvgDFTInv_CToC_32fc in double precision. */
+QSVG_API QsvStatus qsvgDFTInv_CToC_64fc(const Complex64* src, Complex64* dst, int32_t length,
+                                        int32_t flag);
+
+/** Complex DFT kernels of one length each: qsvgDFTFwd_CToC_2_32fc to qsvgDFTInv_CToC_64_32fc and
+ *  qsvgDFTFwd_CToC_2_64fc to qsvgDFTInv_CToC_64_64fc. */
 #define QSVG_DECLARE_DFT_COMPLEX(N)                                                     \
     QSVG_API QsvStatus qsvgDFTFwd_CToC_##N##_32fc(const Complex32* src, Complex32* dst, \
                                                   int32_t flag);                        \
     QSVG_API QsvStatus qsvgDFTInv_CToC_##N##_32fc(const Complex32* src, Complex32* dst, \
+                                                  int32_t flag);                        \
+    QSVG_API QsvStatus qsvgDFTFwd_CToC_##N##_64fc(const Complex64* src, Complex64* dst, \
+                                                  int32_t flag);                        \
+    QSVG_API QsvStatus qsvgDFTInv_CToC_##N##_64fc(const Complex64* src, Complex64* dst, \
                                                   int32_t flag);
 QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_DFT_COMPLEX)
 #undef QSVG_DECLARE_DFT_COMPLEX

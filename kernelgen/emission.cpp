@@ -59,12 +59,14 @@ class Emitter {
             case Op::StoreHigh:
                 return "store_high(" + place + ", " + value + ");";
             default:
-                return memory(n.offset) + "::store(" + place + ", " + value + ");";
+                return memory(n) + "::store(" + place + ", " + value + ");";
         }
     }
 
     // A row that starts off a 16-byte boundary is moved unaligned on the aligned path as well.
-    static std::string memory(int offset) { return offset % 4 == 0 ? "Memory" : "Unaligned"; }
+    static std::string memory(const Node& n) {
+        return n.offset % lane_count(n.type) == 0 ? "Memory" : "Unaligned";
+    }
 
     std::string expression(const Node& n) {
         const bool scalar = lane_count(n.type) == 1;
@@ -72,7 +74,7 @@ class Emitter {
         switch (n.op) {
             case Op::Load:
                 if (scalar) return "x[" + std::to_string(n.offset) + "]";
-                return memory(n.offset) + "::load(" + place + ")";
+                return memory(n) + "::load(" + place + ")";
             case Op::LoadLow:
                 return "load_low(" + place + ")";
             case Op::LoadHigh:
