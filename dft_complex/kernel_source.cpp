@@ -147,6 +147,12 @@ std::string kernel_source(const Kernel& kernel) {
     text += "// Rule " + to_string(kernel.rule) + "; order: " + schedule.method + ".\n";
     text += "// " + counts_comment(counts_of(kernel)) + ".\n";
     text += "// Made by the kernel compiler; do not edit.\n\n";
+    if (!kernel.option.empty()) {
+        text += "#if defined(__GNUC__) && !defined(__clang__)\n"
+                "// Spares this kernel moves between registers and stack.\n"
+                "#pragma GCC optimize(\"" +
+                kernel.option + "\")\n#endif\n\n";
+    }
     text += "#include \"core/frame.hpp\"\n";
     if (!kernel.is_scalar()) text += "#include \"core/vector_access.hpp\"\n";
     text += "\nnamespace {\n\n" + scale_table(kernel);
@@ -159,7 +165,7 @@ std::string kernel_source(const Kernel& kernel) {
 std::string manifest_header() {
     return "kernel,rule,sums,differences,products,table_sums,table_products,wide_sums,"
            "wide_differences,wide_products,flips,shuffles,loads,stores,order,"
-           "modelled_stack_accesses,lanes,hash";
+           "modelled_stack_accesses,lanes,option,hash";
 }
 
 std::string manifest_line(const Kernel& kernel) {
@@ -177,7 +183,7 @@ std::string manifest_line(const Kernel& kernel) {
     char hash[20];
     std::snprintf(hash, sizeof hash, "%016llx",
                   static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));
-    return line + "," + hash;
+    return line + "," + kernel.option + "," + hash;
 }
 
 std::string dispatcher_source(Direction direction, Element element) {

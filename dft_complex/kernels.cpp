@@ -58,6 +58,7 @@ Kernel proven_kernel(int length, Direction direction, Element element) {
     const Tuning tuning = tuning_of(length, element);
     Kernel kernel = draft_kernel(length, direction, element, tuning.lanes);
     kernel.order = tuning.order;
+    kernel.option = tuning.option;
     prove_dft(kernel);
     return kernel;
 }

@@ -24,7 +24,8 @@ struct Kernel {
     Rule rule;
     Graph graph;
     std::vector<LaneChoice> choices = {};  ///< of Complex32
-    std::string order = {};  ///< method of the schedule, empty for the cheapest plain one
+    std::string order = {};   ///< method of the schedule, empty for the cheapest plain one
+    std::string option = {};  ///< of GCC for this kernel, without its "-f"
 
     /** "qsvgDFTFwd_CToC_15_32fc" */
     std::string name() const;

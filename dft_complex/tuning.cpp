@@ -10,6 +10,7 @@ struct Winner {
     int length;
     const char* lanes;  ///< one choice a batch, in order of the batches
     const char* order;
+    const char* option = "";
 };
 
 // Written by tune_dft_complex; the cost it minimised stands in the manifest. At 19 and 56 the
@@ -29,7 +30,7 @@ Tuning tuning_of(int length, Element element) {
         element == Element::Complex32 ? std::span<const Winner>(kSingleWinners) : kDoubleWinners;
     for (const Winner& winner : winners) {
         if (winner.length != length) continue;
-        Tuning tuning{.lanes = {}, .order = winner.order};
+        Tuning tuning{.lanes = {}, .order = winner.order, .option = winner.option};
         std::istringstream words(winner.lanes);
         for (std::string word; words >> word;)
             tuning.lanes.push_back(LaneChoice::from_string(word));

@@ -13,6 +13,7 @@ namespace dft_complex {
 struct Tuning {
     std::vector<LaneChoice> lanes;
     std::string order;  ///< a method of kernelgen::schedule_by, or empty for the cheapest plain one
+    std::string option;  ///< of GCC, without its "-f", or empty
 };
 
 /** What tune_dft_complex found best for this length; empty where it has not searched. */

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <map>
 #include <random>
+#include <set>
 #include <stdexcept>
 
 namespace kernelgen {
@@ -249,19 +250,28 @@ Schedule schedule(const Graph& graph, const Target& target) {
     return best;
 }
 
-Schedule search_schedule(const Graph& graph, const Target& target, int seeds) {
-    Schedule best = schedule(graph, target);
+std::vector<Schedule> search_schedules(const Graph& graph, const Target& target, int seeds) {
+    std::vector<Schedule> found;
+    std::set<Order> known;
+    const auto consider = [&](const std::string& method) {
+        Schedule next = schedule_by(method, graph, target);
+        if (known.insert(next.order).second) found.push_back(std::move(next));
+    };
+    consider("depth first");
+    consider("source");
     for (bool outputs_first : {false, true}) {
-        for (int leaf : {2, 4, 8, 12, 16, 24, 32}) {
+        for (int leaf : {2, 4, 8, 12, 16, 24, 32, 48}) {
             for (int seed = 0; seed < seeds; ++seed) {
-                const BisectionVariant variant{outputs_first, leaf,
-                                               static_cast<std::uint32_t>(seed)};
-                const Schedule next = schedule_by(variant.to_string(), graph, target);
-                if (next.traffic.total() < best.traffic.total()) best = next;
+                consider(
+                    BisectionVariant{outputs_first, leaf, static_cast<std::uint32_t>(seed)}
+                        .to_string());
             }
         }
     }
-    return best;
+    std::stable_sort(found.begin(), found.end(), [](const Schedule& a, const Schedule& b) {
+        return a.traffic.total() < b.traffic.total();
+    });
+    return found;
 }
 
 }  // namespace kernelgen

@@ -52,7 +52,8 @@ Schedule schedule(const Graph& graph, const Target& target);
 /** The named order; `method` is as an earlier Schedule's. Throws std::invalid_argument. */
 Schedule schedule_by(const std::string& method, const Graph& graph, const Target& target);
 
-/** The order with the least traffic among `seeds` seeds of all variants of the bisection too. */
-Schedule search_schedule(const Graph& graph, const Target& target, int seeds);
+/** All of these orders and those of `seeds` seeds of all variants of the bisection, each once, that
+ * with the least traffic first. */
+std::vector<Schedule> search_schedules(const Graph& graph, const Target& target, int seeds);
 
 }  // namespace kernelgen

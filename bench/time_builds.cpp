@@ -1,0 +1,80 @@
+/**
+ * @file
+ * @brief Times one exported kernel of several shared objects: time_builds KERNEL FILE...
+ *
+ * Prints a line a file, in the order given: TSC cycles of a call, the fastest of many batches that
+ * take turns.
+ */
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <random>
+#include <stdexcept>
+#include <vector>
+
+#include "batch_clock.hpp"
+#include "qsvgen.h"
+
+namespace bench {
+namespace {
+
+constexpr int kRounds = 4000;
+constexpr std::size_t kArrayBytes = 64 * sizeof(Complex64);
+
+using Kernel = QsvStatus(const void* src, void* dst, int32_t flag);
+
+struct Build {
+    Kernel* kernel;
+    double cycles;
+};
+
+// A file need not be a whole library. It stays open until the process ends.
+Kernel* Open(const char* file, const char* name) {
+    void* handle = dlopen(file, RTLD_NOW | RTLD_LOCAL);
+    void* kernel = handle == nullptr ? nullptr : dlsym(handle, name);
+    if (kernel == nullptr) throw std::runtime_error(dlerror());
+    return reinterpret_cast<Kernel*>(kernel);
+}
+
+void Run(const char* name, const std::vector<const char*>& files) {
+    std::vector<Build> builds;
+    for (const char* file : files) builds.push_back({Open(file, name), 1e300});
+    // Zeros would do for the time as well, but not for a kernel that meets denormals.
+    alignas(64) static unsigned char source[kArrayBytes];
+    alignas(64) static unsigned char destination[kArrayBytes];
+    std::mt19937 random(1);
+    for (std::size_t i = 0; i < kArrayBytes / sizeof(float); ++i)
+        reinterpret_cast<float*>(source)[i] = static_cast<float>(random()) * 0x1p-32F + 1;
+    const int calls =
+        CallsPerBatch([&] { builds.front().kernel(source, destination, qsvScaleNone); });
+    for (int round = 0; round < kRounds; ++round) {
+        for (std::size_t i = 0; i < builds.size(); ++i) {
+            Build& build = builds[(i + static_cast<std::size_t>(round)) % builds.size()];
+            const auto call = [&] { build.kernel(source, destination, qsvScaleNone); };
+            call();
+            build.cycles = std::min(build.cycles,
+                                    static_cast<double>(TimeBatch(calls, call)) / calls);
+        }
+    }
+    for (const Build& build : builds) std::printf("%.1f\n", build.cycles);
+}
+
+}  // namespace
+}  // namespace bench
+
+int main(int argc, char** argv) {
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: %s KERNEL FILE...\n", argv[0]);
+        return 2;
+    }
+    try {
+        bench::Run(argv[1], {argv + 2, argv + argc});
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
+        return 1;
+    }
+    return 0;
+}
