@@ -35,8 +35,7 @@ Rule inner_rule(int p) {
         case 43:
             return P(P(n2, n7), n3);
         case 47:
-            // 22 has the factor 11, so that Rader's form would take as many products and more sums.
-            return P(n2, small(23, SmallForm::Pairs));
+            return P(n2, small(23));
         case 53:
             return P(n4, small(13));
         case 59:

@@ -180,8 +180,6 @@ Points small_transform(ComplexAlgebra& algebra, int radix, SmallForm form, const
             return five_by_half_sum(algebra, x);
         case SmallForm::RaderOfSeven:
             return seven_by_rader(algebra, x);
-        case SmallForm::Pairs:
-            return direct_form(algebra, x);
         case SmallForm::Usual:
             break;
     }
