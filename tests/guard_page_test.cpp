@@ -112,8 +112,9 @@ TYPED_TEST(MemoryAround, WhatStoodInTheDestinationDoesNotMatter) {
     }
 }
 
-// An aligned array of odd length never ends at a page boundary, so a load that goes past its end
-// cannot fault. A signalling NaN there raises the invalid flag as soon as it is calculated with.
+// An aligned array need not end at a page boundary (of single precision and odd length it never
+// does), so a load that goes past its end may not fault. A signalling NaN there raises the invalid
+// flag as soon as it is calculated with.
 TYPED_TEST(MemoryAround, NothingBesideTheSourceIsCalculatedWith) {
     using Complex = typename TypeParam::Complex;
     using Real = typename TypeParam::Real;

@@ -16,16 +16,6 @@
 namespace qsvgen_test {
 namespace {
 
-/** "qsvgDFT..." has its code for unaligned arrays in "owngDFT..._unaligned". */
-std::string twin_name(const std::string& kernel_name) {
-    return "owng" + kernel_name.substr(4) + "_unaligned";
-}
-
-template <class E>
-bool has_twin(const Kernel<E>& kernel) {
-    return kernel.length >= E::kTwinFrom;
-}
-
 const Disassembly& library() {
     static const Disassembly disassembly = disassemble(QSVGENT7_PATH);
     return disassembly;

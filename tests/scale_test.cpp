@@ -65,7 +65,8 @@ TYPED_TEST(Scale, EveryOutputIsTheUnscaledOneMultipliedOnce) {
 // transform, which is what the tolerance is for.
 TYPED_TEST(Scale, AnImpulseAtZeroComesOutAsTheFactorEverywhere) {
     for (const auto& kernel : kernels<TypeParam>()) {
-        const double tolerance = is_chirp_length(kernel.length) ? 4 * TypeParam::kEpsilon : 0;
+        const double tolerance =
+            TypeParam::is_chirp_length(kernel.length) ? 4 * TypeParam::kEpsilon : 0;
         const auto x = impulse<TypeParam>(kernel.length, 0, {1, 0});
         for (const auto flag : kFlags) {
             const auto s = scale_factor<TypeParam>(kernel.length, kernel.direction, flag);
@@ -84,20 +85,31 @@ TYPED_TEST(Scale, AnImpulseAtZeroComesOutAsTheFactorEverywhere) {
     }
 }
 
-TEST(ScaleOfLengthSix, IsRoundedToNearest) {
-    const auto x = impulse<Single>(6, 0, {1, 0});
+// The known bits of the factors 1/6, 1/sqrt(6) and 1.
+template <class E>
+void expect_factors_of_length_six(typename E::Bits by_length, typename E::Bits by_root,
+                                  typename E::Bits one) {
+    const auto x = impulse<E>(6, 0, {1, 0});
     const auto bits = [&x](Direction direction, std::int32_t flag) {
-        return std::bit_cast<std::uint32_t>(
-            transform(kernel_of<Single>(6, direction), x, flag)[1].re);
+        return std::bit_cast<typename E::Bits>(
+            transform(kernel_of<E>(6, direction), x, flag)[1].re);
     };
-    EXPECT_EQ(0x3E2AAAABu, bits(Direction::Forward, qsvScaleFwdByN));
-    EXPECT_EQ(0x3F800000u, bits(Direction::Forward, qsvScaleInvByN));
-    EXPECT_EQ(0x3ED105ECu, bits(Direction::Forward, qsvScaleBySqrtN));
-    EXPECT_EQ(0x3F800000u, bits(Direction::Forward, qsvScaleNone));
-    EXPECT_EQ(0x3F800000u, bits(Direction::Inverse, qsvScaleFwdByN));
-    EXPECT_EQ(0x3E2AAAABu, bits(Direction::Inverse, qsvScaleInvByN));
-    EXPECT_EQ(0x3ED105ECu, bits(Direction::Inverse, qsvScaleBySqrtN));
-    EXPECT_EQ(0x3F800000u, bits(Direction::Inverse, qsvScaleNone));
+    EXPECT_EQ(by_length, bits(Direction::Forward, qsvScaleFwdByN));
+    EXPECT_EQ(one, bits(Direction::Forward, qsvScaleInvByN));
+    EXPECT_EQ(by_root, bits(Direction::Forward, qsvScaleBySqrtN));
+    EXPECT_EQ(one, bits(Direction::Forward, qsvScaleNone));
+    EXPECT_EQ(one, bits(Direction::Inverse, qsvScaleFwdByN));
+    EXPECT_EQ(by_length, bits(Direction::Inverse, qsvScaleInvByN));
+    EXPECT_EQ(by_root, bits(Direction::Inverse, qsvScaleBySqrtN));
+    EXPECT_EQ(one, bits(Direction::Inverse, qsvScaleNone));
+}
+
+TEST(ScaleOfLengthSix, IsRoundedToTheNearestSingle) {
+    expect_factors_of_length_six<Single>(0x3E2AAAABu, 0x3ED105ECu, 0x3F800000u);
+}
+TEST(ScaleOfLengthSix, IsRoundedToTheNearestDouble) {
+    expect_factors_of_length_six<Double>(0x3FC5555555555555u, 0x3FDA20BD700C2C3Eu,
+                                         0x3FF0000000000000u);
 }
 
 }  // namespace

@@ -82,11 +82,12 @@ TYPED_TEST(SpecialValues, DenormalsAreTransformedAndNotFlushedToZero) {
         const auto exact = reference_dft(widened(x), kernel.direction);
         long double size = 0;
         for (const auto& element : exact) size = std::max(size, norm(element));
-        size = std::sqrt(size);
+        // Some roundings at the top of the denormals, where a step is 2 eps of the value.
+        const long double limit = 16 * TypeParam::kEpsilon * std::sqrt(size);
         for (const auto& placement : kPlacements) {
             const auto y = widened(transform(kernel, x, qsvScaleNone, placement));
             for (std::size_t k = 0; k < y.size(); ++k) {
-                EXPECT_LE(std::sqrt(norm(y[k] - exact[k])), 1e-3L * size)
+                EXPECT_LE(std::sqrt(norm(y[k] - exact[k])), limit)
                     << kernel.name << ", output " << k;
             }
         }

@@ -2,15 +2,52 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
+#include <boost/multiprecision/cpp_bin_float.hpp>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
+#include "support/accuracy_limit.hpp"
 #include "support/reference_dft.hpp"
 #include "support/scale.hpp"
+#include "support/signals.hpp"
 
 namespace qsvgen_test {
 namespace {
+
+namespace mp = boost::multiprecision;
+
+/** Long enough for the scale factors' squares to be exact. */
+using Long = mp::number<mp::cpp_bin_float<200, mp::digit_base_2>, mp::et_off>;
+
+struct LongComplex {
+    Long re;
+    Long im;
+};
+
+/** The definition with nothing of reference_dft in it but the input. */
+std::vector<LongComplex> long_dft(const std::vector<Wide>& x, Direction direction) {
+    const int length = static_cast<int>(x.size());
+    const Long turn =
+        boost::math::constants::two_pi<Long>() * (direction == Direction::Forward ? -1 : 1);
+    std::vector<LongComplex> roots;
+    for (int j = 0; j < length; ++j) {
+        const Long angle = turn * j / length;
+        roots.push_back({cos(angle), sin(angle)});
+    }
+    std::vector<LongComplex> y(x.size());
+    for (int k = 0; k < length; ++k) {
+        auto& sum = y[static_cast<std::size_t>(k)];
+        for (int n = 0; n < length; ++n) {
+            const auto& root = roots[static_cast<std::size_t>(n * k % length)];
+            const Long re = x[static_cast<std::size_t>(n)].re;
+            const Long im = x[static_cast<std::size_t>(n)].im;
+            sum.re += re * root.re - im * root.im;
+            sum.im += re * root.im + im * root.re;
+        }
+    }
+    return y;
+}
 
 TEST(RootOfUnity, LiesOnTheCircleAndItsPowersCloseIt) {
     for (int length = 1; length <= 2 * kLongestLength; ++length) {
@@ -60,32 +97,64 @@ TEST(ReferenceDft, TurnsRightForTheForwardTransformAndLeftForTheInverse) {
     EXPECT_EQ(-1, inverse[3].im);
 }
 
-// s is nearest to 1/sqrt(N) when s - h < 1/sqrt(N) < s + h for half a unit h in the last place:
-// with all three times 2^e whole numbers, both comparisons can be made in exact integers.
-TEST(ScaleFactor, IsTheNearestSingleToTheInverseRoot) {
+TEST(ReferenceDft, HasAnErrorFarBelowTheLimitsForDoublePrecision) {
     for (int length = kShortestLength; length <= kLongestLength; ++length) {
-        const float s = scale_factor<Single>(length, Direction::Forward, qsvScaleBySqrtN);
-        const auto bits = std::bit_cast<std::uint32_t>(s);
-        const int exponent = static_cast<int>(bits >> 23) - 127;
-        const std::uint64_t twice = 2 * std::uint64_t{(bits & 0x7FFFFF) | 0x800000};
-        // s = twice * 2^(exponent - 24), so N * s^2 = 1 means N * twice^2 = 2^(48 - 2 * exponent).
-        const auto n = static_cast<std::uint64_t>(length);
-        const std::uint64_t one = std::uint64_t{1} << (48 - 2 * exponent);
-        EXPECT_LT(n * (twice - 1) * (twice - 1), one) << "length " << length;
-        EXPECT_GT(n * (twice + 1) * (twice + 1), one) << "length " << length;
+        for (const auto direction : {Direction::Forward, Direction::Inverse}) {
+            const auto x = widened(random_signal<Double>(length, 1));
+            const auto y = reference_dft(x, direction);
+            const auto exact = long_dft(x, direction);
+            Long error = 0;
+            Long size = 0;
+            for (std::size_t k = 0; k < y.size(); ++k) {
+                const Long re = y[k].re - exact[k].re;
+                const Long im = y[k].im - exact[k].im;
+                error += re * re + im * im;
+                size += exact[k].re * exact[k].re + exact[k].im * exact[k].im;
+            }
+            EXPECT_LE(static_cast<double>(sqrt(error / size)), accuracy_limit<Double>(length) / 1000)
+                << "length " << length;
+        }
     }
 }
 
-TEST(ScaleFactor, FollowsTheFlagAndTheDirection) {
+template <class E>
+class ScaleFactor : public testing::Test {};
+TYPED_TEST_SUITE(ScaleFactor, ElementTypes, ElementNames);
+
+// The bounds are the midpoints between s and its neighbours: what lies between them is nearer to s
+// than to any other number. Their squares have few enough bits to be exact.
+TYPED_TEST(ScaleFactor, IsTheNearestNumberToTheInverseRootOfEveryLength) {
+    using Real = typename TypeParam::Real;
+    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+        const Real s = scale_factor<TypeParam>(length, Direction::Forward, qsvScaleBySqrtN);
+        const Long below = (Long(s) + Long(std::nextafter(s, Real{0}))) / 2;
+        const Long above = (Long(s) + Long(std::nextafter(s, Real{1}))) / 2;
+        EXPECT_LT(length * below * below, 1) << "length " << length;
+        EXPECT_GT(length * above * above, 1) << "length " << length;
+    }
+}
+
+TYPED_TEST(ScaleFactor, IsTheNearestNumberToTheInverseOfEveryLength) {
+    using Real = typename TypeParam::Real;
+    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+        const Real s = scale_factor<TypeParam>(length, Direction::Inverse, qsvScaleInvByN);
+        const Long below = (Long(s) + Long(std::nextafter(s, Real{0}))) / 2;
+        const Long above = (Long(s) + Long(std::nextafter(s, Real{1}))) / 2;
+        EXPECT_LT(length * below, 1) << "length " << length;
+        EXPECT_GT(length * above, 1) << "length " << length;
+    }
+}
+
+TYPED_TEST(ScaleFactor, FollowsTheFlagAndTheDirection) {
     const auto s = [](Direction direction, std::int32_t flag) {
-        return scale_factor<Single>(8, direction, flag);
+        return scale_factor<TypeParam>(8, direction, flag);
     };
-    EXPECT_EQ(0.125f, s(Direction::Forward, 1));
-    EXPECT_EQ(1.0f, s(Direction::Forward, 2));
-    EXPECT_EQ(1.0f, s(Direction::Forward, 8));
-    EXPECT_EQ(1.0f, s(Direction::Inverse, 1));
-    EXPECT_EQ(0.125f, s(Direction::Inverse, 2));
-    EXPECT_EQ(1.0f, s(Direction::Inverse, 8));
+    EXPECT_EQ(0.125, s(Direction::Forward, 1));
+    EXPECT_EQ(1, s(Direction::Forward, 2));
+    EXPECT_EQ(1, s(Direction::Forward, 8));
+    EXPECT_EQ(1, s(Direction::Inverse, 1));
+    EXPECT_EQ(0.125, s(Direction::Inverse, 2));
+    EXPECT_EQ(1, s(Direction::Inverse, 8));
     EXPECT_EQ(s(Direction::Forward, 4), s(Direction::Inverse, 4));
 }
 

@@ -7,6 +7,7 @@
 #include <bit>
 #include <cinttypes>
 #include <cstdio>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -18,9 +19,9 @@ namespace qsvgen_test {
 template <class E>
 std::string show(const typename E::Real& value) {
     char text[64];
-    std::snprintf(text, sizeof text, "0x%0*" PRIX64 " (%.9g)", static_cast<int>(2 * sizeof(value)),
+    std::snprintf(text, sizeof text, "0x%0*" PRIX64 " (%.*g)", static_cast<int>(2 * sizeof(value)),
                   static_cast<std::uint64_t>(std::bit_cast<typename E::Bits>(value)),
-                  static_cast<double>(value));
+                  std::numeric_limits<typename E::Real>::max_digits10, static_cast<double>(value));
     return text;
 }
 

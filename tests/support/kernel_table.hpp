@@ -77,6 +77,20 @@ inline const std::array<Dispatcher<Single>, 2>& dispatchers<Single>() {
     return table;
 }
 
+template <>
+inline const KernelTable<Double>& kernels<Double>() {
+#define QSVG_TEST_KERNELS_64FC(N) QSVG_TEST_KERNELS(N, 64fc)
+    static const KernelTable<Double> table = {{QSVG_FOR_EACH_LENGTH(QSVG_TEST_KERNELS_64FC)}};
+#undef QSVG_TEST_KERNELS_64FC
+    return table;
+}
+
+template <>
+inline const std::array<Dispatcher<Double>, 2>& dispatchers<Double>() {
+    static const std::array<Dispatcher<Double>, 2> table = {QSVG_TEST_DISPATCHERS(64fc)};
+    return table;
+}
+
 #undef QSVG_TEST_KERNELS
 #undef QSVG_TEST_DISPATCHERS
 
@@ -84,6 +98,16 @@ template <class E>
 const Kernel<E>& kernel_of(int length, Direction direction) {
     const int row = 2 * (length - kShortestLength) + (direction == Direction::Inverse ? 1 : 0);
     return kernels<E>()[static_cast<std::size_t>(row)];
+}
+
+/** "qsvgDFT..." has its code for unaligned arrays in "owngDFT..._unaligned". */
+inline std::string twin_name(const std::string& kernel_name) {
+    return "owng" + kernel_name.substr(4) + "_unaligned";
+}
+
+template <class E>
+bool has_twin(const Kernel<E>& kernel) {
+    return kernel.length >= E::kTwinFrom;
 }
 
 /** "qsvgDFTFwd_CToC_6_32fc (length 6, flag 4)": how a failure says where it happened. */
@@ -102,11 +126,6 @@ constexpr bool is_prime(int n) {
 
 constexpr bool is_power_of_two(int n) {
     return n > 0 && (n & (n - 1)) == 0;
-}
-
-/** Lengths whose convolution is done with longer transforms, which costs some accuracy. */
-constexpr bool is_chirp_length(int n) {
-    return n == 47 || n == 59;
 }
 
 }  // namespace qsvgen_test

@@ -32,7 +32,11 @@ inline long double norm(Wide a) {
 /** exp(2 pi i numerator / denominator), for any numerator and a positive denominator. */
 Wide root_of_unity(int numerator, int denominator);
 
-/** The unscaled transform. */
+/**
+ * The unscaled transform. Its own error is below a thousandth of its length's limit for double
+ * precision (support_test holds it to that), so what it adds to a root mean square of errors is
+ * below a millionth.
+ */
 std::vector<Wide> reference_dft(const std::vector<Wide>& x, Direction direction);
 
 template <class Complex>

