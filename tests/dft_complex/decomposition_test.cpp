@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <map>
 #include <numbers>
 #include <set>
 
@@ -11,16 +13,20 @@
 
 namespace {
 
+using dft_complex::double_precision_table;
 using dft_complex::ExactComplex;
 using dft_complex::Network;
 using dft_complex::P;
 using dft_complex::primitive_root;
 using dft_complex::R;
 using dft_complex::rader_spectrum;
+using dft_complex::Residues;
 using dft_complex::Rule;
+using dft_complex::S;
 using dft_complex::Signal;
 using dft_complex::single_precision_table;
 using dft_complex::small;
+using dft_complex::SmallForm;
 using dft_complex::SmallTransform;
 using dft_complex::T;
 using dft_complex::TableRow;
@@ -41,6 +47,10 @@ Decomposed decompose(const Rule& rule) {
     return d;
 }
 
+std::vector<SmallTransform> transforms_of(const Rule& rule) {
+    return decompose(rule).net.transforms();
+}
+
 void expect_definition(const Rule& rule) {
     const Decomposed d = decompose(rule);
     const Complexes x = dft_complex_test::random_signal(rule.length);
@@ -49,6 +59,16 @@ void expect_definition(const Rule& rule) {
     ASSERT_EQ(y.size(), wanted.size());
     for (std::size_t k = 0; k < y.size(); ++k)
         EXPECT_LT(std::abs(y[k] - wanted[k]), 1e-12) << to_string(rule) << " output " << k;
+}
+
+void for_each_row(const std::function<void(const TableRow&)>& check) {
+    for (const auto* table : {&single_precision_table(), &double_precision_table()}) {
+        for (const TableRow& row : *table) {
+            SCOPED_TRACE((table == &single_precision_table() ? "32fc, length " : "64fc, length ") +
+                         std::to_string(row.length));
+            check(row);
+        }
+    }
 }
 
 TEST(Decomposition, ASmallTransformIsItself) {
@@ -80,8 +100,53 @@ TEST(Decomposition, ChirpEqualsTheDefinition) {
     expect_definition(dft_complex::C(11, T(small(8), small(4))));
 }
 
-TEST(Decomposition, EachRowOfTheTableEqualsTheDefinition) {
-    for (const TableRow& row : single_precision_table()) expect_definition(row.rule);
+TEST(Decomposition, SplitRadixEqualsTheDefinition) {
+    for (int length : {8, 16, 32, 64}) expect_definition(S(length));
+}
+
+/** Transforms of a network by radix. */
+std::map<int, int> radices(const Rule& rule) {
+    std::map<int, int> number;
+    for (const SmallTransform& transform : transforms_of(rule)) ++number[transform.radix];
+    return number;
+}
+
+// Each step of length N takes N/2 pairs, N/4 more, one half and two quarters; it ends at 8 and 4.
+TEST(Decomposition, SplitRadixRecursesIntoEightFourAndTwoPoints) {
+    using Radices = std::map<int, int>;
+    EXPECT_EQ(radices(S(8)), (Radices{{8, 1}}));
+    EXPECT_EQ(radices(S(16)), (Radices{{8, 1}, {4, 2}, {2, 12}}));
+    EXPECT_EQ(radices(S(32)), (Radices{{8, 3}, {4, 2}, {2, 36}}));
+    EXPECT_EQ(radices(S(64)), (Radices{{8, 5}, {4, 6}, {2, 108}}));
+}
+
+TEST(Decomposition, SplitRadixPassesTheFirstOfAQuarterWithoutAFactor) {
+    for (const SmallTransform& transform : transforms_of(S(32)))
+        EXPECT_TRUE(transform.inputs.front().factor.is_one()) << "radix " << transform.radix;
+}
+
+TEST(Decomposition, EachRowOfTheTablesEqualsTheDefinition) {
+    for_each_row([](const TableRow& row) { expect_definition(row.rule); });
+}
+
+TEST(Decomposition, APrimeFactorRuleMayTakeTheFirstOfItsSecondStageByARuleOfItsOwn) {
+    const Rule r7 = small(7, SmallForm::RaderOfSeven);
+    const Rule rule = P(small(5), small(7), r7);
+    expect_definition(rule);
+    std::vector<SmallForm> forms_of_seven;
+    for (const SmallTransform& transform : transforms_of(rule)) {
+        if (transform.radix == 7) forms_of_seven.push_back(transform.form);
+    }
+    std::vector<SmallForm> wanted(5, SmallForm::Usual);
+    wanted.front() = SmallForm::RaderOfSeven;
+    EXPECT_EQ(forms_of_seven, wanted);
+}
+
+TEST(Decomposition, TheFormOfASmallTransformReachesTheNetwork) {
+    const Rule rule = P(small(5, SmallForm::HalfSumOfTwo), small(2));
+    for (const SmallTransform& transform : transforms_of(rule))
+        EXPECT_EQ(transform.form,
+                  transform.radix == 5 ? SmallForm::HalfSumOfTwo : SmallForm::Usual);
 }
 
 bool uses_prime_factor_only(const Rule& rule) {
@@ -102,17 +167,42 @@ int factors_other_than_one(const Decomposed& d) {
 
 TEST(Decomposition, NetworksOfPrimeFactorRulesHoldNoFactor) {
     int networks = 0;
-    for (const TableRow& row : single_precision_table()) {
-        if (!uses_prime_factor_only(row.rule)) continue;
-        EXPECT_EQ(factors_other_than_one(decompose(row.rule)), 0) << "length " << row.length;
+    for_each_row([&](const TableRow& row) {
+        if (!uses_prime_factor_only(row.rule)) return;
+        EXPECT_EQ(factors_other_than_one(decompose(row.rule)), 0);
         networks += row.rule.form == Rule::Form::PrimeFactor;
-    }
-    EXPECT_GE(networks, 10);
+    });
+    EXPECT_GE(networks, 45);
 }
 
 TEST(Decomposition, ACooleyTukeyStepHasATwiddleFactorForEachPairOfNonzeroIndices) {
     EXPECT_EQ(factors_other_than_one(decompose(T(small(4), small(4)))), 9);
     EXPECT_EQ(factors_other_than_one(decompose(T(small(5), small(3)))), 8);
+}
+
+/** Whether the factors of each three points of the second stage stand in conjugate pairs. */
+bool holds_conjugate_pairs(const Rule& rule) {
+    const Decomposed d = decompose(rule);
+    for (const SmallTransform& transform : d.net.transforms()) {
+        if (transform.radix != 3) continue;
+        const ExactComplex& f = transform.inputs[1].factor;
+        const ExactComplex& g = transform.inputs[2].factor;
+        if (f.re.key() != g.re.key() || f.im.key() != (-g.im).key()) return false;
+    }
+    return true;
+}
+
+TEST(Decomposition, ResiduesAroundZeroMakeTheTwiddleFactorsConjugateInPairs) {
+    EXPECT_TRUE(holds_conjugate_pairs(T(small(5), small(3), Residues::AroundZero)));
+    EXPECT_FALSE(holds_conjugate_pairs(T(small(5), small(3), Residues::FromZero)));
+}
+
+TEST(Decomposition, CooleyTukeyEqualsTheDefinitionWithResiduesOfEitherKind) {
+    for (Residues residues : {Residues::FromZero, Residues::AroundZero}) {
+        expect_definition(T(small(5), small(3), residues));
+        expect_definition(T(small(3), small(7), residues));
+        expect_definition(T(small(3), small(4), residues));
+    }
 }
 
 /** Distinct magnitudes among the parts of a spectrum, by key; zero does not count. */
@@ -226,7 +316,7 @@ TEST(Decomposition, AChirpSpectrumHoldsOneOverItsLengthAndAGaussSum) {
 }
 
 TEST(Decomposition, BatchesHoldEachTransformOnceAfterItsSources) {
-    for (const TableRow& row : single_precision_table()) {
+    for_each_row([](const TableRow& row) {
         const Decomposed d = decompose(row.rule);
         std::set<int> done;
         for (const auto& batch : d.net.batches()) {
@@ -237,14 +327,13 @@ TEST(Decomposition, BatchesHoldEachTransformOnceAfterItsSources) {
                 for (const Value& value : transform.inputs) {
                     if (value.absent || value.source.transform == dft_complex::Source::kInput)
                         continue;
-                    EXPECT_TRUE(done.contains(value.source.transform))
-                        << "length " << row.length << ", transform " << t;
+                    EXPECT_TRUE(done.contains(value.source.transform)) << "transform " << t;
                 }
             }
-            for (int t : batch) EXPECT_TRUE(done.insert(t).second) << "length " << row.length;
+            for (int t : batch) EXPECT_TRUE(done.insert(t).second) << "transform " << t;
         }
-        EXPECT_EQ(done.size(), d.net.transforms().size()) << "length " << row.length;
-    }
+        EXPECT_EQ(done.size(), d.net.transforms().size());
+    });
 }
 
 }  // namespace
