@@ -2,10 +2,13 @@
 
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <iomanip>
+#include <limits>
 #include <map>
 #include <random>
 #include <sstream>
+#include <vector>
 
 #include "kernelgen/bit_interpreter.hpp"
 #include "tests/dft_complex/support/all_kernels.hpp"
@@ -17,66 +20,83 @@
 namespace {
 
 using dft_complex_test::Direction;
+using dft_complex_test::ElementOf;
 using dft_complex_test::for_each_kernel;
 using dft_complex_test::Kernel;
-using Signal = std::vector<float>;
 
 constexpr int kFlags[] = {qsvScaleFwdByN, qsvScaleInvByN, qsvScaleBySqrtN, qsvScaleNone};
 
-float inverse_root(int length) {
+template <class Real>
+using BitsOf = std::conditional_t<sizeof(Real) == 4, std::uint32_t, std::uint64_t>;
+
+template <class Real>
+Real inverse_root(int length) {
     const kernelgen_test::Independent root = 1 / sqrt(kernelgen_test::Independent(length));
-    const auto near = static_cast<float>(1.0 / std::sqrt(static_cast<double>(length)));
-    for (float candidate : {near, std::nextafter(near, 0.0F), std::nextafter(near, 1.0F)}) {
+    const auto near = static_cast<Real>(1.0 / std::sqrt(static_cast<double>(length)));
+    for (Real candidate : {near, std::nextafter(near, Real(0)), std::nextafter(near, Real(1))}) {
         if (kernelgen_test::is_nearest(candidate, root)) return candidate;
     }
-    ADD_FAILURE() << "no binary32 is nearest to 1/sqrt(" << length << ")";
+    ADD_FAILURE() << "no number of the format is nearest to 1/sqrt(" << length << ")";
     return 0;
 }
 
-float scale_factor(const Kernel& kernel, int flag) {
-    // A quotient of two binary32 numbers is rounded once and to nearest.
-    const float by_length = 1.0F / static_cast<float>(kernel.length);
+template <class Real>
+Real scale_factor(const Kernel& kernel, int flag) {
+    // A quotient of two numbers of the format is rounded once and to nearest.
+    const Real by_length = Real(1) / static_cast<Real>(kernel.length);
     const bool forward = kernel.direction == Direction::Forward;
-    if (flag == qsvScaleFwdByN) return forward ? by_length : 1.0F;
-    if (flag == qsvScaleInvByN) return forward ? 1.0F : by_length;
-    return flag == qsvScaleBySqrtN ? inverse_root(kernel.length) : 1.0F;
+    if (flag == qsvScaleFwdByN) return forward ? by_length : Real(1);
+    if (flag == qsvScaleInvByN) return forward ? Real(1) : by_length;
+    return flag == qsvScaleBySqrtN ? inverse_root<Real>(kernel.length) : Real(1);
 }
 
 struct Placement {
     const char* name;
-    std::size_t source;  ///< floats behind a 16-byte boundary
+    std::size_t source;  ///< bytes behind a 16-byte boundary
     std::size_t destination;
 };
 
 constexpr Placement kPlacements[] = {{"aligned", 0, 0},
-                                     {"both 4 bytes off", 1, 1},
-                                     {"both 8 bytes off", 2, 2},
-                                     {"destination 12 bytes off", 0, 3},
-                                     {"source 4 bytes off", 1, 0}};
+                                     {"both 4 bytes off", 4, 4},
+                                     {"both 8 bytes off", 8, 8},
+                                     {"destination 12 bytes off", 0, 12},
+                                     {"destination 8 bytes off", 0, 8},
+                                     {"source 4 bytes off", 4, 0}};
 
-Signal run_compiled(const Kernel& kernel, const Signal& x, int flag, const Placement& placement) {
-    alignas(16) float source[132];
-    alignas(16) float destination[132];
-    std::copy(x.begin(), x.end(), source + placement.source);
-    float* const y = destination + placement.destination;
-    const auto function = dft_complex_test::compiled_kernel(kernel.length, kernel.direction);
-    const QsvStatus status = function(reinterpret_cast<const Complex32*>(source + placement.source),
-                                      reinterpret_cast<Complex32*>(y), flag);
+template <class Real>
+std::vector<Real> run_compiled(const Kernel& kernel, const std::vector<Real>& x, int flag,
+                               const Placement& placement) {
+    using Complex = typename ElementOf<Real>::Complex;
+    alignas(16) unsigned char source[129 * sizeof(Complex)];
+    alignas(16) unsigned char destination[129 * sizeof(Complex)];
+    const std::size_t bytes = x.size() * sizeof(Real);
+    // Byte by byte, since a misplaced array holds no objects of the language.
+    std::memcpy(source + placement.source, x.data(), bytes);
+    std::memset(destination, 0xA5, sizeof destination);
+    const auto function = dft_complex_test::compiled_kernel<Real>(kernel.length, kernel.direction);
+    const QsvStatus status =
+        function(reinterpret_cast<const Complex*>(source + placement.source),
+                 reinterpret_cast<Complex*>(destination + placement.destination), flag);
     EXPECT_EQ(status, qsvStatusOk);
-    return {y, y + x.size()};
+    std::vector<Real> y(x.size());
+    std::memcpy(y.data(), destination + placement.destination, bytes);
+    return y;
 }
 
-std::string bits(float value) {
+template <class Real>
+std::string bits(Real value) {
     std::ostringstream text;
-    text << value << " (0x" << std::hex << std::setw(8) << std::setfill('0')
-         << std::bit_cast<std::uint32_t>(value) << ")";
+    text << value << " (0x" << std::hex << std::setw(2 * sizeof(Real)) << std::setfill('0')
+         << std::bit_cast<BitsOf<Real>>(value) << ")";
     return text.str();
 }
 
-void expect_bits_of_graph(const Kernel& kernel, const Signal& x, const std::string& input) {
-    std::map<float, std::vector<double>> by_scale;
+template <class Real>
+void expect_bits_of_graph(const Kernel& kernel, const std::vector<Real>& x,
+                          const std::string& input) {
+    std::map<Real, std::vector<double>> by_scale;
     for (int flag : kFlags) {
-        const float scale = scale_factor(kernel, flag);
+        const Real scale = scale_factor<Real>(kernel, flag);
         auto [entry, fresh] = by_scale.try_emplace(scale);
         std::vector<double>& wanted = entry->second;
         if (fresh) {
@@ -84,10 +104,10 @@ void expect_bits_of_graph(const Kernel& kernel, const Signal& x, const std::stri
                                           static_cast<double>(scale), static_cast<int>(x.size()));
         }
         for (const Placement& placement : kPlacements) {
-            const Signal y = run_compiled(kernel, x, flag, placement);
+            const std::vector<Real> y = run_compiled(kernel, x, flag, placement);
             for (std::size_t i = 0; i < y.size(); ++i) {
-                const auto right = static_cast<float>(wanted[i]);
-                ASSERT_EQ(std::bit_cast<std::uint32_t>(y[i]), std::bit_cast<std::uint32_t>(right))
+                const auto right = static_cast<Real>(wanted[i]);
+                ASSERT_EQ(std::bit_cast<BitsOf<Real>>(y[i]), std::bit_cast<BitsOf<Real>>(right))
                     << kernel.name() << ", flag " << flag << ", " << placement.name << ", " << input
                     << ", part " << i % 2 << " of output " << i / 2 << ": " << bits(y[i])
                     << ", wanted " << bits(right);
@@ -97,13 +117,16 @@ void expect_bits_of_graph(const Kernel& kernel, const Signal& x, const std::stri
 }
 
 /** Parts of either sign with exponents from `lowest` up to `highest`. */
-Signal random_signal(std::mt19937& random, int length, int lowest, int highest) {
-    Signal x;
+template <class Real>
+std::vector<Real> random_signal(std::mt19937_64& random, int length, int lowest, int highest) {
+    constexpr int kFraction = std::numeric_limits<Real>::digits - 1;
+    std::vector<Real> x;
     for (int i = 0; i < 2 * length; ++i) {
-        const auto spread = static_cast<std::uint32_t>(highest - lowest + 1);
+        const auto spread = static_cast<std::uint64_t>(highest - lowest + 1);
         const int exponent = lowest + static_cast<int>(random() % spread);
-        const float significand = 1.0F + static_cast<float>(random() & 0x7fffffU) * 0x1p-23F;
-        const float magnitude = std::ldexp(significand, exponent);
+        const auto fraction = static_cast<Real>(random() >> (64 - kFraction));
+        const Real significand = Real(1) + std::ldexp(fraction, -kFraction);
+        const Real magnitude = std::ldexp(significand, exponent);
         x.push_back((random() & 1U) != 0 ? -magnitude : magnitude);
     }
     return x;
@@ -117,16 +140,38 @@ struct Range {
 };
 
 // The widest stays clear of overflow, whose infinities become NaNs of no particular bits.
-constexpr Range kRanges[] = {{"near one", -1, 0, 20},
-                             {"of wide exponents", -30, 30, 15},
-                             {"of all exponents", -149, 100, 15},
-                             {"of subnormal results", -149, -120, 10}};
+constexpr Range kSingleRanges[] = {{"near one", -1, 0, 20},
+                                   {"of wide exponents", -30, 30, 15},
+                                   {"of all exponents", -149, 100, 15},
+                                   {"of subnormal results", -149, -120, 10}};
+constexpr Range kDoubleRanges[] = {{"near one", -1, 0, 20},
+                                   {"of wide exponents", -60, 60, 15},
+                                   {"of all exponents", -1074, 980, 15},
+                                   {"of subnormal results", -1074, -1015, 10}};
 
-TEST(CompiledBits, EveryUnitVectorGivesTheBitsOfTheGraph) {
-    for_each_kernel([](const Kernel& kernel) {
+template <class Real>
+class CompiledBits : public testing::Test {
+  protected:
+    static void for_each(const std::function<void(const Kernel&)>& check) {
+        for_each_kernel(ElementOf<Real>::kElement, check);
+    }
+};
+
+struct NamesOfReals {
+    template <class Real>
+    static std::string GetName(int) {
+        return suffix(ElementOf<Real>::kElement);
+    }
+};
+
+using Reals = testing::Types<float, double>;
+TYPED_TEST_SUITE(CompiledBits, Reals, NamesOfReals);
+
+TYPED_TEST(CompiledBits, EveryUnitVectorGivesTheBitsOfTheGraph) {
+    this->for_each([](const Kernel& kernel) {
         for (int i = 0; i < 2 * kernel.length; ++i) {
-            Signal x(static_cast<std::size_t>(2 * kernel.length), 0.0F);
-            x[static_cast<std::size_t>(i)] = 1.0F;
+            std::vector<TypeParam> x(static_cast<std::size_t>(2 * kernel.length), TypeParam(0));
+            x[static_cast<std::size_t>(i)] = 1;
             const std::string part = i % 2 == 0 ? "re" : "im";
             ASSERT_NO_FATAL_FAILURE(
                 expect_bits_of_graph(kernel, x, part + " of unit vector " + std::to_string(i / 2)));
@@ -134,12 +179,13 @@ TEST(CompiledBits, EveryUnitVectorGivesTheBitsOfTheGraph) {
     });
 }
 
-TEST(CompiledBits, RandomSignalsGiveTheBitsOfTheGraph) {
-    for_each_kernel([](const Kernel& kernel) {
-        std::mt19937 random(static_cast<std::uint32_t>(kernel.length));
-        for (const Range& range : kRanges) {
+TYPED_TEST(CompiledBits, RandomSignalsGiveTheBitsOfTheGraph) {
+    this->for_each([](const Kernel& kernel) {
+        std::mt19937_64 random(static_cast<std::uint32_t>(kernel.length));
+        for (const Range& range : sizeof(TypeParam) == 4 ? kSingleRanges : kDoubleRanges) {
             for (int i = 0; i < range.signals; ++i) {
-                const Signal x = random_signal(random, kernel.length, range.lowest, range.highest);
+                const auto x =
+                    random_signal<TypeParam>(random, kernel.length, range.lowest, range.highest);
                 ASSERT_NO_FATAL_FAILURE(expect_bits_of_graph(
                     kernel, x, std::string("random ") + range.name + " " + std::to_string(i)));
             }
@@ -147,13 +193,13 @@ TEST(CompiledBits, RandomSignalsGiveTheBitsOfTheGraph) {
     });
 }
 
-TEST(CompiledBits, ZerosOfEitherSignGiveTheBitsOfTheGraph) {
-    for_each_kernel([](const Kernel& kernel) {
+TYPED_TEST(CompiledBits, ZerosOfEitherSignGiveTheBitsOfTheGraph) {
+    this->for_each([](const Kernel& kernel) {
         std::mt19937 random(7);
         for (int i = 0; i < 4; ++i) {
-            Signal x;
+            std::vector<TypeParam> x;
             for (int part = 0; part < 2 * kernel.length; ++part)
-                x.push_back((random() & 1U) != 0 ? -0.0F : 0.0F);
+                x.push_back((random() & 1U) != 0 ? TypeParam(-0.0) : TypeParam(0.0));
             ASSERT_NO_FATAL_FAILURE(expect_bits_of_graph(kernel, x, "zeros " + std::to_string(i)));
         }
     });

@@ -11,6 +11,7 @@
 namespace {
 
 using dft_complex_test::Direction;
+using dft_complex_test::Element;
 using dft_complex_test::for_each_kernel;
 using dft_complex_test::Kernel;
 
@@ -34,13 +35,18 @@ std::vector<long double> definition(const std::vector<double>& x, Direction dire
 
 TEST(InterpretedKernel, RandomSignalsGiveTheDefinitionUpToRounding) {
     for_each_kernel([](const Kernel& kernel) {
+        const bool single = kernel.element == Element::Complex32;
         std::mt19937 random(static_cast<std::uint32_t>(kernel.length));
-        std::uniform_real_distribution<float> part(-1, 1);
-        const long double tolerance = 4.0L * kernel.length * std::numeric_limits<float>::epsilon();
+        std::uniform_real_distribution<double> part(-1, 1);
+        const long double epsilon =
+            single ? std::numeric_limits<float>::epsilon() : std::numeric_limits<double>::epsilon();
+        const long double tolerance = 4 * kernel.length * epsilon;
         for (int trial = 0; trial < 4; ++trial) {
             std::vector<double> x;
-            for (int i = 0; i < 2 * kernel.length; ++i)
-                x.push_back(static_cast<double>(part(random)));
+            for (int i = 0; i < 2 * kernel.length; ++i) {
+                const double value = part(random);
+                x.push_back(single ? static_cast<double>(static_cast<float>(value)) : value);
+            }
             const auto y = kernelgen::interpret(kernel.graph, x, 1, 2 * kernel.length);
             const auto wanted = definition(x, kernel.direction);
             for (std::size_t i = 0; i < y.size(); ++i)

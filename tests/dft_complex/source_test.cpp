@@ -10,12 +10,15 @@ namespace {
 
 using dft_complex::dispatcher_source;
 using dft_complex::kernel_source;
+using dft_complex_test::describe;
 using dft_complex_test::Direction;
-using dft_complex_test::for_each_kernel;
+using dft_complex_test::Element;
+using dft_complex_test::kDirections;
+using dft_complex_test::kElements;
 using dft_complex_test::Kernel;
 
 /** A sample of all rules; every source is compared by the manifest's hashes anyway. */
-constexpr int kSomeLengths[] = {2, 3, 5, 6, 8, 13, 15, 16, 17, 31, 45};
+constexpr int kSomeLengths[] = {2, 3, 4, 5, 6, 8, 13, 15, 16, 17, 31, 45};
 
 int occurrences(const std::string& text, const std::string& part) {
     int count = 0;
@@ -26,18 +29,20 @@ int occurrences(const std::string& text, const std::string& part) {
 
 template <class Check>
 void for_some_kernels(const Check& check) {
-    for (Direction direction : {Direction::Forward, Direction::Inverse}) {
-        for (int length : kSomeLengths) {
-            SCOPED_TRACE(std::string(dft_complex_test::name_of(direction)) + ", length " +
-                         std::to_string(length));
-            check(dft_complex_test::kernel(length, direction));
+    for (Element element : kElements) {
+        for (Direction direction : kDirections) {
+            for (int length : kSomeLengths) {
+                SCOPED_TRACE(describe(length, direction, element));
+                check(dft_complex_test::kernel(length, direction, element));
+            }
         }
     }
 }
 
 TEST(Source, AKernelMadeAgainHasTheSameSource) {
     for_some_kernels([](const Kernel& kernel) {
-        const Kernel again = dft_complex::single_precision_kernel(kernel.length, kernel.direction);
+        const Kernel again =
+            dft_complex::proven_kernel(kernel.length, kernel.direction, kernel.element);
         EXPECT_EQ(kernel_source(kernel), kernel_source(again));
     });
 }
@@ -57,70 +62,112 @@ TEST(Source, NoSourceNamesADateATimeOrAPath) {
     });
 }
 
-std::string defined(const std::string& name) {
-    return "QsvStatus " + name + "(const Complex32*";
+std::string defined(const std::string& name, Element element) {
+    return "QsvStatus " + name + "(const " +
+           (element == Element::Complex32 ? "Complex32*" : "Complex64*");
 }
 
 TEST(Source, EveryKernelDefinesItsFunctionOnce) {
     for_some_kernels([](const Kernel& kernel) {
-        EXPECT_EQ(occurrences(kernel_source(kernel), defined(kernel.name())), 1) << kernel.name();
+        const std::string text = kernel_source(kernel);
+        EXPECT_EQ(occurrences(text, defined(kernel.name(), kernel.element)), 1) << kernel.name();
     });
 }
 
-TEST(Source, KernelsFromLengthSixHaveAHiddenTwinForUnalignedArrays) {
+/** Single precision of lengths 2 to 5 is scalar; short vectors hold both copies in one function. */
+bool has_twin(const Kernel& kernel) {
+    return kernel.length >= (kernel.element == Element::Complex32 ? 6 : 5);
+}
+
+TEST(Source, LongerKernelsHaveAHiddenTwinForUnalignedArrays) {
     for_some_kernels([](const Kernel& kernel) {
-        if (kernel.length < 6) return;
+        if (!has_twin(kernel)) return;
         const std::string text = kernel_source(kernel);
         EXPECT_NE(kernel.twin_name(), "");
-        EXPECT_EQ(occurrences(text, defined(kernel.twin_name())), 1) << kernel.twin_name();
+        const std::string definition = defined(kernel.twin_name(), kernel.element);
+        EXPECT_EQ(occurrences(text, definition), 1) << kernel.twin_name();
         EXPECT_EQ(occurrences(text, "return " + kernel.twin_name() + "(src, dst, flag);"), 1);
-        const std::size_t at = text.find(defined(kernel.twin_name()));
+        const std::size_t at = text.find(definition);
         EXPECT_NE(text.rfind("gnu::visibility(\"hidden\")", at), std::string::npos);
     });
 }
 
 TEST(Source, ShorterKernelsHaveNoTwin) {
     for_some_kernels([](const Kernel& kernel) {
-        if (kernel.length >= 6) return;
+        if (has_twin(kernel)) return;
         EXPECT_EQ(kernel.twin_name(), "");
         EXPECT_EQ(occurrences(kernel_source(kernel), "unaligned"), 0);
         EXPECT_EQ(occurrences(kernel_source(kernel), "QsvStatus qsvg"), 1);
     });
 }
 
-TEST(Source, KernelsAreNamedByDirectionAndLength) {
-    EXPECT_EQ(dft_complex_test::kernel(15, Direction::Forward).name(), "qsvgDFTFwd_CToC_15_32fc");
-    EXPECT_EQ(dft_complex_test::kernel(6, Direction::Inverse).name(), "qsvgDFTInv_CToC_6_32fc");
-}
-
-TEST(Source, ADispatcherHasACaseForEachLength) {
-    for (Direction direction : {Direction::Forward, Direction::Inverse}) {
-        const std::string text = dispatcher_source(direction);
-        EXPECT_EQ(occurrences(text, "case "), 63) << dft_complex_test::name_of(direction);
-        const std::string family =
-            direction == Direction::Forward ? "qsvgDFTFwd_CToC_" : "qsvgDFTInv_CToC_";
-        for (int length = 2; length <= 64; ++length) {
-            const std::string n = std::to_string(length);
-            EXPECT_EQ(
-                occurrences(text, "case " + std::to_string(length - 2) + ":\n            return " +
-                                      family + n + "_32fc(src, dst, flag);"),
-                1)
-                << dft_complex_test::name_of(direction) << ", length " << n;
+TEST(Source, ShortKernelsOfDoublePrecisionChooseBetweenTheirTwoCopiesByTheAddresses) {
+    for (Direction direction : kDirections) {
+        for (int length : {2, 3, 4}) {
+            const std::string text =
+                kernel_source(dft_complex_test::kernel(length, direction, Element::Complex64));
+            const std::string where = describe(length, direction, Element::Complex64);
+            EXPECT_EQ(occurrences(text, "!core::aligned(src) || !core::aligned(dst)"), 1) << where;
+            EXPECT_EQ(occurrences(text, "return run<core::Unaligned>(src, dst, flag);"), 1)
+                << where;
+            EXPECT_EQ(occurrences(text, "return run<core::Aligned>(src, dst, flag);"), 1) << where;
         }
     }
 }
 
-TEST(Source, ADispatcherRefusesOtherLengths) {
-    for (Direction direction : {Direction::Forward, Direction::Inverse}) {
-        EXPECT_EQ(occurrences(dispatcher_source(direction),
-                              "default:\n            return qsvStatusBadLength;"),
-                  1);
+TEST(Source, KernelsAreNamedByDirectionLengthAndElement) {
+    const auto name = [](int length, Direction direction, Element element) {
+        return dft_complex_test::kernel(length, direction, element).name();
+    };
+    EXPECT_EQ(name(15, Direction::Forward, Element::Complex32), "qsvgDFTFwd_CToC_15_32fc");
+    EXPECT_EQ(name(6, Direction::Inverse, Element::Complex32), "qsvgDFTInv_CToC_6_32fc");
+    EXPECT_EQ(name(15, Direction::Forward, Element::Complex64), "qsvgDFTFwd_CToC_15_64fc");
+    EXPECT_EQ(name(6, Direction::Inverse, Element::Complex64), "qsvgDFTInv_CToC_6_64fc");
+}
+
+template <class Check>
+void for_each_dispatcher(const Check& check) {
+    for (Element element : kElements) {
+        for (Direction direction : kDirections) {
+            SCOPED_TRACE(std::string(dft_complex_test::name_of(direction)) + ", " +
+                         suffix(element));
+            const std::string family =
+                direction == Direction::Forward ? "qsvgDFTFwd_CToC_" : "qsvgDFTInv_CToC_";
+            check(dispatcher_source(direction, element), family, element);
+        }
     }
 }
 
+TEST(Source, ADispatcherHasACaseForEachLength) {
+    for_each_dispatcher([](const std::string& text, const std::string& family, Element element) {
+        EXPECT_EQ(occurrences(text, "case "), 63);
+        for (int length = 2; length <= 64; ++length) {
+            const std::string wanted = "case " + std::to_string(length - 2) +
+                                       ":\n            return " + family + std::to_string(length) +
+                                       "_" + suffix(element) + "(src, dst, flag);";
+            EXPECT_EQ(occurrences(text, wanted), 1) << "length " << length;
+        }
+    });
+}
+
+TEST(Source, ADispatcherIsDefinedForItsElement) {
+    for_each_dispatcher([](const std::string& text, const std::string& family, Element element) {
+        EXPECT_EQ(occurrences(text, defined(family + suffix(element), element)), 1);
+    });
+}
+
+TEST(Source, ADispatcherRefusesOtherLengths) {
+    for_each_dispatcher([](const std::string& text, const std::string&, Element) {
+        EXPECT_EQ(occurrences(text, "default:\n            return qsvStatusBadLength;"), 1);
+    });
+}
+
 TEST(Source, LengthsWithoutAKernelAreRefused) {
-    for (int length : {-1, 0, 1, 65})
-        EXPECT_THROW(dft_complex::row_of(length), std::out_of_range) << length;
+    for (Element element : kElements) {
+        for (int length : {-1, 0, 1, 65})
+            EXPECT_THROW(dft_complex::row_of(length, element), std::out_of_range)
+                << suffix(element) << ", length " << length;
+    }
 }
 
 TEST(Source, TheManifestLineOfAKernelHasTheColumnsOfItsHeader) {

@@ -5,9 +5,28 @@
 
 namespace dft_complex_test {
 
-using CompiledKernel = QsvStatus (*)(const Complex32* src, Complex32* dst, int32_t flag);
+/** Complex elements of binary32 or binary64 parts. */
+template <class Real>
+struct ElementOf;
+
+template <>
+struct ElementOf<float> {
+    using Complex = Complex32;
+    static constexpr dft_complex::Element kElement = dft_complex::Element::Complex32;
+};
+
+template <>
+struct ElementOf<double> {
+    using Complex = Complex64;
+    static constexpr dft_complex::Element kElement = dft_complex::Element::Complex64;
+};
+
+template <class Real>
+using CompiledKernel = QsvStatus (*)(const typename ElementOf<Real>::Complex* src,
+                                     typename ElementOf<Real>::Complex* dst, int32_t flag);
 
 /** The library's own function of one length. */
-CompiledKernel compiled_kernel(int length, dft_complex::Direction direction);
+template <class Real>
+CompiledKernel<Real> compiled_kernel(int length, dft_complex::Direction direction);
 
 }  // namespace dft_complex_test
