@@ -23,6 +23,7 @@ using kernelgen::Selection;
 using kernelgen::Type;
 
 constexpr Type kVector = Type::Binary32x4;
+constexpr Type kPair = Type::Binary64x2;
 
 void expect_reads_back(float value) {
     const std::string text = literal(value);
@@ -89,6 +90,74 @@ TEST(Emission, VectorsOffA16ByteBoundaryAreMovedUnaligned) {
     EXPECT_EQ(statements(g),
               "    const __m128 v0 = Unaligned::load(x + 2);\n"
               "    Unaligned::store(y + 6, v0);\n");
+}
+
+TEST(Emission, PairsOfBinary64HaveInstructionsOfTheirOwn) {
+    Graph g;
+    const Ref x = g.load(kPair, 0);
+    const Ref y = g.load(kPair, 2);
+    const Ref sum = g.add(x, y);
+    const Ref swapped = g.shuffle(sum, sum, {1, 0, 0, 0});
+    const Ref difference = g.sub(swapped, x);
+    g.store(g.mul(difference, g.scale(kPair)), 4);
+    EXPECT_EQ(statements(g),
+              "    const __m128d v0 = Memory::load(x + 0);\n"
+              "    const __m128d v1 = Memory::load(x + 2);\n"
+              "    const __m128d v2 = _mm_add_pd(v0, v1);\n"
+              "    const __m128d v3 = _mm_shuffle_pd(v2, v2, 1);\n"
+              "    const __m128d v4 = _mm_sub_pd(v3, v0);\n"
+              "    const __m128d v5 = _mm_mul_pd(v4, scale);\n"
+              "    Memory::store(y + 4, v5);\n");
+}
+
+TEST(Emission, PairsOfBinary64AtEvenOffsetsAreMovedAsTheArrayIsAligned) {
+    for (int offset : {0, 2, 4, 6, 10, 126}) {
+        Graph g;
+        g.store(g.load(kPair, offset), offset);
+        const std::string place = " + " + std::to_string(offset);
+        EXPECT_EQ(statements(g), "    const __m128d v0 = Memory::load(x" + place +
+                                     ");\n    Memory::store(y" + place + ", v0);\n");
+    }
+}
+
+TEST(Emission, PairsOfBinary64EightBytesOffAreMovedUnaligned) {
+    for (int offset : {1, 3, 5, 127}) {
+        Graph g;
+        g.store(g.load(kPair, offset), offset);
+        const std::string place = " + " + std::to_string(offset);
+        EXPECT_EQ(statements(g), "    const __m128d v0 = Unaligned::load(x" + place +
+                                     ");\n    Unaligned::store(y" + place + ", v0);\n");
+    }
+}
+
+TEST(Emission, ConstantPairsAreDefinedOnceWithBothTheirLanes) {
+    Graph g;
+    const Ref x = g.load(kPair, 0);
+    const kernelgen::Lanes lanes = {Exact::rational(1, 2), Exact::rational(-3)};
+    g.store(g.mul(x, lanes), 0);
+    g.store(g.mul(g.flip(x, {0, 1}), lanes), 2);
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g));
+    EXPECT_EQ(body.constants,
+              "alignas(16) constexpr double kConstants[][2] = {\n"
+              "    {0x1p-1, -0x1.8p+1},\n"
+              "    {0x0p+0, -0x0p+0},\n"
+              "};\n");
+    EXPECT_EQ(body.statements,
+              "    const __m128d v0 = Memory::load(x + 0);\n"
+              "    const __m128d v1 = _mm_mul_pd(v0, _mm_load_pd(kConstants[0]));\n"
+              "    Memory::store(y + 0, v1);\n"
+              "    const __m128d v2 = _mm_xor_pd(v0, _mm_load_pd(kConstants[1]));\n"
+              "    const __m128d v3 = _mm_mul_pd(v2, _mm_load_pd(kConstants[0]));\n"
+              "    Memory::store(y + 2, v3);\n");
+}
+
+TEST(Emission, ConstantPairsKeepTheBitsOfBinary64) {
+    Graph g;
+    const Exact third = Exact::rational(1, 3);
+    g.store(g.mul(g.load(kPair, 0), {third, third}), 0);
+    EXPECT_NE(kernelgen::emit(g, kernelgen::source_order(g))
+                  .constants.find("{" + literal(1.0 / 3) + ", " + literal(1.0 / 3) + "}"),
+              std::string::npos);
 }
 
 TEST(Emission, HalvesAndScalarsHaveMovesOfTheirOwn) {
@@ -217,6 +286,36 @@ TEST(Emission, ASelectionThatNoInstructionMakesIsRefused) {
         if (is_one_instruction(s)) return;
         EXPECT_THROW(shuffle_instruction(s), std::logic_error) << testing::PrintToString(s);
     });
+}
+
+std::string shuffle_of_pairs(const Selection& selection, bool of_one) {
+    Graph g;
+    const Ref x = g.load(kPair, 0);
+    const Ref y = g.load(kPair, 2);
+    const Ref sum = g.add(x, y);
+    g.store(g.add(sum, g.shuffle(x, of_one ? x : y, selection)), 0);
+    const std::string text = statements(g);
+    const std::string start = "const __m128d v3 = ";
+    const std::size_t at = text.find(start) + start.size();
+    return text.substr(at, text.find(';', at) - at);
+}
+
+// The low lane comes from the first operand, lanes 0 and 1, the high one from the second, 2 and 3.
+TEST(Emission, AShuffleOfPairsPicksALaneOfEachOperand) {
+    EXPECT_EQ(shuffle_of_pairs({0, 2}, false), "_mm_shuffle_pd(v0, v1, 0)");
+    EXPECT_EQ(shuffle_of_pairs({1, 2}, false), "_mm_shuffle_pd(v0, v1, 1)");
+    EXPECT_EQ(shuffle_of_pairs({0, 3}, false), "_mm_shuffle_pd(v0, v1, 2)");
+    EXPECT_EQ(shuffle_of_pairs({1, 3}, false), "_mm_shuffle_pd(v0, v1, 3)");
+}
+
+TEST(Emission, AShuffleOfOnePairSwapsItsLanes) {
+    EXPECT_EQ(shuffle_of_pairs({1, 0}, true), "_mm_shuffle_pd(v0, v0, 1)");
+}
+
+TEST(Emission, ASelectionOfPairsThatNoInstructionMakesIsRefused) {
+    const Selection refused[] = {{2, 0}, {2, 1}, {3, 0}, {3, 1}, {2, 3}, {3, 2}, {0, 1}, {1, 0}};
+    for (const Selection& s : refused)
+        EXPECT_THROW(shuffle_of_pairs(s, false), std::logic_error) << testing::PrintToString(s);
 }
 
 }  // namespace
