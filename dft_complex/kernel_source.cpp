@@ -68,10 +68,12 @@ std::string signature(const Kernel& kernel, const std::string& name) {
            "* dst, int32_t flag) {\n";
 }
 
+constexpr const char* kCheck =
+    "    const QsvStatus status = core::check(src, dst, flag, kScales);\n"
+    "    if (status != qsvStatusOk) return status;\n";
+
 std::string checked(const std::string& call) {
-    return "    const QsvStatus status = core::check(src, dst, flag, kScales);\n"
-           "    if (status != qsvStatusOk) return status;\n    " +
-           call + "\n    return qsvStatusOk;\n}\n";
+    return std::string(kCheck) + "    " + call + "\n    return qsvStatusOk;\n}\n";
 }
 
 std::string packed_call(const Kernel& kernel, const std::string& memory) {
@@ -79,7 +81,7 @@ std::string packed_call(const Kernel& kernel, const std::string& memory) {
            "(kScales[flag]));";
 }
 
-constexpr const char* kMisaligned = "    if (!core::aligned(src) || !core::aligned(dst))\n        return ";
+constexpr const char* kMisaligned = "    if (!core::aligned(src) || !core::aligned(dst))";
 
 std::string scalar_functions(const Kernel& kernel) {
     return signature(kernel, kernel.name()) +
@@ -90,44 +92,38 @@ bool holds_both_copies(const Kernel& kernel) {
     return !kernel.is_scalar() && kernel.twin_name().empty();
 }
 
-std::string checked_copy(const Kernel& kernel) {
-    return "\ntemplate <class Memory>\n[[gnu::always_inline]] inline " + signature(kernel, "run") +
-           checked(packed_call(kernel, "Memory"));
-}
-
+// A compiler may find that one copy does for both.
 std::string function_of_both_copies(const Kernel& kernel) {
-    return signature(kernel, kernel.name()) + kMisaligned +
-           "run<core::Unaligned>(src, dst, flag);\n"
-           "    return run<core::Aligned>(src, dst, flag);\n}\n";
+    return signature(kernel, kernel.name()) + kCheck + kMisaligned + "\n        " +
+           packed_call(kernel, "core::Unaligned") + "\n    else\n        " +
+           packed_call(kernel, "core::Aligned") + "\n    return qsvStatusOk;\n}\n";
 }
 
 std::string function_and_twin(const Kernel& kernel) {
     const std::string twin = kernel.twin_name();
     return "[[gnu::visibility(\"hidden\"), gnu::noinline]] " + signature(kernel, twin) +
            checked(packed_call(kernel, "core::Unaligned")) + "\n" +
-           signature(kernel, kernel.name()) + kMisaligned + twin + "(src, dst, flag);\n" +
-           checked(packed_call(kernel, "core::Aligned"));
+           signature(kernel, kernel.name()) + kMisaligned + "\n        return " + twin +
+           "(src, dst, flag);\n" + checked(packed_call(kernel, "core::Aligned"));
 }
 
 std::string functions(const Kernel& kernel) {
     if (kernel.is_scalar()) return scalar_functions(kernel);
-    return holds_both_copies(kernel) ? function_of_both_copies(kernel)
-                                     : function_and_twin(kernel);
+    return holds_both_copies(kernel) ? function_of_both_copies(kernel) : function_and_twin(kernel);
 }
 
 std::string transform_head(const Kernel& kernel) {
     const Spelling& s = spelling(kernel.element);
     const std::string arrays = std::string("const ") + s.real + "* x, " + s.real + "* y, ";
-    if (kernel.is_scalar())
-        return "\ninline void transform(" + arrays + s.real + " scale) {\n";
+    if (kernel.is_scalar()) return "\ninline void transform(" + arrays + s.real + " scale) {\n";
     std::string text;
     if (kernel.element == Element::Complex32) {
-        text = "\nusing core::load_high;\nusing core::load_low;\nusing core::move_low;\n"
-               "using core::store_high;\nusing core::store_low;\nusing core::Unaligned;\n";
+        text =
+            "\nusing core::load_high;\nusing core::load_low;\nusing core::move_low;\n"
+            "using core::store_high;\nusing core::store_low;\nusing core::Unaligned;\n";
     }
-    return text +
-           "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" + arrays +
-           s.vector + " scale) {\n";
+    return text + "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
+           arrays + s.vector + " scale) {\n";
 }
 
 std::uint64_t fnv1a(const std::string& text) {
@@ -148,17 +144,17 @@ std::string kernel_source(const Kernel& kernel) {
     text += "// " + counts_comment(counts_of(kernel)) + ".\n";
     text += "// Made by the kernel compiler; do not edit.\n\n";
     if (!kernel.option.empty()) {
-        text += "#if defined(__GNUC__) && !defined(__clang__)\n"
-                "// Spares this kernel moves between registers and stack.\n"
-                "#pragma GCC optimize(\"" +
-                kernel.option + "\")\n#endif\n\n";
+        text +=
+            "#if defined(__GNUC__) && !defined(__clang__)\n"
+            "// Spares this kernel moves between registers and stack.\n"
+            "#pragma GCC optimize(\"" +
+            kernel.option + "\")\n#endif\n\n";
     }
     text += "#include \"core/frame.hpp\"\n";
     if (!kernel.is_scalar()) text += "#include \"core/vector_access.hpp\"\n";
     text += "\nnamespace {\n\n" + scale_table(kernel);
     if (!body.constants.empty()) text += "\n" + body.constants;
     text += transform_head(kernel) + body.statements + "}\n";
-    if (holds_both_copies(kernel)) text += checked_copy(kernel);
     return text + "\n}  // namespace\n\nextern \"C\" {\n\n" + functions(kernel) + "\n}\n";
 }
 
@@ -173,9 +169,9 @@ std::string manifest_line(const Kernel& kernel) {
     const TableRow& row = row_of(kernel.length, kernel.element);
     const kernelgen::Schedule schedule = schedule_of(kernel);
     std::string line = kernel.name() + ",\"" + to_string(kernel.rule) + "\"";
-    for (int number : {c.sums, c.differences, c.products, row.sums + row.differences, row.products,
-                       c.wide_sums, c.wide_differences, c.wide_products, c.flips, c.shuffles,
-                       c.loads, c.stores})
+    for (int number :
+         {c.sums, c.differences, c.products, row.sums + row.differences, row.products, c.wide_sums,
+          c.wide_differences, c.wide_products, c.flips, c.shuffles, c.loads, c.stores})
         line += "," + std::to_string(number);
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses) + ",";
     for (const LaneChoice& choice : kernel.choices)

@@ -16,7 +16,7 @@ class NetworkEvaluation {
         Points points;
         if (fold_ && conjugate_pairs(factors)) {
             for (const Value& value : transform.inputs) points.push_back(at_source(value.source));
-            done_.push_back(with_conjugate_factors(algebra_, points, factors));
+            done_.push_back(with_conjugate_factors(algebra_, points, factors, transform.form));
             return;
         }
         for (const Value& value : transform.inputs) points.push_back(evaluate(value));

@@ -120,7 +120,7 @@ class PackedLayout {
         Points x;
         for (const SlotVector& vector : points)
             x.push_back(gather(regroup, sources, algebra, vector));
-        return fold ? with_conjugate_factors(algebra, x, factors)
+        return fold ? with_conjugate_factors(algebra, x, factors, SmallForm::Usual)
                     : small_transform(algebra, radix, SmallForm::Usual, x);
     }
 

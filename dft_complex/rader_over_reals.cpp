@@ -21,7 +21,7 @@ Rule inner_rule(int p) {
         case 17:
             return T(n2, n8);
         case 19:
-            return P(n2, n9);
+            return P(n2, T(n3, n3, Residues::FromZero));
         case 23:
             return P(n2, small(11));
         case 29:
@@ -35,7 +35,9 @@ Rule inner_rule(int p) {
         case 43:
             return P(P(n2, n7), n3);
         case 47:
-            return P(n2, small(23));
+            // 22 has the factor 11, so that Rader's form would take more sums and more products and
+            // lose more by rounding.
+            return P(n2, small(23, SmallForm::Pairs));
         case 53:
             return P(n4, small(13));
         case 59:

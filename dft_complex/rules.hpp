@@ -15,6 +15,7 @@ enum class SmallForm {
     Usual,         ///< 3, 5, 7, 11 from their pairs, primes from 13 on by Rader's form
     HalfSumOfTwo,  ///< 5 by half the sum and half the difference of its two cosines
     RaderOfSeven,  ///< 7 by Rader's form
+    Pairs,         ///< a prime from 13 on by its pairs
 };
 
 /** Which representatives the classes modulo b have in a Cooley-Tukey decomposition. */

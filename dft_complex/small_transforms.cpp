@@ -52,30 +52,6 @@ Points eight(ComplexAlgebra& m, const Points& x) {
             even[2], m.sub(p, rw), even[3], m.sub(q, sw)};
 }
 
-// The two cosines are -1/4 +- sqrt(5)/4: half their sum serves both sums of pairs, half their
-// difference takes the difference of the two.
-Points five_by_half_sum(ComplexAlgebra& m, const Points& x) {
-    const ComplexVector a = m.add(x[1], x[4]);
-    const ComplexVector b = m.add(x[2], x[3]);
-    const ComplexVector c = m.sub(x[1], x[4]);
-    const ComplexVector d = m.sub(x[2], x[3]);
-    const ComplexVector both = m.add(a, b);
-    const ComplexVector center = m.sub(x[0], m.scaled(both, Exact::rational(1, 4)));
-    const Exact quarter_root =
-        Exact::product({Exact::rational(1, 4), Exact::square_root(5)});
-    const ComplexVector apart = m.scaled(m.sub(a, b), quarter_root);
-    const ComplexVector even1 = m.add(center, apart);
-    const ComplexVector even2 = m.sub(center, apart);
-    const Exact s1 = Exact::sine(1, 5);
-    const Exact s2 = Exact::sine(2, 5);
-    const ComplexVector c_s1 = m.turned_scaled(c, s1);
-    const ComplexVector odd1 = m.add(c_s1, m.turned_scaled(d, s2));
-    const ComplexVector c_s2 = m.turned_scaled(c, s2);
-    const ComplexVector odd2 = m.sub(c_s2, m.turned_scaled(d, s1));
-    return {m.add(x[0], both), m.add(even1, odd1), m.add(even2, odd2), m.sub(even2, odd2),
-            m.sub(even1, odd1)};
-}
-
 /** A pair x[j], x[p-j] of an odd prime's points. */
 struct Pair {
     ComplexVector sum;
@@ -109,24 +85,58 @@ Points from_pairs(ComplexAlgebra& m, const ComplexVector& x0, const std::vector<
     return y;
 }
 
-}  // namespace
+// The two cosines are -1/4 +- sqrt(5)/4: half their sum serves both sums of pairs, half their
+// difference takes the difference of the two.
+Points from_two_pairs_by_half_sum(ComplexAlgebra& m, const ComplexVector& x0,
+                                  const std::vector<Pair>& pairs, const auto& sine_term) {
+    const auto& [a, c] = pairs[0];
+    const auto& [b, d] = pairs[1];
+    const ComplexVector both = m.add(a, b);
+    const ComplexVector center = m.sub(x0, m.scaled(both, Exact::rational(1, 4)));
+    const Exact quarter_root = Exact::product({Exact::rational(1, 4), Exact::square_root(5)});
+    const ComplexVector apart = m.scaled(m.sub(a, b), quarter_root);
+    const ComplexVector even1 = m.add(center, apart);
+    const ComplexVector even2 = m.sub(center, apart);
+    const Exact s1 = Exact::sine(1, 5);
+    const Exact s2 = Exact::sine(2, 5);
+    const ComplexVector c_s1 = sine_term(c, s1);
+    const ComplexVector odd1 = m.add(c_s1, sine_term(d, s2));
+    const ComplexVector c_s2 = sine_term(c, s2);
+    const ComplexVector odd2 = m.sub(c_s2, sine_term(d, s1));
+    return {m.add(x0, both), m.add(even1, odd1), m.add(even2, odd2), m.sub(even2, odd2),
+            m.sub(even1, odd1)};
+}
 
-Points direct_form(ComplexAlgebra& m, const Points& x) {
+std::vector<Pair> pairs_of(ComplexAlgebra& m, const Points& x) {
     const int p = static_cast<int>(x.size());
     std::vector<Pair> pairs;
     for (int j = 1; 2 * j < p; ++j) {
         const ComplexVector sum = m.add(x[at(j)], x[at(p - j)]);
         pairs.push_back({sum, m.sub(x[at(j)], x[at(p - j)])});
     }
-    return from_pairs(m, x[0], pairs, [&](const ComplexVector& difference, const Exact& sine) {
-        return m.turned_scaled(difference, sine);
-    });
+    return pairs;
+}
+
+}  // namespace
+
+Points direct_form(ComplexAlgebra& m, const Points& x) {
+    return from_pairs(m, x[0], pairs_of(m, x),
+                      [&](const ComplexVector& difference, const Exact& sine) {
+                          return m.turned_scaled(difference, sine);
+                      });
+}
+
+Points five_by_half_sum(ComplexAlgebra& m, const Points& x) {
+    return from_two_pairs_by_half_sum(m, x[0], pairs_of(m, x),
+                                      [&](const ComplexVector& difference, const Exact& sine) {
+                                          return m.turned_scaled(difference, sine);
+                                      });
 }
 
 // f a + conj(f) b = c s + i d t and -i (f a - conj(f) b) = d s - i c t, f = c + i d, s = a + b,
 // t = a - b.
 Points with_conjugate_factors(ComplexAlgebra& m, const Points& x,
-                              const std::vector<Factors>& factors) {
+                              const std::vector<Factors>& factors, SmallForm form) {
     const int p = static_cast<int>(x.size());
     const Exact zero = Exact::rational(0);
     // The only sine of length 3 joins the factors.
@@ -149,9 +159,11 @@ Points with_conjugate_factors(ComplexAlgebra& m, const Points& x,
         const ComplexVector sum = m.add(s_c, t_id);
         pairs.push_back({sum, m.add(s_d, t_c)});
     }
-    return from_pairs(m, x[0], pairs, [&](const ComplexVector& difference, const Exact& sine) {
+    const auto sine_term = [&](const ComplexVector& difference, const Exact& sine) {
         return p == 3 ? difference : m.scaled(difference, sine);
-    });
+    };
+    return form == SmallForm::HalfSumOfTwo ? from_two_pairs_by_half_sum(m, x[0], pairs, sine_term)
+                                           : from_pairs(m, x[0], pairs, sine_term);
 }
 
 bool all_one(const Factors& factors) {
@@ -180,6 +192,8 @@ Points small_transform(ComplexAlgebra& algebra, int radix, SmallForm form, const
             return five_by_half_sum(algebra, x);
         case SmallForm::RaderOfSeven:
             return seven_by_rader(algebra, x);
+        case SmallForm::Pairs:
+            return direct_form(algebra, x);
         case SmallForm::Usual:
             break;
     }

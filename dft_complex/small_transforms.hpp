@@ -29,9 +29,10 @@ bool conjugate_pairs(const std::vector<Factors>& factors);
 
 /** DFT of an odd prime number of points x[j] times factors[j], which are conjugate pairs: they are
  * taken into the sum and the difference of a pair, which spares turning a vector by a quarter, and
- * for three points sin(2 pi / 3) is folded into them (16 + 10 where factors apart take 16 + 12). */
+ * for three points sin(2 pi / 3) is folded into them (16 + 10 where factors apart take 16 + 12).
+ * `form` is the usual one or, for five points, the half sum. */
 Points with_conjugate_factors(ComplexAlgebra& algebra, const Points& x,
-                              const std::vector<Factors>& factors);
+                              const std::vector<Factors>& factors, SmallForm form);
 
 /** Odd prime p by its pairs: h = (p - 1) / 2 cosines and sines of 2 pi j / p. */
 Points direct_form(ComplexAlgebra& algebra, const Points& x);

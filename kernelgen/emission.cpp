@@ -113,9 +113,12 @@ class Emitter {
         const std::string a = operand(n.a);
         const std::string b = operand(n.b);
         const Selection& s = n.selection;
-        if (n.type == Type::Binary64x2)
+        const std::logic_error no_instruction("no instruction picks these lanes");
+        if (n.type == Type::Binary64x2) {
+            if (s[0] > 1 || (s[1] < 2 && n.a != n.b)) throw no_instruction;
             return "_mm_shuffle_pd(" + a + ", " + b + ", " + std::to_string(s[0] + 2 * (s[1] % 2)) +
                    ")";
+        }
         const auto is = [&](std::uint8_t i, std::uint8_t j, std::uint8_t k, std::uint8_t l) {
             return s == Selection{i, j, k, l};
         };
@@ -126,8 +129,7 @@ class Emitter {
         if (is(2, 6, 3, 7)) return "_mm_unpackhi_ps" + pair;
         if (is(0, 1, 4, 5)) return "_mm_movelh_ps" + pair;
         if (is(2, 3, 6, 7)) return "_mm_movehl_ps(" + b + ", " + a + ")";
-        if (s[0] > 3 || s[1] > 3 || s[2] < 4 || s[3] < 4)
-            throw std::logic_error("no instruction picks these lanes");
+        if (s[0] > 3 || s[1] > 3 || s[2] < 4 || s[3] < 4) throw no_instruction;
         return "_mm_shuffle_ps(" + a + ", " + b + ", _MM_SHUFFLE(" + std::to_string(s[3] - 4) +
                ", " + std::to_string(s[2] - 4) + ", " + std::to_string(s[1]) + ", " +
                std::to_string(s[0]) + "))";

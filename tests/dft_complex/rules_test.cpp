@@ -124,13 +124,17 @@ TEST(Rules, LeavesAreTheSmallTransforms) {
 
 TEST(Rules, OnlyFiveTakesTheHalfSumOfItsCosines) {
     for_each_rule_of_the_tables([](const Rule& rule) {
-        if (rule.small_form == SmallForm::HalfSumOfTwo) EXPECT_EQ(rule.length, 5);
+        if (rule.small_form == SmallForm::HalfSumOfTwo) {
+            EXPECT_EQ(rule.length, 5);
+        }
     });
 }
 
 TEST(Rules, OnlySevenTakesRadersFormBesideTheUsualOne) {
     for_each_rule_of_the_tables([](const Rule& rule) {
-        if (rule.small_form == SmallForm::RaderOfSeven) EXPECT_EQ(rule.length, 7);
+        if (rule.small_form == SmallForm::RaderOfSeven) {
+            EXPECT_EQ(rule.length, 7);
+        }
     });
 }
 

@@ -116,14 +116,19 @@ std::vector<Factors> conjugate_factors(int p, int transforms) {
     return factors;
 }
 
-class ConjugateFactors : public testing::TestWithParam<int> {};
+struct FoldedTransform {
+    int length;
+    SmallForm form;
+};
+
+class ConjugateFactors : public testing::TestWithParam<FoldedTransform> {};
 
 TEST_P(ConjugateFactors, AreTakenIntoTheTransform) {
-    const int p = GetParam();
+    const auto [p, form] = GetParam();
     for (const Arrangement& arrangement : kArrangements) {
         const auto factors = conjugate_factors(p, arrangement.transforms());
         const auto graph = lay_out(arrangement, p, [&](ComplexAlgebra& m, const Points& x) {
-            return with_conjugate_factors(m, x, factors);
+            return with_conjugate_factors(m, x, factors, form);
         });
         const Wide deviation = deviation_of(graph, arrangement, p, p, [&](int k, int n, int t) {
             return of_the_dft(k, n, p) *
@@ -134,8 +139,15 @@ TEST_P(ConjugateFactors, AreTakenIntoTheTransform) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfLength, ConjugateFactors, testing::Values(3, 5, 7),
-                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Of, ConjugateFactors,
+                         testing::Values(FoldedTransform{3, SmallForm::Usual},
+                                         FoldedTransform{5, SmallForm::Usual},
+                                         FoldedTransform{5, SmallForm::HalfSumOfTwo},
+                                         FoldedTransform{7, SmallForm::Usual}),
+                         [](const auto& info) {
+                             const bool usual = info.param.form == SmallForm::Usual;
+                             return std::to_string(info.param.length) + (usual ? "" : "HalfSum");
+                         });
 
 TEST(SmallTransforms, ConjugatePairsAreKnownInEveryLane) {
     for (int p : {3, 5, 7}) {
@@ -183,9 +195,10 @@ TEST(SmallTransforms, TheHalfSumOfTheCosinesOfFiveSparesFourRealProducts) {
 
 TEST(SmallTransforms, ConjugateFactorsSpareTwoProductsOfThreePoints) {
     const auto factors = conjugate_factors(3, 4);
-    EXPECT_EQ(cost_of(3, [&](ComplexAlgebra& m,
-                             const Points& x) { return with_conjugate_factors(m, x, factors); }),
-              Cost(16, 10));
+    const auto transform = [&](ComplexAlgebra& m, const Points& x) {
+        return with_conjugate_factors(m, x, factors, SmallForm::Usual);
+    };
+    EXPECT_EQ(cost_of(3, transform), Cost(16, 10));
 }
 
 }  // namespace

@@ -108,9 +108,8 @@ TEST(Source, ShortKernelsOfDoublePrecisionChooseBetweenTheirTwoCopiesByTheAddres
                 kernel_source(dft_complex_test::kernel(length, direction, Element::Complex64));
             const std::string where = describe(length, direction, Element::Complex64);
             EXPECT_EQ(occurrences(text, "!core::aligned(src) || !core::aligned(dst)"), 1) << where;
-            EXPECT_EQ(occurrences(text, "return run<core::Unaligned>(src, dst, flag);"), 1)
-                << where;
-            EXPECT_EQ(occurrences(text, "return run<core::Aligned>(src, dst, flag);"), 1) << where;
+            EXPECT_EQ(occurrences(text, "transform<core::Unaligned>("), 1) << where;
+            EXPECT_EQ(occurrences(text, "transform<core::Aligned>("), 1) << where;
         }
     }
 }

@@ -8,9 +8,8 @@
 
 namespace qsvgen_test {
 
-/** Lengths of a prime from 17 to 31 and another factor, and the prime whose convolution holds a
- * second one. The roundings of Rader's form alone reach the limit of other composites;
- * docs/accuracy.md shows it for every order of its factors. */
+/** Lengths of a prime from 17 to 31 and another factor. The roundings of Rader's form alone reach
+ * the limit of other composites; docs/accuracy.md shows it for every order of its factors. */
 inline bool holds_rader_form_of_long_prime(int length) {
     for (int prime : {17, 19, 23, 29, 31}) {
         if (length != prime && length % prime == 0) return true;
@@ -18,27 +17,16 @@ inline bool holds_rader_form_of_long_prime(int length) {
     return false;
 }
 
-inline constexpr int kPrimeOfTwoConvolutions = 53;
-
-/** What the kind of a length allows, in units of eps sqrt(log2 N). */
-inline double accuracy_factor_of_kind(int length) {
-    if (is_power_of_two(length)) return 0.30;
-    return is_prime(length) ? 0.45 : 0.36;
-}
-
+/** In units of eps sqrt(log2 N). */
 template <class E>
 double accuracy_factor(int length) {
-    return accuracy_factor_of_kind(length);
-}
-
-// An element a vector leaves its lengths to other forms than four lanes do, so that the exceptions
-// belong to one element type alone.
-template <>
-inline double accuracy_factor<Single>(int length) {
-    if (Single::is_chirp_length(length)) return 0.90;
-    if (length == kPrimeOfTwoConvolutions) return 0.49;
+    if (E::is_chirp_length(length)) return 0.90;
+    // Their convolutions, of lengths 52 and 58, hold further ones, of 12 and 28.
+    if (length == 53) return 0.49;
+    if (length == 59) return 0.53;
     if (holds_rader_form_of_long_prime(length)) return 0.40;
-    return accuracy_factor_of_kind(length);
+    if (is_power_of_two(length)) return 0.30;
+    return is_prime(length) ? 0.45 : 0.36;
 }
 
 /** Limit on the root mean square of |error| / |result|, in the Euclidean norm. */
