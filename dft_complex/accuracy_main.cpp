@@ -2,19 +2,24 @@
  * @file
  * @brief Relative errors by the bit interpreter: report_dft_accuracy
  *
- * For each length that holds Rader's form of a prime from 17 on beside another factor, and for 53:
- * the error of the kernel as it ships, and of the other forms and orders of factors that its rule
- * leaves open, in units of eps sqrt(log2 N), eps = 2^-23.
+ * For each length that holds Rader's form of a prime from 17 on beside another factor, and for the
+ * primes whose convolutions hold a second one: the error of the kernel as it ships, and of the
+ * other forms and orders of factors that its rule leaves open, in units of eps sqrt(log2 N), eps =
+ * 2^-23 in single and 2^-52 in double precision.
  */
 
 #include <cmath>
 #include <complex>
 #include <cstdio>
 #include <random>
+#include <string>
+#include <vector>
 
 #include "dft_complex/decompositions.hpp"
+#include "dft_complex/element_layout.hpp"
 #include "dft_complex/kernels.hpp"
 #include "kernelgen/bit_interpreter.hpp"
+#include "kernelgen/counts.hpp"
 
 namespace {
 
@@ -22,9 +27,12 @@ using namespace dft_complex;
 
 constexpr int kSignals = 400;
 
-double relative_error(const Graph& graph, int length) {
+double relative_error(const Graph& graph, int length, Element element) {
     std::mt19937 random(1);
-    const auto sample = [&] { return static_cast<float>(random() * 0x1p-31 - 1); };
+    const auto sample = [&]() -> double {
+        const double high = random() * 0x1p-31 - 1;
+        return element == Element::Complex32 ? static_cast<float>(high) : high + random() * 0x1p-63;
+    };
     long double sum = 0;
     for (int signal = 0; signal < kSignals; ++signal) {
         std::vector<double> x(static_cast<std::size_t>(2 * length));
@@ -49,26 +57,38 @@ double relative_error(const Graph& graph, int length) {
     return std::sqrt(static_cast<double>(sum / kSignals));
 }
 
-void report(const char* form, const Graph& graph, int length) {
-    const double unit = 0x1p-23 * std::sqrt(std::log2(length));
-    std::printf("%3d  %-38s %.3f\n", length, form, relative_error(graph, length) / unit);
+void report(const char* form, const Graph& graph, int length, Element element) {
+    const double eps = element == Element::Complex32 ? 0x1p-23 : 0x1p-52;
+    const double unit = eps * std::sqrt(std::log2(length));
+    const kernelgen::Counts counts = kernelgen::count(graph, element == Element::Complex32);
+    std::printf("%s  %3d  %-38s %.3f  %d + %d\n", suffix(element).c_str(), length, form,
+                relative_error(graph, length, element) / unit, counts.sums + counts.differences,
+                counts.products);
     std::fflush(stdout);
 }
 
-void report(const char* form, const Rule& rule) {
+void report_shipped(int length, Element element) {
+    const Kernel kernel = proven_kernel(length, Direction::Forward, element);
+    report("as it ships", kernel.graph, length, element);
+}
+
+void report_in_lanes(const char* form, const Rule& rule) {
     Network network;
     const Signal y = dft(network, rule, network.input(rule.length));
-    report(form, lay_out_packed(network, y, Direction::Forward, lane_policy(rule.length), {}).graph,
-           rule.length);
+    const PackedKernel layout =
+        lay_out_packed(network, y, Direction::Forward, lane_policy(rule.length), {});
+    report(form, layout.graph, rule.length, Element::Complex32);
 }
 
-void report_shipped(int length) {
-    report("as it ships", proven_kernel(length, Direction::Forward, Element::Complex32).graph, length);
+void report_by_elements(const Rule& rule) {
+    Network network;
+    const Signal y = dft(network, rule, network.input(rule.length));
+    const Graph graph = lay_out_by_elements(network, y, Direction::Forward);
+    const std::string form = rule.form == Rule::Form::Small ? "by its pairs" : to_string(rule);
+    report(form.c_str(), graph, rule.length, Element::Complex64);
 }
 
-}  // namespace
-
-int main() {
+void report_single_precision() {
     const Rule n2 = small(2), n3 = small(3), n4 = small(4), n5 = small(5), n7 = small(7),
                n8 = small(8), n11 = small(11), n9 = T(n3, n3);
     struct Inner {
@@ -89,22 +109,48 @@ int main() {
     const auto spread = [](const Inner& inner) {
         return std::string("spread over the lanes, ") + inner.name;
     };
-    std::printf("  N  form                                   error\n");
-    report_shipped(34);
-    for (const Inner& i : of_16) report(spread(i).c_str(), P(n2, R(i.rule)));
-    report_shipped(38);
-    for (const Inner& i : of_18) report(spread(i).c_str(), P(n2, R(i.rule)));
-    report_shipped(46);
-    for (const Inner& i : of_22) report(spread(i).c_str(), T(R(i.rule), n2));
-    report_shipped(51);
-    for (const Inner& i : of_16) report(spread(i).c_str(), P(R(i.rule), n3));
-    report_shipped(53);
-    report("R(52), 52 = P(13,4)", R(P(small(13), n4)));
-    report_shipped(57);
-    for (const Inner& i : of_18) report(spread(i).c_str(), P(R(i.rule), n3));
-    report_shipped(58);
-    for (const Inner& i : of_28) report(spread(i).c_str(), P(n2, R(i.rule)));
-    report_shipped(62);
-    for (const Inner& i : of_30) report(spread(i).c_str(), T(R(i.rule), n2));
+    report_shipped(34, Element::Complex32);
+    for (const Inner& i : of_16) report_in_lanes(spread(i).c_str(), P(n2, R(i.rule)));
+    report_shipped(38, Element::Complex32);
+    for (const Inner& i : of_18) report_in_lanes(spread(i).c_str(), P(n2, R(i.rule)));
+    report_shipped(46, Element::Complex32);
+    for (const Inner& i : of_22) report_in_lanes(spread(i).c_str(), T(R(i.rule), n2));
+    report_shipped(51, Element::Complex32);
+    for (const Inner& i : of_16) report_in_lanes(spread(i).c_str(), P(R(i.rule), n3));
+    report_shipped(53, Element::Complex32);
+    report_in_lanes("R(52), 52 = P(13,4)", R(P(small(13), n4)));
+    report_shipped(57, Element::Complex32);
+    for (const Inner& i : of_18) report_in_lanes(spread(i).c_str(), P(R(i.rule), n3));
+    report_shipped(58, Element::Complex32);
+    for (const Inner& i : of_28) report_in_lanes(spread(i).c_str(), P(n2, R(i.rule)));
+    report_shipped(62, Element::Complex32);
+    for (const Inner& i : of_30) report_in_lanes(spread(i).c_str(), T(R(i.rule), n2));
+}
+
+void report_double_precision() {
+    const Rule n2 = small(2), n3 = small(3);
+    for (int prime : {17, 19, 29, 31}) {
+        report_shipped(2 * prime, Element::Complex64);
+        report_by_elements(P(n2, small(prime)));
+        report_by_elements(P(small(prime), n2));
+    }
+    report_shipped(46, Element::Complex64);
+    report_by_elements(P(n2, small(23)));
+    for (int prime : {17, 19}) {
+        report_shipped(3 * prime, Element::Complex64);
+        report_by_elements(P(n3, small(prime)));
+    }
+    for (int prime : {53, 59}) {
+        report_shipped(prime, Element::Complex64);
+        report_by_elements(small(prime, SmallForm::Pairs));
+    }
+}
+
+}  // namespace
+
+int main() {
+    std::printf("type   N  form                                   error  sums + products\n");
+    report_single_precision();
+    report_double_precision();
     return 0;
 }
