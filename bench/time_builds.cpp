@@ -55,8 +55,8 @@ void Run(const char* name, const std::vector<const char*>& files) {
             Build& build = builds[(i + static_cast<std::size_t>(round)) % builds.size()];
             const auto call = [&] { build.kernel(source, destination, qsvScaleNone); };
             call();
-            build.cycles = std::min(build.cycles,
-                                    static_cast<double>(TimeBatch(calls, call)) / calls);
+            build.cycles =
+                std::min(build.cycles, static_cast<double>(TimeBatch(calls, call)) / calls);
         }
     }
     for (const Build& build : builds) std::printf("%.1f\n", build.cycles);
