@@ -124,7 +124,8 @@ struct FoldedTransform {
 class ConjugateFactors : public testing::TestWithParam<FoldedTransform> {};
 
 TEST_P(ConjugateFactors, AreTakenIntoTheTransform) {
-    const auto [p, form] = GetParam();
+    const int p = GetParam().length;
+    const SmallForm form = GetParam().form;
     for (const Arrangement& arrangement : kArrangements) {
         const auto factors = conjugate_factors(p, arrangement.transforms());
         const auto graph = lay_out(arrangement, p, [&](ComplexAlgebra& m, const Points& x) {
