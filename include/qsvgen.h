@@ -8,14 +8,41 @@
  *   inverse  y[k] = s * sum over n of x[n] * exp(+2 pi i n k / N)
  *
  * Shapes     x and y hold N complex elements each, interleaved re, im, in natural order.
+ *
+ * Real-input DFT, lengths N = 2 to 64
+ * -----------------------------------
+ *   forward  X[k] = s * sum over n of x[n] * exp(-2 pi i n k / N), X[k] = R[k] + i I[k]
+ *   inverse  x[n] = s * sum over k = 0 to N-1 of X[k] * exp(+2 pi i n k / N)
+ *
+ * Shapes     x holds N real elements. Of the spectrum, whose bins above N/2 are the conjugates of
+ *            those below, an array of real elements holds the rest in one of three layouts:
+ *
+ *              CCS   R0 0 R1 I1 R2 I2 ...            and for even N  R[N/2] 0 at the end
+ *              Pack  R0 R1 I1 R2 I2 ...              and for even N  R[N/2] at the end
+ *              Perm  R0 R[N/2] R1 I1 R2 I2 ...       for even N; for odd N as Pack
+ *
+ *            Pack and Perm have N elements, CCS has N + 2 for even and N + 1 for odd N. A forward
+ *            transform writes the two zeros of CCS as +0, an inverse one does not read them.
+ *
+ * Hartley transform, lengths N = 2 to 64
+ * --------------------------------------
+ *   y[k] = s * sum over n of x[n] * (cos(2 pi n k / N) + sin(2 pi n k / N))
+ *
+ * Shapes     x and y hold N real elements each, in natural order. The transform is its own inverse
+ *            up to the factor N.
+ *
+ * All of them
+ * -----------
  * Scaling    s is chosen by the flag (see QsvScaleFlag); every output is multiplied once by s.
- * Aliasing   Source and destination may be the same array, with the same bits as out of place.
- *            A partial overlap is not supported.
- * Alignment  Any address of whole 32-bit words is accepted. Where both arrays stand on
- *            16-byte boundaries a faster path runs, with the same bits.
- * Threads    Every function is a pure function of its arguments: no state, no lock, no allocation.
- * Errors     Checked in this order: length (dispatchers only), source and destination pointer,
- *            flag. A refused call has read and written nothing. Sample values are never examined.
+ * Precision  Of complex elements as the kernels' names say. Real transforms of Real32 elements
+ *            multiply by constants in binary64 and round to binary32 between their stages.
+ * Aliasing   Source and destination may be the same array, with the same bits as out of place; it
+ *            must then be large enough for both. A partial overlap is not supported.
+ * Alignment  Any address of whole 32-bit words is accepted. Where both arrays of a complex
+ * transform stand on 16-byte boundaries a faster path runs, with the same bits. Threads    Every
+ * function is a pure function of its arguments: no state, no lock, no allocation. Errors Checked in
+ * this order: length (dispatchers only), source and destination pointer, flag. A refused call has
+ * read and written nothing. Sample values are never examined.
  */
 #ifndef QSVGEN_H
 #define QSVGEN_H
@@ -64,10 +91,10 @@ enum {
  * back the input times 1, or times N for qsvScaleNone.
  */
 enum QsvScaleFlag {
-    qsvScaleFwdByN = 1,  /**< forward by 1/N, inverse by 1 */
-    qsvScaleInvByN = 2,  /**< forward by 1, inverse by 1/N */
-    qsvScaleBySqrtN = 4, /**< both by 1/sqrt(N) */
-    qsvScaleNone = 8     /**< both by 1 */
+    qsvScaleFwdByN = 1,  /**< forward and Hartley by 1/N, inverse by 1 */
+    qsvScaleInvByN = 2,  /**< inverse and Hartley by 1/N, forward by 1 */
+    qsvScaleBySqrtN = 4, /**< all by 1/sqrt(N) */
+    qsvScaleNone = 8     /**< all by 1 */
 };
 
 /** What qsvgenGetLibVersion tells of the library. */
@@ -130,6 +157,86 @@ QSVG_API QsvStatus qsvgDFTInv_CToC_64fc(const Complex64* src, Complex64* dst, in
                                                   int32_t flag);
 QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_DFT_COMPLEX)
 #undef QSVG_DECLARE_DFT_COMPLEX
+
+/**
+ * Real-input DFT of a length given at run time, its spectrum in the CCS layout.
+ * @param src    length elements, not null
+ * @param dst    length + 2 elements for an even length, length + 1 for an odd one, not null; may be
+ *               src if that has as many
+ * @param length 2 to 64, else qsvStatusBadLength
+ * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
+ */
+QSVG_API QsvStatus qsvgDFTFwd_RToCCS_32f(const Real32* src, Real32* dst, int32_t length,
+                                         int32_t flag);
+/** The same in the Pack layout: dst has length elements. */
+QSVG_API QsvStatus qsvgDFTFwd_RToPack_32f(const Real32* src, Real32* dst, int32_t length,
+                                          int32_t flag);
+/** The same in the Perm layout: dst has length elements. */
+QSVG_API QsvStatus qsvgDFTFwd_RToPerm_32f(const Real32* src, Real32* dst, int32_t length,
+                                          int32_t flag);
+
+/**
+ * Real signal of a spectrum in the CCS layout, of a length given at run time.
+ * @param src    as long as dst of qsvgDFTFwd_RToCCS_32f; its zeros are not read
+ * @param dst    length elements, not null; may be src
+ * @param length 2 to 64, else qsvStatusBadLength
+ * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
+ */
+QSVG_API QsvStatus qsvgDFTInv_CCSToR_32f(const Real32* src, Real32* dst, int32_t length,
+                                         int32_t flag);
+/** The same from the Pack layout: src has length elements. */
+QSVG_API QsvStatus qsvgDFTInv_PackToR_32f(const Real32* src, Real32* dst, int32_t length,
+                                          int32_t flag);
+/** The same from the Perm layout: src has length elements. */
+QSVG_API QsvStatus qsvgDFTInv_PermToR_32f(const Real32* src, Real32* dst, int32_t length,
+                                          int32_t flag);
+
+/**
+ * Hartley transform of a length given at run time.
+ * @param src    length elements, not null
+ * @param dst    length elements, not null; may be src
+ * @param length 2 to 64, else qsvStatusBadLength
+ * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
+ */
+QSVG_API QsvStatus qsvgHartley_32f(const Real32* src, Real32* dst, int32_t length, int32_t flag);
+
+/** qsvgDFTFwd_RToCCS_32f in double precision. */
+QSVG_API QsvStatus qsvgDFTFwd_RToCCS_64f(const Real64* src, Real64* dst, int32_t length,
+                                         int32_t flag);
+/** qsvgDFTFwd_RToPack_32f in double precision. */
+QSVG_API QsvStatus qsvgDFTFwd_RToPack_64f(const Real64* src, Real64* dst, int32_t length,
+                                          int32_t flag);
+/** qsvgDFTFwd_RToPerm_32f in double precision. */
+QSVG_API QsvStatus qsvgDFTFwd_RToPerm_64f(const Real64* src, Real64* dst, int32_t length,
+                                          int32_t flag);
+/** qsvgDFTInv_CCSToR_32f in double precision. */
+QSVG_API QsvStatus qsvgDFTInv_CCSToR_64f(const Real64* src, Real64* dst, int32_t length,
+                                         int32_t flag);
+/** qsvgDFTInv_PackToR_32f in double precision. */
+QSVG_API QsvStatus qsvgDFTInv_PackToR_64f(const Real64* src, Real64* dst, int32_t length,
+                                          int32_t flag);
+/** qsvgDFTInv_PermToR_32f in double precision. */
+QSVG_API QsvStatus qsvgDFTInv_PermToR_64f(const Real64* src, Real64* dst, int32_t length,
+                                          int32_t flag);
+/** qsvgHartley_32f in double precision. */
+QSVG_API QsvStatus qsvgHartley_64f(const Real64* src, Real64* dst, int32_t length, int32_t flag);
+
+/** Real-input DFT and Hartley kernels of one length each: qsvgDFTFwd_RToCCS_2_32f and so on to
+ *  qsvgHartley_64_64f. */
+#define QSVG_DECLARE_REAL_KERNEL(FAMILY, N)                                                    \
+    QSVG_API QsvStatus qsvg##FAMILY##_##N##_32f(const Real32* src, Real32* dst, int32_t flag); \
+    QSVG_API QsvStatus qsvg##FAMILY##_##N##_64f(const Real64* src, Real64* dst, int32_t flag);
+#define QSVG_DECLARE_REAL_KERNELS(N)            \
+    QSVG_DECLARE_REAL_KERNEL(DFTFwd_RToCCS, N)  \
+    QSVG_DECLARE_REAL_KERNEL(DFTFwd_RToPack, N) \
+    QSVG_DECLARE_REAL_KERNEL(DFTFwd_RToPerm, N) \
+    QSVG_DECLARE_REAL_KERNEL(DFTInv_CCSToR, N)  \
+    QSVG_DECLARE_REAL_KERNEL(DFTInv_PackToR, N) \
+    QSVG_DECLARE_REAL_KERNEL(DFTInv_PermToR, N) \
+    QSVG_DECLARE_REAL_KERNEL(Hartley, N)
+QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_REAL_KERNELS)
+#undef QSVG_DECLARE_REAL_KERNELS
+#undef QSVG_DECLARE_REAL_KERNEL
 
 #ifdef __cplusplus
 }
