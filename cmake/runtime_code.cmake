@@ -24,3 +24,18 @@ target_compile_options(
               $<$<CXX_COMPILER_ID:Clang>:-mstackrealign>
               # Half vectors are moved at any address, which the processor allows.
               -fno-sanitize=alignment)
+
+# Kernels that work on one value at a time.
+add_library(scalar_runtime_code INTERFACE)
+target_link_libraries(scalar_runtime_code INTERFACE runtime_code)
+
+# A dispatcher jumps straight to its kernels: without a procedure linkage table the linker can bind
+# the jumps inside the library, and it leaves the stack as it finds it, since no kernel trusts it.
+function(dispatches_directly)
+    set_source_files_properties(
+        ${ARGV}
+        PROPERTIES
+            COMPILE_OPTIONS
+            "-fno-plt;$<$<CXX_COMPILER_ID:GNU>:-mpreferred-stack-boundary=2>;$<$<CXX_COMPILER_ID:Clang>:-mno-stackrealign;-mstack-alignment=4>"
+    )
+endfunction()

@@ -43,6 +43,13 @@ struct ScaleTable {
         return table;
     }
 
+    /** For a transform that is its own inverse. */
+    static constexpr ScaleTable both(Real by_length, Real by_root) {
+        ScaleTable table = forward(by_length, by_root);
+        table.set(qsvScaleInvByN, by_length);
+        return table;
+    }
+
     const Real* operator[](std::int32_t flag) const { return factor[flag].lane; }
 
   private:

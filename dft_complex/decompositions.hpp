@@ -10,6 +10,7 @@
 
 #include "dft_complex/network.hpp"
 #include "dft_complex/rules.hpp"
+#include "residues/residues.hpp"
 
 namespace dft_complex {
 
@@ -42,13 +43,8 @@ Signal rader(Network& net, const Rule& inner, const Signal& x);
  * filtering approach to the computation of discrete Fourier transform", 1970. */
 Signal chirp(Network& net, const Rule& inner, const Signal& x);
 
-/** S[k] = (1/L) sum over j of exp(-2 pi i g^(-j) / p) exp(-2 pi i j k / L), L = p - 1: the constant
- * spectrum of Rader's convolution with primitive root g. */
-ExactComplex rader_spectrum(int p, int g, int k);
-
-/** Smallest primitive root of the prime p. */
-int primitive_root(int p);
-/** base^exponent modulo p, exponent at least 0. */
-int power_modulo(int base, int exponent, int p);
+using residues::power_modulo;
+using residues::primitive_root;
+using residues::rader_spectrum;
 
 }  // namespace dft_complex

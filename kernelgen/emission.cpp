@@ -138,6 +138,8 @@ class Emitter {
     std::string operand(NodeId id) {
         const Node& n = graph_.node(id);
         if (n.op == Op::Scale) return "scale";
+        if (n.op == Op::Zero && lane_count(n.type) == 1)
+            return is_binary32(n.type) ? literal(0.0F) : literal(0.0);
         if (n.op == Op::Zero) return std::string("_mm_setzero_") + suffix(n.type) + "()";
         if (n.op == Op::Constant) return constant(n);
         return names_.at(id);

@@ -1,0 +1,22 @@
+#pragma once
+
+/**
+ * @file
+ * @brief What is done to a finished network of rows before it becomes a kernel.
+ */
+
+#include "kernelgen/graph.hpp"
+
+namespace dft_real {
+
+/**
+ * Joins constants: a value that is a row of products alone, or a doubled input, and that has no
+ * other use than to be the one product of a row, gives its products their constants times that of
+ * the row. The joined constant is the product of the two rounded ones, rounded.
+ */
+kernelgen::Graph with_products_joined(const kernelgen::Graph& graph);
+
+/** The same network with every value in binary64 and no conversion. */
+kernelgen::Graph in_binary64(const kernelgen::Graph& graph);
+
+}  // namespace dft_real
