@@ -4,10 +4,6 @@
 
 namespace bench {
 
-const char* ShortName(Direction direction) {
-    return direction == Direction::kForward ? "fwd" : "inv";
-}
-
 void Comparison::AddRound(const std::array<double, kParties>& round_cycles) {
     ++rounds;
     for (size_t party = 0; party < kParties; ++party) {

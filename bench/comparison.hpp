@@ -1,28 +1,27 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <cstddef>
+#include <limits>
 #include <string>
 #include <vector>
 
 namespace bench {
 
-enum class Direction { kForward, kInverse };
-
-const char* ShortName(Direction direction);  ///< fwd, inv, as in the names of benchmarks
-
 /** Who is timed side by side; kOther is a second build of our library, where one was given. */
 enum Party : size_t { kOurs, kPeer, kOther, kParties };
 
 /**
- * What was measured for one length and direction, over all rounds. In a round every party runs
+ * What was measured for one family and length, over all rounds. In a round every party runs
  * one batch of calls, so that a change of clock rate or a busy neighbour hits all alike. Of each
  * party the fastest batch counts, since disturbances only ever add time.
  */
 struct Comparison {
+    std::string family;  ///< as in the names of benchmarks: dft_real/fwd
     int length = 0;
-    Direction direction = Direction::kForward;
     bool has_other = false;
+    /** The best known peer's time as a share of this peer's; NaN where no figure is known. */
+    double best_peer_share = std::numeric_limits<double>::quiet_NaN();
 
     int rounds = 0;
     std::array<double, kParties> cycles = {1e300, 1e300, 1e300};  ///< of one call in the TSC
@@ -32,7 +31,13 @@ struct Comparison {
 
     /** Above 1 where ours is faster, as for the other ratios. */
     double Ratio() const { return cycles[kPeer] / cycles[kOurs]; }
-    double OtherRatio() const { return cycles[kOther] / cycles[kOurs]; }
+    /** Time of the best known peer over ours. */
+    double BestRatio() const { return Ratio() * best_peer_share; }
+    /** NaN where no second build was given. */
+    double OtherRatio() const {
+        return has_other ? cycles[kOther] / cycles[kOurs]
+                         : std::numeric_limits<double>::quiet_NaN();
+    }
     /** Less sharp than the ratio of minima, but not decided by one lucky batch. */
     double MedianRatio() const;
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
+
+#include "spectrum_layout.hpp"
 
 namespace bench {
 
@@ -10,8 +11,9 @@ struct Options {
     std::string library;  ///< the build that counts as ours
     std::string other;    ///< a second build to compare with it, or empty
     std::string type = "32fc";
-    std::string filter;   ///< regular expression on names such as dft_complex/fwd/15/32fc
-    std::string out_dir;  ///< where the figures go, or empty
+    SpectrumLayout layout = SpectrumLayout::kCcs;  ///< of the real transforms
+    std::string filter;  ///< regular expression on names such as dft_real/fwd/15/32f
+    std::string out;     ///< where the figures go, without their endings, or empty
     std::string peer_figures;
     bool quick = false;  ///< fewer rounds: a first look, not a result
     bool help = false;

@@ -28,25 +28,33 @@ SummaryLine SummariseRatio(const Report& report, const std::string& of, const Se
     return line;
 }
 
+std::vector<std::string> FamiliesIn(const Report& report) {
+    std::vector<std::string> families;
+    for (const Comparison& comparison : report.comparisons) {
+        // The kernels of a family stand together.
+        if (families.empty() || families.back() != comparison.family) {
+            families.push_back(comparison.family);
+        }
+    }
+    return families;
+}
+
 }  // namespace
 
 std::vector<SummaryLine> Summarise(const Report& report) {
-    const std::vector<std::pair<std::string, RatioOf>> ratios = {
-        {"FFTW / ours", [](const Comparison& c) { return c.Ratio(); }},
-        {"best peer / ours", [&](const Comparison& c) { return report.BestRatio(c); }},
-        {"other build / ours",
-         [](const Comparison& c) {
-             return c.has_other ? c.OtherRatio() : std::numeric_limits<double>::quiet_NaN();
-         }},
+    const std::pair<const char*, RatioOf> ratios[] = {
+        {"FFTW / ours", &Comparison::Ratio},
+        {"best peer / ours", &Comparison::BestRatio},
+        {"other build / ours", &Comparison::OtherRatio},
     };
     std::vector<SummaryLine> lines;
     for (const auto& [ratio_name, ratio_of] : ratios) {
-        for (const Direction direction : {Direction::kForward, Direction::kInverse}) {
+        for (const std::string& family : FamiliesIn(report)) {
             for (const bool only_primes : {false, true}) {
-                const auto selects = [=](const Comparison& c) {
-                    return c.direction == direction && (!only_primes || c.IsPrimeFrom17());
+                const auto selects = [&](const Comparison& c) {
+                    return c.family == family && (!only_primes || c.IsPrimeFrom17());
                 };
-                const std::string of = ratio_name + ", " + ShortName(direction) +
+                const std::string of = std::string(ratio_name) + ", " + family +
                                        (only_primes ? ", primes from 17" : ", all lengths");
                 const SummaryLine line = SummariseRatio(report, of, selects, ratio_of);
                 if (line.lengths > 0) lines.push_back(line);

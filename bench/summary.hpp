@@ -16,7 +16,7 @@ struct SummaryLine {
     int lengths = 0;
 };
 
-/** Every ratio, by direction, over all lengths and over the primes from 17. */
+/** Every ratio, by family, over all lengths and over the primes from 17. */
 std::vector<SummaryLine> Summarise(const Report& report);
 
 }  // namespace bench

@@ -9,12 +9,13 @@
 
 #include "batch_clock.hpp"
 #include "comparison.hpp"
-#include "dft_complex_case.hpp"
 #include "environment.hpp"
 #include "fftw_peer.hpp"
+#include "kernel_family.hpp"
 #include "options.hpp"
 #include "peer_figures.hpp"
 #include "report.hpp"
+#include "transform_case.hpp"
 #include "transform_library.hpp"
 
 namespace bench {
@@ -63,23 +64,28 @@ class ErrorReporter : public benchmark::BenchmarkReporter {
     bool failed_ = false;
 };
 
-template <typename Peer>
-bool Measure(const Options& options, const Libraries& libraries, Report& report) {
+template <typename Fftw>
+bool Measure(const Options& options, const std::vector<KernelFamily>& families,
+             const Libraries& libraries, Report& report) {
     // Repetitions of all cases in random order spread the rounds of each over the whole run.
     const int repetitions = options.quick ? 2 : 12;
     const int rounds = options.quick ? 60 : 250;
-    report.best_peer_shares = BestPeerShares(options.peer_figures, Peer::kPeerFamily);
-    report.context.emplace_back("peer", Peer::Version() + ", as the distribution packages it");
+    report.context.emplace_back("peer", Fftw::Version() + ", as the distribution packages it");
 
     std::list<Comparison> comparisons;
-    std::list<DftComplexCase<Peer>> cases;
-    for (const Direction direction : {Direction::kForward, Direction::kInverse}) {
+    std::list<TransformCase<Fftw>> cases;
+    for (const KernelFamily& family : families) {
+        const auto best_peer_shares = BestPeerShares(options.peer_figures, family.peer_figures);
         for (int length = kShortest; length <= kLongest; ++length) {
             Comparison& comparison = comparisons.emplace_back();
+            comparison.family = family.name;
             comparison.length = length;
-            comparison.direction = direction;
-            auto& added = cases.emplace_back(libraries.ours, libraries.other.get(), comparison);
-            benchmark::RegisterBenchmark(added.Name().c_str(),
+            if (const auto share = best_peer_shares.find(length); share != best_peer_shares.end()) {
+                comparison.best_peer_share = share->second;
+            }
+            auto& added =
+                cases.emplace_back(family, libraries.ours, libraries.other.get(), comparison);
+            benchmark::RegisterBenchmark(family.BenchmarkName(length).c_str(),
                                          [&added](benchmark::State& state) { added.Run(state); })
                 ->UseManualTime()
                 ->Iterations(rounds)
@@ -94,30 +100,21 @@ bool Measure(const Options& options, const Libraries& libraries, Report& report)
     return !reporter.failed();
 }
 
-void WriteFiles(const Options& options, const Report& report) {
-    const std::filesystem::path out_dir = options.out_dir;
-    std::filesystem::create_directories(out_dir);
-    const std::string stem = "dft_complex_" + options.type;
-    std::ofstream json(out_dir / (stem + ".json"));
+void WriteFiles(const std::string& stem, const Report& report) {
+    const std::filesystem::path folder = std::filesystem::path(stem).parent_path();
+    if (!folder.empty()) std::filesystem::create_directories(folder);
+    std::ofstream json(stem + ".json");
     WriteJson(json, report);
-    std::ofstream columns(out_dir / (stem + ".dat"));
+    std::ofstream columns(stem + ".dat");
     WriteColumns(columns, report);
     if (!json.flush() || !columns.flush()) {
-        throw std::runtime_error("cannot write the figures into '" + options.out_dir + "'");
+        throw std::runtime_error("cannot write the figures to '" + stem + ".json' and '" + stem +
+                                 ".dat'");
     }
 }
 
 int Run(Options options) {
-    using MeasureFunction = bool(const Options&, const Libraries&, Report&);
-    const std::pair<const char*, MeasureFunction*> types[] = {
-        {SinglePeer::kType, Measure<SinglePeer>},
-        {DoublePeer::kType, Measure<DoublePeer>},
-    };
-    MeasureFunction* measure = nullptr;
-    for (const auto& [type, function] : types) {
-        if (options.type == type) measure = function;
-    }
-    if (measure == nullptr) throw std::invalid_argument("unknown type '" + options.type + "'");
+    const std::vector<KernelFamily> families = FamiliesOf(options.type, options.layout);
 
     // Before Initialize, so that the user's own --benchmark_ option wins.
     std::string interleave = "--benchmark_enable_random_interleaving=true";
@@ -137,6 +134,9 @@ int Run(Options options) {
         {"ours built by", libraries.ours.Compiler()},
         {"bench built by", kOwnCompiler},
     };
+    if (options.layout != SpectrumLayout::kCcs) {
+        report.context.emplace_back("layout", LayoutName(options.layout));
+    }
     if (libraries.other) {
         report.context.emplace_back("other", libraries.other->path());
         report.context.emplace_back("other built by", libraries.other->Compiler());
@@ -144,12 +144,15 @@ int Run(Options options) {
     if (options.quick) report.context.emplace_back("rounds", "few: a first look, not a result");
 
     const TscRate tsc_rate;
-    const bool all_measured = measure(options, libraries, report);
+    const bool is_single = options.type.starts_with("32");
+    const bool all_measured =
+        (is_single ? Measure<FftwSingle> : Measure<FftwDouble>)(options, families, libraries,
+                                                                report);
     report.cycles_per_nanosecond = tsc_rate.CyclesPerNanosecond();
     if (report.comparisons.empty()) throw std::runtime_error("nothing was measured");
 
     PrintTable(std::cout, report);
-    if (!options.out_dir.empty()) WriteFiles(options, report);
+    if (!options.out.empty()) WriteFiles(options.out, report);
     return all_measured ? 0 : 1;
 }
 
@@ -165,10 +168,10 @@ int main(int argc, char** argv) {
         }
         return bench::Run(std::move(options));
     } catch (const std::invalid_argument& error) {
-        std::cerr << "bench_dft_complex: " << error.what() << '\n' << bench::kUsage;
+        std::cerr << "bench_transforms: " << error.what() << '\n' << bench::kUsage;
         return 2;
     } catch (const std::exception& error) {
-        std::cerr << "bench_dft_complex: " << error.what() << '\n';
+        std::cerr << "bench_transforms: " << error.what() << '\n';
         return 1;
     }
 }
