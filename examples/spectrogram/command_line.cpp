@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "error.hpp"
+#include "common/error.hpp"
 
 namespace spectrogram {
 
@@ -19,7 +19,7 @@ const char* const kUsage =
 namespace {
 
 [[noreturn]] void WrongUse(const std::string& what) {
-    throw Error(ExitCode::kBadInput, what + "\n" + kUsage);
+    throw example::Error(example::ExitCode::kBadInput, what + "\n" + kUsage);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ struct CommandLine {
 
 extern const char* const kUsage;
 
-/** Nothing where the user asked for help; throws Error on wrong use. */
+/** Nothing where the user asked for help; throws example::Error on wrong use. */
 std::optional<CommandLine> ParseCommandLine(std::span<char* const> arguments);
 
 }  // namespace spectrogram

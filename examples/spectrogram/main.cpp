@@ -1,22 +1,21 @@
 #include <cstdio>
-#include <exception>
 #include <iostream>
 
 #include "command_line.hpp"
-#include "error.hpp"
+#include "common/progress.hpp"
+#include "common/run_program.hpp"
+#include "common/wav_reader.hpp"
 #include "plot.hpp"
-#include "progress.hpp"
 #include "short_time_spectrum.hpp"
 #include "summary.hpp"
-#include "wav_reader.hpp"
 
 namespace {
 
 using namespace spectrogram;
 
-void Run(const CommandLine& command_line) {
-    const Recording recording = ReadRecording(command_line.recording);
-    Progress progress(stderr);
+void DrawSpectrogram(const CommandLine& command_line) {
+    const example::Recording recording = example::ReadRecording(command_line.recording);
+    example::Progress progress(stderr, "frames");
     const std::vector<PowerSpectrum> spectra = ShortTimeSpectrum(
         recording.samples, [&](size_t done, size_t all) { progress.Report(done, all); });
     PrintSummary(std::cout, recording, spectra);
@@ -30,19 +29,12 @@ void Run(const CommandLine& command_line) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    try {
+    return example::RunProgram("spectrogram", [&] {
         const auto command_line = ParseCommandLine(std::span(argv, argc).subspan(argc > 0 ? 1 : 0));
-        if (!command_line) {
+        if (command_line) {
+            DrawSpectrogram(*command_line);
+        } else {
             std::cout << kUsage;
-            return static_cast<int>(ExitCode::kOk);
         }
-        Run(*command_line);
-        return static_cast<int>(ExitCode::kOk);
-    } catch (const Error& error) {
-        std::cerr << "spectrogram: " << error.what() << '\n';
-        return static_cast<int>(error.exit_code());
-    } catch (const std::exception& error) {
-        std::cerr << "spectrogram: " << error.what() << '\n';
-        return static_cast<int>(ExitCode::kOutputFailed);
-    }
+    });
 }

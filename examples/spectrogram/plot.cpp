@@ -10,10 +10,13 @@
 #include <cstring>
 #include <fstream>
 
-#include "error.hpp"
+#include "common/error.hpp"
 
 namespace spectrogram {
 namespace {
+
+using example::Error;
+using example::ExitCode;
 
 // About what the picture has pixels for: gnuplot would take minutes over each frame of a song.
 constexpr size_t kMaxColumns = 1200;
@@ -21,9 +24,8 @@ constexpr size_t kMaxColumns = 1200;
 std::ofstream OpenForWriting(const std::filesystem::path& path) {
     std::ofstream stream(path);
     if (!stream) {
-        throw Error(ExitCode::kOutputFailed, "cannot write '" + path.string() +
-                                                 "': " + std::strerror(errno) +
-                                                 "\nName a writable place by -o.");
+        throw Error(ExitCode::kFailed, "cannot write '" + path.string() + "': " +
+                                           std::strerror(errno) + "\nName a writable place by -o.");
     }
     return stream;
 }
@@ -31,7 +33,7 @@ std::ofstream OpenForWriting(const std::filesystem::path& path) {
 void CloseChecked(std::ofstream& stream, const std::filesystem::path& path) {
     stream.close();
     if (!stream) {
-        throw Error(ExitCode::kOutputFailed,
+        throw Error(ExitCode::kFailed,
                     "cannot finish '" + path.string() + "'.\nIs there room on the disk?");
     }
 }
@@ -97,13 +99,13 @@ void RunGnuplot(const std::filesystem::path& script) {
     const int error =
         posix_spawnp(&child, program.c_str(), nullptr, nullptr, arguments.data(), environ);
     if (error != 0) {
-        throw Error(ExitCode::kOutputFailed,
+        throw Error(ExitCode::kFailed,
                     std::string("cannot start gnuplot: ") + std::strerror(error) +
                         "\nInstall it (scripts/bootstrap does), then run this again.");
     }
     int status = 0;
     if (waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        throw Error(ExitCode::kOutputFailed,
+        throw Error(ExitCode::kFailed,
                     "gnuplot failed; its own message stands above.\nTry 'gnuplot " + argument +
                         "' by hand.");
     }

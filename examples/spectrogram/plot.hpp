@@ -17,7 +17,7 @@ struct PlotFiles {
 /** The files that go with a picture, beside it. */
 PlotFiles PlotFilesFor(const std::filesystem::path& png);
 
-/** Draws level over time and frequency. Throws Error where a file or gnuplot fails. */
+/** Draws level over time and frequency. Throws example::Error where a file or gnuplot fails. */
 void Plot(const PlotFiles& files, const std::string& title, std::span<const PowerSpectrum> spectra,
           int sample_rate);
 

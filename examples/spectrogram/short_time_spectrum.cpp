@@ -29,29 +29,28 @@ size_t FrameCount(size_t samples) {
 }  // namespace
 
 std::vector<PowerSpectrum> ShortTimeSpectrum(std::span<const float> samples,
-                                             const ProgressCallback& progress) {
+                                             const example::ProgressCallback& progress) {
     const Window window = HannWindow();
     const double window_sum = std::accumulate(window.begin(), window.end(), 0.0);
 
-    // On 16-byte boundaries the transform takes its faster path.
-    alignas(16) std::array<Complex32, kFrameLength> frame{};
-    alignas(16) std::array<Complex32, kFrameLength> spectrum{};
+    std::array<Real32, kFrameLength> frame{};
+    std::array<Real32, 2 * kBins> spectrum{};  // real part, imaginary part, bin by bin
 
     std::vector<PowerSpectrum> spectra(FrameCount(samples.size()));
     for (size_t index = 0; index < spectra.size(); ++index) {
         const size_t start = index * kHop;
         for (size_t n = 0; n < kFrameLength; ++n) {
             const float sample = start + n < samples.size() ? samples[start + n] : 0.0F;
-            frame[n] = {sample * window[n], 0.0F};
+            frame[n] = sample * window[n];
         }
-        if (qsvgDFTFwd_CToC_64_32fc(frame.data(), spectrum.data(), qsvScaleNone) != qsvStatusOk) {
+        if (qsvgDFTFwd_RToCCS_64_32f(frame.data(), spectrum.data(), qsvScaleNone) != qsvStatusOk) {
             throw std::logic_error("the transform refused valid arguments");
         }
         for (size_t k = 0; k < kBins; ++k) {
             // A real signal has the other half of the amplitude at the negative frequency.
             const double sides = (k == 0 || k == kFrameLength / 2) ? 1 : 2;
-            const double amplitude = std::hypot(static_cast<double>(spectrum[k].re),
-                                                static_cast<double>(spectrum[k].im));
+            const double amplitude = std::hypot(static_cast<double>(spectrum[2 * k]),
+                                                static_cast<double>(spectrum[2 * k + 1]));
             spectra[index][k] = std::pow(sides * amplitude / window_sum, 2);
         }
         progress(index + 1, spectra.size());

@@ -7,7 +7,7 @@
 
 namespace spectrogram {
 
-void PrintSummary(std::ostream& out, const Recording& recording,
+void PrintSummary(std::ostream& out, const example::Recording& recording,
                   std::span<const PowerSpectrum> spectra) {
     constexpr size_t kStrongest = 5;
     const PowerSpectrum mean = MeanPower(spectra);

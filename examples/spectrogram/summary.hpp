@@ -3,13 +3,13 @@
 #include <iosfwd>
 #include <span>
 
+#include "common/wav_reader.hpp"
 #include "short_time_spectrum.hpp"
-#include "wav_reader.hpp"
 
 namespace spectrogram {
 
 /** Prints what was analysed and the bins that are strongest on average over all frames. */
-void PrintSummary(std::ostream& out, const Recording& recording,
+void PrintSummary(std::ostream& out, const example::Recording& recording,
                   std::span<const PowerSpectrum> spectra);
 
 }  // namespace spectrogram

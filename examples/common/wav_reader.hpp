@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace spectrogram {
+namespace example {
 
 struct Recording {
     std::vector<float> samples;  ///< mono; full scale is 1
@@ -13,7 +13,7 @@ struct Recording {
     double duration() const { return static_cast<double>(samples.size()) / sample_rate; }
 };
 
-/** Reads a sound file, averaging its channels. Throws Error where there is nothing to analyse. */
+/** Reads a sound file, averaging its channels. Throws Error where it holds no usable samples. */
 Recording ReadRecording(const std::filesystem::path& path);
 
-}  // namespace spectrogram
+}  // namespace example

@@ -3,10 +3,12 @@
 #include <unistd.h>
 
 #include <cstdint>
+#include <utility>
 
-namespace spectrogram {
+namespace example {
 
-Progress::Progress(std::FILE* stream) : stream_(stream), rewrites_(isatty(fileno(stream)) == 1) {}
+Progress::Progress(std::FILE* stream, std::string steps)
+    : stream_(stream), steps_(std::move(steps)), rewrites_(isatty(fileno(stream)) == 1) {}
 
 void Progress::Report(size_t done, size_t all) {
     const size_t step = rewrites_ ? 1 : 50;
@@ -14,9 +16,9 @@ void Progress::Report(size_t done, size_t all) {
     const auto percent = static_cast<size_t>(uint64_t{done} * 100 / all);
     if (percent < shown_percent_ + step) return;
     shown_percent_ = percent;
-    std::fprintf(stream_, "%s%zu of %zu frames (%zu %%)%s", rewrites_ ? "\r" : "", done, all,
-                 percent, rewrites_ && done < all ? "" : "\n");
+    std::fprintf(stream_, "%s%zu of %zu %s (%zu %%)%s", rewrites_ ? "\r" : "", done, all,
+                 steps_.c_str(), percent, rewrites_ && done < all ? "" : "\n");
     std::fflush(stream_);
 }
 
-}  // namespace spectrogram
+}  // namespace example

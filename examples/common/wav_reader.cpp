@@ -2,13 +2,15 @@
 
 #include <sndfile.h>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 #include <numeric>
 #include <span>
 
 #include "error.hpp"
 
-namespace spectrogram {
+namespace example {
 namespace {
 
 struct CloseSoundFile {
@@ -48,7 +50,13 @@ Recording ReadRecording(const std::filesystem::path& path) {
         throw Error(ExitCode::kBadInput,
                     "'" + path.string() + "' holds no samples.\nName a recording that does.");
     }
+    if (!std::all_of(recording.samples.begin(), recording.samples.end(),
+                     [](float sample) { return std::isfinite(sample); })) {
+        throw Error(ExitCode::kBadInput, "'" + path.string() +
+                                             "' holds samples that are not finite.\n"
+                                             "The file seems damaged: try another copy of it.");
+    }
     return recording;
 }
 
-}  // namespace spectrogram
+}  // namespace example

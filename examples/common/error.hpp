@@ -3,9 +3,13 @@
 #include <stdexcept>
 #include <string>
 
-namespace spectrogram {
+namespace example {
 
-enum class ExitCode : int { kOk = 0, kOutputFailed = 1, kBadInput = 2 };
+enum class ExitCode : int {
+    kOk = 0,
+    kFailed = 1,   ///< no output, or none that may be trusted
+    kBadInput = 2  ///< wrong use, or a file that can't be read
+};
 
 /** A failure the user can do something about; the message says what. */
 class Error : public std::runtime_error {
@@ -19,4 +23,4 @@ class Error : public std::runtime_error {
     ExitCode exit_code_;
 };
 
-}  // namespace spectrogram
+}  // namespace example
