@@ -4,15 +4,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <numbers>
 #include <string>
+#include <vector>
 
+#include "support/example_folder.hpp"
 #include "support/run_command.hpp"
+#include "support/wav_file.hpp"
 
 namespace qsvgen_test {
 namespace {
@@ -21,52 +22,25 @@ namespace fs = std::filesystem;
 
 constexpr int kSampleRate = 8000;
 
-class SpectrogramExample : public testing::Test {
+class SpectrogramExample : public ExampleFolderTest {
   protected:
-    void SetUp() override {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder_ =
-            fs::temp_directory_path() /
-            (std::string("spectrogram_") + test->name() + "_" +
-             std::to_string(std::hash<std::string>{}(fs::absolute(SPECTROGRAM_PATH).string())));
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-    }
-    void TearDown() override { fs::remove_all(folder_); }
+    SpectrogramExample() : ExampleFolderTest(SPECTROGRAM_PATH) {}
 
-    static void put(std::ofstream& file, std::uint32_t value, int bytes) {
-        for (int i = 0; i < bytes; ++i) file.put(static_cast<char>(value >> (8 * i) & 0xFF));
-    }
-
-    // One second, one channel, 16 bits.
+    // One second.
     fs::path write_sine(double frequency) const {
         const fs::path path = folder_ / "sine.wav";
-        std::ofstream file(path, std::ios::binary);
-        constexpr std::uint32_t kBytes = 2 * kSampleRate;
-        file << "RIFF";
-        put(file, 36 + kBytes, 4);
-        file << "WAVEfmt ";
-        put(file, 16, 4);               // size of the format
-        put(file, 1, 2);                // linear samples
-        put(file, 1, 2);                // channels
-        put(file, kSampleRate, 4);      // samples a second
-        put(file, 2 * kSampleRate, 4);  // bytes a second
-        put(file, 2, 2);                // bytes a frame
-        put(file, 16, 2);               // bits a sample
-        file << "data";
-        put(file, kBytes, 4);
+        std::vector<double> samples;
         for (int n = 0; n < kSampleRate; ++n) {
             const double phase = 2 * std::numbers::pi * frequency * n / kSampleRate;
-            put(file, static_cast<std::uint32_t>(std::lround(16000 * std::sin(phase))), 2);
+            samples.push_back(0.5 * std::sin(phase));
         }
+        write_wav(path, samples, kSampleRate);
         return path;
     }
 
     static CommandResult run(const fs::path& recording, const fs::path& picture) {
         return run_command({SPECTROGRAM_PATH, "-o", picture, recording}, Errors::Together);
     }
-
-    fs::path folder_;
 };
 
 // The number before the first "Hz" that follows the word "strongest"; negative where none does.
@@ -102,6 +76,11 @@ TEST_F(SpectrogramExample, ReportsTheFrequencyOfASineAsTheStrongest) {
         EXPECT_EQ(0, result.exit_code) << result.output;
         EXPECT_EQ(frequency, strongest_frequency(result.output)) << result.output;
     }
+}
+
+TEST_F(SpectrogramExample, ReportsHalfOfFullScaleAsSixDecibelsBelowIt) {
+    const auto result = run(write_sine(1000), folder_ / "picture.png");
+    EXPECT_NE(std::string::npos, result.output.find("1000.0 Hz     -6.0 dB")) << result.output;
 }
 
 TEST_F(SpectrogramExample, DrawsAPngPicture) {
