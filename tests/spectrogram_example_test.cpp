@@ -28,7 +28,7 @@ class SpectrogramExample : public ExampleFolderTest {
 
     // One second.
     fs::path write_sine(double frequency) const {
-        const fs::path path = folder_ / "sine.wav";
+        fs::path path = folder_ / "sine.wav";
         std::vector<double> samples;
         for (int n = 0; n < kSampleRate; ++n) {
             const double phase = 2 * std::numbers::pi * frequency * n / kSampleRate;

@@ -35,7 +35,7 @@ double RoundingBound(std::span<const float> samples, std::span<const float> resp
     const double length = kTransformLength;
     const double of_transform = 2 * std::log2(length) * kRounding;
     const size_t block_length = BlockLength(response.size());
-    const auto blocks = static_cast<double>((kTransformLength + block_length - 1) / block_length);
+    const double blocks = std::ceil(length / static_cast<double>(block_length));
     const double sum_of_magnitudes = SumOfMagnitudes(response);
     const double norm = EuclideanNorm(response);
     const double per_block = (2 * of_transform + 3 * kRounding) * sum_of_magnitudes +
@@ -65,10 +65,12 @@ SelfCheck CheckConvolution(std::span<const float> samples, std::span<const float
     for (size_t n = 0; n < filtered.size(); ++n) {
         const double direct = DirectSample(samples, response, n);
         const double difference = std::abs(static_cast<double>(filtered[n]) - direct);
-        // A maximum would pass over a difference that is no number.
-        check.largest_difference =
-            std::max(check.largest_difference,
-                     std::isnan(difference) ? std::numeric_limits<double>::infinity() : difference);
+        if (std::isnan(difference)) {
+            // A maximum would pass over it.
+            check.largest_difference = std::numeric_limits<double>::infinity();
+        } else {
+            check.largest_difference = std::max(check.largest_difference, difference);
+        }
         if ((n + 1) % kSamplesPerReport == 0 || n + 1 == filtered.size()) {
             progress(n + 1, filtered.size());
         }
