@@ -18,7 +18,7 @@ constexpr int kSignals = 200;
 
 template <class E>
 class Accuracy : public testing::Test {};
-TYPED_TEST_SUITE(Accuracy, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(Accuracy, ComplexTypes, ElementNames);
 
 TYPED_TEST(Accuracy, TheRelativeErrorOfRandomInputsStaysUnderTheLimitOfItsLength) {
     for (const auto& kernel : kernels<TypeParam>()) {

@@ -20,12 +20,12 @@ class ControlState : public testing::Test {};
 TYPED_TEST_SUITE(ControlState, ElementTypes, ElementNames);
 
 TYPED_TEST(ControlState, MxcsrControlBitsAreLeftAsTheyWere) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
         for (const auto& placement : kPlacements) {
-            Array source(static_cast<std::size_t>(kernel.length), placement.source);
-            Array destination(static_cast<std::size_t>(kernel.length), placement.destination);
-            source.set(random_signal<TypeParam>(kernel.length, 29));
+            Array source(kernel.source_size(), placement.source);
+            Array destination(kernel.destination_size(), placement.destination);
+            source.set(random_source(kernel, 29));
             for (const unsigned value : kMxcsrValues) {
                 for (const auto flag : {0, 1, 2, 4, 8}) {
                     unsigned after;
@@ -43,12 +43,12 @@ TYPED_TEST(ControlState, MxcsrControlBitsAreLeftAsTheyWere) {
 }
 
 TYPED_TEST(ControlState, X87ControlWordAndRegisterStackAreLeftAsTheyWere) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
         for (const auto& placement : kPlacements) {
-            Array source(static_cast<std::size_t>(kernel.length), placement.source);
-            Array destination(static_cast<std::size_t>(kernel.length), placement.destination);
-            source.set(random_signal<TypeParam>(kernel.length, 31));
+            Array source(kernel.source_size(), placement.source);
+            Array destination(kernel.destination_size(), placement.destination);
+            source.set(random_source(kernel, 31));
             for (const auto value : kX87Values) {
                 std::uint16_t control;
                 std::uint16_t tags;
@@ -68,7 +68,7 @@ TYPED_TEST(ControlState, X87ControlWordAndRegisterStackAreLeftAsTheyWere) {
 TYPED_TEST(ControlState, TheX87PrecisionChangesNoBit) {
     for (const auto& kernel : kernels<TypeParam>()) {
         for (std::uint32_t seed = 0; seed < 20; ++seed) {
-            const auto x = random_signal<TypeParam>(kernel.length, seed);
+            const auto x = random_source(kernel, seed);
             const auto expected = transform(kernel, x, qsvScaleBySqrtN);
             for (const auto value : kX87Values) {
                 const ScopedX87ControlWord scope(value);

@@ -13,7 +13,7 @@ namespace {
 
 template <class E>
 class Definition : public testing::Test {};
-TYPED_TEST_SUITE(Definition, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(Definition, ComplexTypes, ElementNames);
 
 template <class E>
 void expect_column(const Kernel<E>& kernel, int n, typename E::Complex unit) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/bits.hpp"
 #include "support/fault.hpp"
 #include "support/guarded_page.hpp"
@@ -18,10 +20,10 @@ constexpr std::int32_t kBadLengths[] = {
 template <class E>
 class DispatcherOfLengths : public testing::Test {
   protected:
-    using Array = PlacedArray<typename E::Complex>;
+    using Array = PlacedArray<typename E::Element>;
 
-    Array source_{kLongestLength, 0};
-    Array destination_{kLongestLength, 0};
+    Array source_{kLongestArray, 0};
+    Array destination_{kLongestArray, 0};
 };
 TYPED_TEST_SUITE(DispatcherOfLengths, ElementTypes, ElementNames);
 
@@ -80,10 +82,10 @@ TYPED_TEST(DispatcherOfLengths, RefusesBadFlagsAtEveryLength) {
 }
 
 TYPED_TEST(DispatcherOfLengths, TouchesNothingWhenItRefuses) {
-    using Complex = typename TypeParam::Complex;
+    using Element = typename TypeParam::Element;
     GuardedPage page;
     page.allow(Access::None);
-    auto* forbidden = reinterpret_cast<Complex*>(page.begin());
+    auto* forbidden = reinterpret_cast<Element*>(page.begin());
     FaultCatcher catcher;
     for (const auto& dispatcher : dispatchers<TypeParam>()) {
         EXPECT_FALSE(catcher.faults([&] {
@@ -95,17 +97,16 @@ TYPED_TEST(DispatcherOfLengths, TouchesNothingWhenItRefuses) {
 }
 
 TYPED_TEST(DispatcherOfLengths, GivesTheKernelsBitsOnAnyAlignment) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto& dispatcher =
-            dispatchers<TypeParam>()[kernel.direction == Direction::Forward ? 0 : 1];
-        const auto x = random_signal<TypeParam>(kernel.length, 43);
+        const auto& dispatcher = dispatcher_of(kernel);
+        const auto x = random_source(kernel, 43);
         for (const auto flag : kFlags) {
             const auto expected = transform(kernel, x, flag);
             for (std::size_t from = 0; from < 16; from += 2) {
                 for (std::size_t to = 0; to < 16; to += 2) {
                     Array source(x.size(), from);
-                    Array destination(x.size(), to);
+                    Array destination(kernel.destination_size(), to);
                     source.set(x);
                     EXPECT_EQ(
                         0, dispatcher.run(source.data(), destination.data(), kernel.length, flag));
@@ -121,16 +122,16 @@ TYPED_TEST(DispatcherOfLengths, GivesTheKernelsBitsOnAnyAlignment) {
 }
 
 TYPED_TEST(DispatcherOfLengths, GivesTheSameBitsInPlace) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto& dispatcher =
-            dispatchers<TypeParam>()[kernel.direction == Direction::Forward ? 0 : 1];
-        const auto x = random_signal<TypeParam>(kernel.length, 47);
+        const auto& dispatcher = dispatcher_of(kernel);
+        const auto x = random_source(kernel, 47);
         for (const std::size_t offset : {0, 4, 8, 12}) {
-            Array array(x.size(), offset);
+            Array array(std::max(x.size(), kernel.destination_size()), offset);
             array.set(x);
             dispatcher.run(array.data(), array.data(), kernel.length, qsvScaleBySqrtN);
-            EXPECT_TRUE(same_bits<TypeParam>(transform(kernel, x, qsvScaleBySqrtN), array.get()))
+            EXPECT_TRUE(same_bits<TypeParam>(transform(kernel, x, qsvScaleBySqrtN),
+                                             array.get(kernel.destination_size())))
                 << dispatcher.name << " length " << kernel.length << " in place at offset "
                 << offset;
         }

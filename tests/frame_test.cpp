@@ -14,28 +14,28 @@ namespace {
 template <class E>
 class Frame : public testing::Test {
   protected:
-    using Complex = typename E::Complex;
-    using Array = PlacedArray<Complex>;
+    using Element = typename E::Element;
+    using Array = PlacedArray<Element>;
 
     // No status: the call ended in a memory fault.
     static constexpr QsvStatus kFaulted = 1;
 
-    QsvStatus run(const Kernel<E>& kernel, const Complex* src, Complex* dst, std::int32_t flag) {
+    QsvStatus run(const Kernel<E>& kernel, const Element* src, Element* dst, std::int32_t flag) {
         volatile QsvStatus status = kFaulted;
         catcher_.faults([&] { status = kernel.run(src, dst, flag); });
         return status;
     }
 
-    Array source_{kLongestLength, 0};
-    Array destination_{kLongestLength, 0};
-    Array misplaced_source_{kLongestLength, 1};
-    Array misplaced_destination_{kLongestLength, 3};
+    Array source_{kLongestArray, 0};
+    Array destination_{kLongestArray, 0};
+    Array misplaced_source_{kLongestArray, 1};
+    Array misplaced_destination_{kLongestArray, 3};
     FaultCatcher catcher_;
 };
 TYPED_TEST_SUITE(Frame, ElementTypes, ElementNames);
 
 TYPED_TEST(Frame, EachOfTheFourFlagsIsAccepted) {
-    this->source_.set(random_signal<TypeParam>(kLongestLength, 1));
+    this->source_.set(random_signal<TypeParam>(kLongestArray, 1));
     for (const auto& kernel : kernels<TypeParam>()) {
         for (const auto flag : kFlags) {
             EXPECT_EQ(0, this->run(kernel, this->source_.data(), this->destination_.data(), flag))
@@ -127,7 +127,7 @@ TYPED_TEST(Frame, ABadFlagIsNoticedOnMisplacedArrays) {
 }
 
 TYPED_TEST(Frame, ARefusedCallTouchesNeitherArray) {
-    using Complex = typename TypeParam::Complex;
+    using Element = typename TypeParam::Element;
     GuardedPage source_page;
     GuardedPage destination_page;
     source_page.allow(Access::None);
@@ -135,8 +135,8 @@ TYPED_TEST(Frame, ARefusedCallTouchesNeitherArray) {
     FaultCatcher catcher;
     for (const auto& kernel : kernels<TypeParam>()) {
         for (const std::size_t offset : {0, 4}) {
-            const auto* source = reinterpret_cast<Complex*>(source_page.begin() + offset);
-            auto* destination = reinterpret_cast<Complex*>(destination_page.begin() + offset);
+            const auto* source = reinterpret_cast<Element*>(source_page.begin() + offset);
+            auto* destination = reinterpret_cast<Element*>(destination_page.begin() + offset);
             volatile QsvStatus bad_flag = 0;
             volatile QsvStatus no_source = 0;
             volatile QsvStatus no_destination = 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "support/bits.hpp"
@@ -24,37 +25,36 @@ enum class Stand { AtBegin, AtEnd, LooseAligned, LooseBy4 };
 constexpr Stand kStands[] = {Stand::AtBegin, Stand::AtEnd, Stand::LooseAligned, Stand::LooseBy4};
 constexpr const char* kStandNames[] = {"page begin", "page end", "aligned", "4 bytes off"};
 
-template <class Complex>
-Complex* place(const GuardedPage& page, Stand stand, int length) {
-    const auto bytes = static_cast<std::size_t>(length) * sizeof(Complex);
+template <class Element>
+Element* place(const GuardedPage& page, Stand stand, std::size_t size) {
+    const auto bytes = size * sizeof(Element);
     std::byte* address = page.begin();
     if (stand == Stand::AtEnd) address = page.end() - bytes;
     if (stand == Stand::LooseAligned) address = page.begin() + 256;
     if (stand == Stand::LooseBy4) address = page.begin() + 260;
-    return reinterpret_cast<Complex*>(address);
+    return reinterpret_cast<Element*>(address);
 }
 
 TYPED_TEST(MemoryAround, ArraysAtPageBoundariesAreNotLeft) {
-    using Complex = typename TypeParam::Complex;
+    using Element = typename TypeParam::Element;
     GuardedPage source_page;
     GuardedPage destination_page;
     FaultCatcher catcher;
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto x = random_signal<TypeParam>(kernel.length, 17);
-        const auto bytes = x.size() * sizeof(Complex);
+        const auto x = random_source(kernel, 17);
         const auto expected = transform(kernel, x, qsvScaleNone);
         for (const auto from : kStands) {
-            auto* source = place<Complex>(source_page, from, kernel.length);
+            auto* source = place<Element>(source_page, from, x.size());
             source_page.allow(Access::ReadWrite);
-            std::memcpy(static_cast<void*>(source), x.data(), bytes);
+            std::memcpy(static_cast<void*>(source), x.data(), x.size() * sizeof(Element));
             source_page.allow(Access::Read);
             for (const auto to : kStands) {
-                auto* destination = place<Complex>(destination_page, to, kernel.length);
+                auto* destination = place<Element>(destination_page, to, expected.size());
                 EXPECT_FALSE(catcher.faults([&] { kernel.run(source, destination, qsvScaleNone); }))
                     << kernel.name << " with source at " << kStandNames[static_cast<int>(from)]
                     << " and destination at " << kStandNames[static_cast<int>(to)];
-                std::vector<Complex> y(x.size());
-                std::memcpy(y.data(), static_cast<void*>(destination), bytes);
+                std::vector<Element> y(expected.size());
+                std::memcpy(y.data(), static_cast<void*>(destination), y.size() * sizeof(Element));
                 EXPECT_TRUE(same_bits<TypeParam>(expected, y)) << kernel.name;
             }
         }
@@ -62,14 +62,15 @@ TYPED_TEST(MemoryAround, ArraysAtPageBoundariesAreNotLeft) {
 }
 
 TYPED_TEST(MemoryAround, InPlaceAtPageBoundariesTheArrayIsNotLeft) {
-    using Complex = typename TypeParam::Complex;
+    using Element = typename TypeParam::Element;
     GuardedPage page;
     FaultCatcher catcher;
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto x = random_signal<TypeParam>(kernel.length, 18);
+        const auto x = random_source(kernel, 18);
         for (const auto stand : kStands) {
-            auto* array = place<Complex>(page, stand, kernel.length);
-            std::memcpy(static_cast<void*>(array), x.data(), x.size() * sizeof(Complex));
+            auto* array =
+                place<Element>(page, stand, std::max(x.size(), kernel.destination_size()));
+            std::memcpy(static_cast<void*>(array), x.data(), x.size() * sizeof(Element));
             EXPECT_FALSE(catcher.faults([&] { kernel.run(array, array, qsvScaleNone); }))
                 << kernel.name << " at " << kStandNames[static_cast<int>(stand)];
         }
@@ -77,14 +78,14 @@ TYPED_TEST(MemoryAround, InPlaceAtPageBoundariesTheArrayIsNotLeft) {
 }
 
 TYPED_TEST(MemoryAround, BytesAroundTheDestinationKeepTheirValues) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto x = random_signal<TypeParam>(kernel.length, 19);
+        const auto x = random_source(kernel, 19);
         for (std::size_t from = 0; from < 16; from += 4) {
             Array source(x.size(), from);
             source.set(x);
             for (std::size_t to = 0; to < 16; to += 4) {
-                Array destination(x.size(), to);
+                Array destination(kernel.destination_size(), to);
                 kernel.run(source.data(), destination.data(), qsvScaleFwdByN);
                 EXPECT_TRUE(destination.margins_untouched())
                     << kernel.name << " at offsets " << from << " and " << to;
@@ -97,14 +98,14 @@ TYPED_TEST(MemoryAround, BytesAroundTheDestinationKeepTheirValues) {
 
 // 0xFF bytes are NaNs and 0x00 bytes zeros: whatever is left or added to shows in one of the two.
 TYPED_TEST(MemoryAround, WhatStoodInTheDestinationDoesNotMatter) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto x = random_signal<TypeParam>(kernel.length, 20);
+        const auto x = random_source(kernel, 20);
         for (const auto& placement : kPlacements) {
             Array source(x.size(), placement.source);
             source.set(x);
-            Array over_zeros(x.size(), placement.destination, std::byte{0x00});
-            Array over_nans(x.size(), placement.destination, std::byte{0xFF});
+            Array over_zeros(kernel.destination_size(), placement.destination, std::byte{0x00});
+            Array over_nans(kernel.destination_size(), placement.destination, std::byte{0xFF});
             kernel.run(source.data(), over_zeros.data(), qsvScaleNone);
             kernel.run(source.data(), over_nans.data(), qsvScaleNone);
             EXPECT_TRUE(same_bits<TypeParam>(over_zeros.get(), over_nans.get())) << kernel.name;
@@ -112,23 +113,24 @@ TYPED_TEST(MemoryAround, WhatStoodInTheDestinationDoesNotMatter) {
     }
 }
 
-// An aligned array need not end at a page boundary (of single precision and odd length it never
-// does), so a load that goes past its end may not fault. A signalling NaN there raises the invalid
-// flag as soon as it is calculated with.
+// A load that goes past the end of an array need not fault where the array ends before its page,
+// as an aligned one of single precision and odd length always does. A signalling NaN there raises
+// the invalid flag as soon as it is calculated with.
 TYPED_TEST(MemoryAround, NothingBesideTheSourceIsCalculatedWith) {
-    using Complex = typename TypeParam::Complex;
+    using Element = typename TypeParam::Element;
     using Real = typename TypeParam::Real;
     static constexpr Real trap = std::numeric_limits<Real>::signaling_NaN();
     constexpr std::size_t kBeside = 64 / sizeof(Real);
     for (const auto& kernel : kernels<TypeParam>()) {
-        const auto x = random_signal<TypeParam>(kernel.length, 21);
+        const auto x = random_source(kernel, 21);
         for (const auto& placement : kPlacements) {
-            PlacedArray<Complex> source(x.size() + 2 * kBeside, placement.source);
-            PlacedArray<Complex> destination(x.size(), placement.destination);
-            std::vector<Complex> trapped(x.size() + 2 * kBeside);
+            PlacedArray<Element> source(x.size() + 2 * kBeside, placement.source);
+            PlacedArray<Element> destination(kernel.destination_size(), placement.destination);
+            std::vector<Element> trapped(x.size() + 2 * kBeside);
             for (auto& element : trapped) {
-                std::memcpy(&element.re, &trap, sizeof trap);
-                std::memcpy(&element.im, &trap, sizeof trap);
+                auto* number = reinterpret_cast<std::byte*>(&element);
+                for (; number != reinterpret_cast<std::byte*>(&element + 1); number += sizeof trap)
+                    std::memcpy(number, &trap, sizeof trap);
             }
             std::copy(x.begin(), x.end(), trapped.begin() + kBeside);
             source.set(trapped);

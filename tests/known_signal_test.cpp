@@ -15,7 +15,7 @@ namespace {
 
 template <class E>
 class KnownSignal : public testing::Test {};
-TYPED_TEST_SUITE(KnownSignal, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(KnownSignal, ComplexTypes, ElementNames);
 
 TYPED_TEST(KnownSignal, ZerosStayZeros) {
     for (const auto& kernel : kernels<TypeParam>()) {

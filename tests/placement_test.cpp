@@ -19,7 +19,7 @@ TYPED_TEST_SUITE(PlacementOfArrays, ElementTypes, ElementNames);
 TYPED_TEST(PlacementOfArrays, EveryPairOfByteOffsetsGivesTheAlignedBits) {
     // Odd offsets are no address for an element in C, but the processor takes them and so do we.
     const auto all_pairs_alike = [](const Kernel<TypeParam>& kernel) {
-        const auto x = random_signal<TypeParam>(kernel.length, 7);
+        const auto x = random_source(kernel, 7);
         const auto expected = transform(kernel, x, qsvScaleBySqrtN);
         for (std::size_t from = 0; from < kOffsets; ++from) {
             for (std::size_t to = 0; to < kOffsets; ++to) {
@@ -39,7 +39,7 @@ TYPED_TEST(PlacementOfArrays, EveryPairOfByteOffsetsGivesTheAlignedBits) {
 TYPED_TEST(PlacementOfArrays, BothPathsGiveTheSameBitsForManySignalsAndAllFlags) {
     const auto all_signals_alike = [](const Kernel<TypeParam>& kernel, std::int32_t flag) {
         for (std::uint32_t seed = 0; seed < 40; ++seed) {
-            const auto x = random_signal<TypeParam>(kernel.length, seed);
+            const auto x = random_source(kernel, seed);
             auto same = same_bits<TypeParam>(transform(kernel, x, flag, {0, 0}),
                                              transform(kernel, x, flag, {4, 8}));
             if (!same) return same << ", signal " << seed;
@@ -55,7 +55,7 @@ TYPED_TEST(PlacementOfArrays, BothPathsGiveTheSameBitsForManySignalsAndAllFlags)
 
 TYPED_TEST(PlacementOfArrays, InPlaceGivesTheBitsOfOutOfPlaceAtEveryOffset) {
     const auto all_offsets_alike = [](const Kernel<TypeParam>& kernel, std::int32_t flag) {
-        const auto x = random_signal<TypeParam>(kernel.length, 11);
+        const auto x = random_source(kernel, 11);
         const auto expected = transform(kernel, x, flag);
         for (std::size_t offset = 0; offset < kOffsets; ++offset) {
             const auto y = transform_in_place(kernel, x, flag, offset);
@@ -73,12 +73,12 @@ TYPED_TEST(PlacementOfArrays, InPlaceGivesTheBitsOfOutOfPlaceAtEveryOffset) {
 }
 
 TYPED_TEST(PlacementOfArrays, ASecondCallOnTheSameArraysGivesTheSameBits) {
-    using Array = PlacedArray<typename TypeParam::Complex>;
+    using Array = PlacedArray<typename TypeParam::Element>;
     for (const auto& kernel : kernels<TypeParam>()) {
         for (const auto& placement : kPlacements) {
-            const auto x = random_signal<TypeParam>(kernel.length, 13);
+            const auto x = random_source(kernel, 13);
             Array source(x.size(), placement.source);
-            Array destination(x.size(), placement.destination);
+            Array destination(kernel.destination_size(), placement.destination);
             source.set(x);
             kernel.run(source.data(), destination.data(), qsvScaleNone);
             const auto first = destination.get();

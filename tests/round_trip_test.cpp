@@ -43,7 +43,7 @@ class RoundTrip : public testing::Test {
         }
     }
 };
-TYPED_TEST_SUITE(RoundTrip, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(RoundTrip, ComplexTypes, ElementNames);
 
 TYPED_TEST(RoundTrip, GivesTheInputBackWhereTheForwardDividesByTheLength) {
     this->expect_gain(qsvScaleFwdByN, false);

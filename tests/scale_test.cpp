@@ -16,7 +16,7 @@ constexpr int kSignals = 20;
 
 template <class E>
 class Scale : public testing::Test {};
-TYPED_TEST_SUITE(Scale, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(Scale, ComplexTypes, ElementNames);
 
 // Expects the bits of both flags to be the same for every kernel of one direction.
 template <class E>

@@ -159,7 +159,7 @@ class ShortLengths : public testing::Test {
         }
     }
 };
-TYPED_TEST_SUITE(ShortLengths, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(ShortLengths, ComplexTypes, ElementNames);
 
 TYPED_TEST(ShortLengths, TwoHasTheBitsOfItsReference) {
     this->expect_reference_bits(2, TestFixture::Interface::two);

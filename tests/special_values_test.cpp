@@ -41,7 +41,7 @@ class SpecialValues : public testing::Test {
         }
     }
 };
-TYPED_TEST_SUITE(SpecialValues, ElementTypes, ElementNames);
+TYPED_TEST_SUITE(SpecialValues, ComplexTypes, ElementNames);
 
 TYPED_TEST(SpecialValues, ANanAtAnyPlaceComesOutSomewhere) {
     this->at_each_place(this->kNan, [](const auto& y) {

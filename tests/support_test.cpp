@@ -111,7 +111,8 @@ TEST(ReferenceDft, HasAnErrorFarBelowTheLimitsForDoublePrecision) {
                 error += re * re + im * im;
                 size += exact[k].re * exact[k].re + exact[k].im * exact[k].im;
             }
-            EXPECT_LE(static_cast<double>(sqrt(error / size)), accuracy_limit<Double>(length) / 1000)
+            EXPECT_LE(static_cast<double>(sqrt(error / size)),
+                      accuracy_limit<Double>(length) / 1000)
                 << "length " << length;
         }
     }

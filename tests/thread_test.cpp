@@ -22,13 +22,13 @@ class Threads : public testing::Test {};
 TYPED_TEST_SUITE(Threads, ElementTypes, ElementNames);
 
 TYPED_TEST(Threads, EightAtOnceGetTheBitsOfOneAlone) {
-    using Complex = typename TypeParam::Complex;
-    using Array = PlacedArray<Complex>;
+    using Element = typename TypeParam::Element;
+    using Array = PlacedArray<Element>;
 
     const auto signal_of = [](const Kernel<TypeParam>& kernel, int thread) {
-        return random_signal<TypeParam>(kernel.length, static_cast<std::uint32_t>(100 + thread));
+        return random_source(kernel, static_cast<std::uint32_t>(100 + thread));
     };
-    std::array<std::vector<std::vector<Complex>>, kThreads> alone;
+    std::array<std::vector<std::vector<Element>>, kThreads> alone;
     for (int thread = 0; thread < kThreads; ++thread) {
         for (const auto& kernel : kernels<TypeParam>()) {
             alone[static_cast<std::size_t>(thread)].push_back(
@@ -45,11 +45,11 @@ TYPED_TEST(Threads, EightAtOnceGetTheBitsOfOneAlone) {
             std::vector<Array> sources;
             std::vector<Array> destinations;
             for (const auto& kernel : kernels<TypeParam>()) {
-                // Half of the threads are on the unaligned path.
+                // Half of the threads are on the unaligned path of the kernels that have one.
                 const std::size_t offset = thread % 2 == 0 ? 0 : 4;
-                sources.emplace_back(static_cast<std::size_t>(kernel.length), offset);
+                sources.emplace_back(kernel.source_size(), offset);
                 sources.back().set(signal_of(kernel, thread));
-                destinations.emplace_back(static_cast<std::size_t>(kernel.length), offset);
+                destinations.emplace_back(kernel.destination_size(), offset);
             }
             // A thread stays in a kernel until all have arrived there, so that they do meet in it.
             for (std::size_t i = 0; i < kernels<TypeParam>().size(); ++i) {

@@ -7,6 +7,7 @@
 #include <bit>
 #include <cinttypes>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <vector>
@@ -25,33 +26,52 @@ std::string show(const typename E::Real& value) {
     return text;
 }
 
+template <class Real>
+bool same_number_bits(const Real& a, const Real& b) {
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+template <class E>
+bool same_element_bits(const typename E::Element& a, const typename E::Element& b) {
+    if constexpr (kIsReal<E>) {
+        return same_number_bits(a, b);
+    } else {
+        return same_number_bits(a.re, b.re) && same_number_bits(a.im, b.im);
+    }
+}
+
+template <class E>
+std::string show_element(const typename E::Element& value) {
+    if constexpr (kIsReal<E>) {
+        return show<E>(value);
+    } else {
+        return "re " + show<E>(value.re) + " im " + show<E>(value.im);
+    }
+}
+
 /** Index of the first element that differs in some bit, or -1. */
 template <class E>
-int first_difference(const std::vector<typename E::Complex>& a,
-                     const std::vector<typename E::Complex>& b) {
-    using Bits = typename E::Bits;
+int first_difference(const std::vector<typename E::Element>& a,
+                     const std::vector<typename E::Element>& b) {
     for (std::size_t k = 0; k < a.size(); ++k) {
-        const bool same = std::bit_cast<Bits>(a[k].re) == std::bit_cast<Bits>(b[k].re) &&
-                          std::bit_cast<Bits>(a[k].im) == std::bit_cast<Bits>(b[k].im);
-        if (!same) return static_cast<int>(k);
+        if (!same_element_bits<E>(a[k], b[k])) return static_cast<int>(k);
     }
     return -1;
 }
 
 template <class E>
-testing::AssertionResult same_bits(const std::vector<typename E::Complex>& expected,
-                                   const std::vector<typename E::Complex>& actual) {
+testing::AssertionResult same_bits(const std::vector<typename E::Element>& expected,
+                                   const std::vector<typename E::Element>& actual) {
     if (expected.size() != actual.size()) {
         return testing::AssertionFailure()
                << actual.size() << " elements instead of " << expected.size();
     }
     const int k = first_difference<E>(expected, actual);
     if (k < 0) return testing::AssertionSuccess();
-    const auto& e = expected[static_cast<std::size_t>(k)];
-    const auto& a = actual[static_cast<std::size_t>(k)];
     return testing::AssertionFailure()
-           << "first different element " << k << ": re " << show<E>(a.re) << " im " << show<E>(a.im)
-           << " instead of re " << show<E>(e.re) << " im " << show<E>(e.im);
+           << "first different element " << k << ": "
+           << show_element<E>(actual[static_cast<std::size_t>(k)]) << " instead of "
+           << show_element<E>(expected[static_cast<std::size_t>(k)]);
 }
 
 }  // namespace qsvgen_test

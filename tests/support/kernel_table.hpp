@@ -2,130 +2,99 @@
 
 /**
  * @file
- * @brief Every exported complex DFT as a row of a table.
+ * @brief Every exported transform as a row of a table, one table an element type.
  */
 
 #include <array>
-#include <string>
 
-#include "qsvgen.h"
-#include "support/elements.hpp"
+#include "support/kernel.hpp"
 
 namespace qsvgen_test {
 
-enum class Direction { Forward, Inverse };
-
-inline constexpr int kShortestLength = 2;
-inline constexpr int kLongestLength = 64;
-inline constexpr int kLengthCount = kLongestLength - kShortestLength + 1;
-
-inline constexpr std::array<std::int32_t, 4> kFlags = {qsvScaleFwdByN, qsvScaleInvByN,
-                                                       qsvScaleBySqrtN, qsvScaleNone};
-
-/** Values on both sides of every accepted flag, combinations of them, and the extremes. */
-inline constexpr std::array<std::int32_t, 19> kBadFlags = {
-    0, 3, 5, 6, 7, 9, 10, 11, 12, 15, 16, 0x101, 17, 32, -1, -2, -8, INT32_MIN, INT32_MAX};
-
 template <class E>
-struct Kernel {
-    int length;
-    Direction direction;
-    const char* name;
-    QsvStatus (*run)(const typename E::Complex* src, typename E::Complex* dst, std::int32_t flag);
-};
-
+using KernelTable = std::array<Kernel<E>, E::kFamilies * kLengthCount>;
 template <class E>
-struct Dispatcher {
-    Direction direction;
-    const char* name;
-    QsvStatus (*run)(const typename E::Complex* src, typename E::Complex* dst, std::int32_t length,
-                     std::int32_t flag);
-};
+using DispatcherTable = std::array<Dispatcher<E>, E::kFamilies>;
 
-template <class E>
-using KernelTable = std::array<Kernel<E>, 2 * kLengthCount>;
-
-/** Forward and inverse of each length in turn, shortest first. */
+/** The families of each length in turn, shortest first. */
 template <class E>
 const KernelTable<E>& kernels();
 
+/** The families in the order of `kernels`. */
 template <class E>
-const std::array<Dispatcher<E>, 2>& dispatchers();
+const DispatcherTable<E>& dispatchers();
 
-#define QSVG_TEST_KERNELS(N, SUFFIX)                                                            \
-    {N, Direction::Forward, "qsvgDFTFwd_CToC_" #N "_" #SUFFIX, qsvgDFTFwd_CToC_##N##_##SUFFIX}, \
-        {N, Direction::Inverse, "qsvgDFTInv_CToC_" #N "_" #SUFFIX,                              \
-         qsvgDFTInv_CToC_##N##_##SUFFIX},
-#define QSVG_TEST_DISPATCHERS(SUFFIX)                                                 \
-    {                                                                                 \
-        {Direction::Forward, "qsvgDFTFwd_CToC_" #SUFFIX, qsvgDFTFwd_CToC_##SUFFIX}, { \
-            Direction::Inverse, "qsvgDFTInv_CToC_" #SUFFIX, qsvgDFTInv_CToC_##SUFFIX  \
-        }                                                                             \
+#define QSVG_TEST_KERNEL(DIRECTION, LAYOUT, FAMILY, N, SUFFIX)                   \
+    {N, Direction::DIRECTION, Layout::LAYOUT, "qsvg" #FAMILY "_" #N "_" #SUFFIX, \
+     qsvg##FAMILY##_##N##_##SUFFIX},
+#define QSVG_TEST_DISPATCHER(DIRECTION, LAYOUT, FAMILY, SUFFIX) \
+    {Direction::DIRECTION, Layout::LAYOUT, "qsvg" #FAMILY "_" #SUFFIX, qsvg##FAMILY##_##SUFFIX},
+
+#define QSVG_TEST_COMPLEX_FAMILIES(ROW, ...)        \
+    ROW(Forward, Natural, DFTFwd_CToC, __VA_ARGS__) \
+    ROW(Inverse, Natural, DFTInv_CToC, __VA_ARGS__)
+#define QSVG_TEST_REAL_FAMILIES(ROW, ...)           \
+    ROW(Forward, Ccs, DFTFwd_RToCCS, __VA_ARGS__)   \
+    ROW(Forward, Pack, DFTFwd_RToPack, __VA_ARGS__) \
+    ROW(Forward, Perm, DFTFwd_RToPerm, __VA_ARGS__) \
+    ROW(Inverse, Ccs, DFTInv_CCSToR, __VA_ARGS__)   \
+    ROW(Inverse, Pack, DFTInv_PackToR, __VA_ARGS__) \
+    ROW(Inverse, Perm, DFTInv_PermToR, __VA_ARGS__) \
+    ROW(Both, Natural, Hartley, __VA_ARGS__)
+
+#define QSVG_TEST_32FC(N) QSVG_TEST_COMPLEX_FAMILIES(QSVG_TEST_KERNEL, N, 32fc)
+#define QSVG_TEST_64FC(N) QSVG_TEST_COMPLEX_FAMILIES(QSVG_TEST_KERNEL, N, 64fc)
+#define QSVG_TEST_32F(N) QSVG_TEST_REAL_FAMILIES(QSVG_TEST_KERNEL, N, 32f)
+#define QSVG_TEST_64F(N) QSVG_TEST_REAL_FAMILIES(QSVG_TEST_KERNEL, N, 64f)
+
+#define QSVG_TEST_TABLES(E, ROWS, FAMILIES, SUFFIX)                                             \
+    template <>                                                                                 \
+    inline const KernelTable<E>& kernels<E>() {                                                 \
+        static constexpr KernelTable<E> table = {{QSVG_FOR_EACH_LENGTH(ROWS)}};                 \
+        return table;                                                                           \
+    }                                                                                           \
+    template <>                                                                                 \
+    inline const DispatcherTable<E>& dispatchers<E>() {                                         \
+        static constexpr DispatcherTable<E> table = {{FAMILIES(QSVG_TEST_DISPATCHER, SUFFIX)}}; \
+        return table;                                                                           \
     }
 
-template <>
-inline const KernelTable<Single>& kernels<Single>() {
-#define QSVG_TEST_KERNELS_32FC(N) QSVG_TEST_KERNELS(N, 32fc)
-    static const KernelTable<Single> table = {{QSVG_FOR_EACH_LENGTH(QSVG_TEST_KERNELS_32FC)}};
-#undef QSVG_TEST_KERNELS_32FC
-    return table;
-}
+QSVG_TEST_TABLES(Single, QSVG_TEST_32FC, QSVG_TEST_COMPLEX_FAMILIES, 32fc)
+QSVG_TEST_TABLES(Double, QSVG_TEST_64FC, QSVG_TEST_COMPLEX_FAMILIES, 64fc)
+QSVG_TEST_TABLES(RealSingle, QSVG_TEST_32F, QSVG_TEST_REAL_FAMILIES, 32f)
+QSVG_TEST_TABLES(RealDouble, QSVG_TEST_64F, QSVG_TEST_REAL_FAMILIES, 64f)
 
-template <>
-inline const std::array<Dispatcher<Single>, 2>& dispatchers<Single>() {
-    static const std::array<Dispatcher<Single>, 2> table = {QSVG_TEST_DISPATCHERS(32fc)};
-    return table;
-}
-
-template <>
-inline const KernelTable<Double>& kernels<Double>() {
-#define QSVG_TEST_KERNELS_64FC(N) QSVG_TEST_KERNELS(N, 64fc)
-    static const KernelTable<Double> table = {{QSVG_FOR_EACH_LENGTH(QSVG_TEST_KERNELS_64FC)}};
-#undef QSVG_TEST_KERNELS_64FC
-    return table;
-}
-
-template <>
-inline const std::array<Dispatcher<Double>, 2>& dispatchers<Double>() {
-    static const std::array<Dispatcher<Double>, 2> table = {QSVG_TEST_DISPATCHERS(64fc)};
-    return table;
-}
-
-#undef QSVG_TEST_KERNELS
-#undef QSVG_TEST_DISPATCHERS
+#undef QSVG_TEST_TABLES
+#undef QSVG_TEST_64F
+#undef QSVG_TEST_32F
+#undef QSVG_TEST_64FC
+#undef QSVG_TEST_32FC
+#undef QSVG_TEST_REAL_FAMILIES
+#undef QSVG_TEST_COMPLEX_FAMILIES
+#undef QSVG_TEST_DISPATCHER
+#undef QSVG_TEST_KERNEL
 
 template <class E>
-const Kernel<E>& kernel_of(int length, Direction direction) {
-    const int row = 2 * (length - kShortestLength) + (direction == Direction::Inverse ? 1 : 0);
-    return kernels<E>()[static_cast<std::size_t>(row)];
-}
-
-/** "qsvgDFT..." has its code for unaligned arrays in "owngDFT..._unaligned". */
-inline std::string twin_name(const std::string& kernel_name) {
-    return "owng" + kernel_name.substr(4) + "_unaligned";
-}
-
-template <class E>
-bool has_twin(const Kernel<E>& kernel) {
-    return kernel.length >= E::kTwinFrom;
-}
-
-/** "qsvgDFTFwd_CToC_6_32fc (length 6, flag 4)": how a failure says where it happened. */
-template <class E>
-std::string describe(const Kernel<E>& kernel, std::int32_t flag) {
-    return std::string(kernel.name) + " (length " + std::to_string(kernel.length) + ", flag " +
-           std::to_string(flag) + ")";
-}
-
-constexpr bool is_prime(int n) {
-    for (int d = 2; d * d <= n; ++d) {
-        if (n % d == 0) return false;
+std::size_t family_row(Direction direction, Layout layout) {
+    std::size_t row = 0;
+    for (const auto& dispatcher : dispatchers<E>()) {
+        if (dispatcher.direction == direction && dispatcher.layout == layout) break;
+        ++row;
     }
-    return n >= 2;
+    return row;
 }
 
-constexpr bool is_power_of_two(int n) {
-    return n > 0 && (n & (n - 1)) == 0;
+template <class E>
+const Kernel<E>& kernel_of(int length, Direction direction, Layout layout = Layout::Natural) {
+    const std::size_t rows_before =
+        E::kFamilies * static_cast<std::size_t>(length - kShortestLength);
+    return kernels<E>().at(rows_before + family_row<E>(direction, layout));
+}
+
+/** The transform of a run-time length that leads to `kernel`. */
+template <class E>
+const Dispatcher<E>& dispatcher_of(const Kernel<E>& kernel) {
+    return dispatchers<E>().at(family_row<E>(kernel.direction, kernel.layout));
 }
 
 }  // namespace qsvgen_test

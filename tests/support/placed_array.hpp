@@ -13,38 +13,47 @@
 
 namespace qsvgen_test {
 
-template <class Complex>
+template <class Element>
 class PlacedArray {
   public:
     /** `offset` is what the address leaves modulo 16; odd ones are as good as any. */
     PlacedArray(std::size_t length, std::size_t offset, std::byte fill = std::byte{0xA5})
         : length_(length),
-          bytes_(length * sizeof(Complex) + 2 * kMargin + 2 * kBoundary, fill),
+          bytes_(length * sizeof(Element) + 2 * kMargin + 2 * kBoundary, fill),
           fill_(fill) {
         const auto start = reinterpret_cast<std::uintptr_t>(bytes_.data()) + kMargin;
         begin_ = kMargin + (kBoundary - start % kBoundary) % kBoundary + offset;
     }
 
-    Complex* data() { return reinterpret_cast<Complex*>(bytes_.data() + begin_); }
+    Element* data() { return reinterpret_cast<Element*>(bytes_.data() + begin_); }
 
     // Copies go byte by byte: the elements of a misplaced array are no C++ objects.
-    void set(const std::vector<Complex>& values) {
-        std::memcpy(bytes_.data() + begin_, values.data(), values.size() * sizeof(Complex));
+    void set(const std::vector<Element>& values) {
+        std::memcpy(bytes_.data() + begin_, values.data(), values.size() * sizeof(Element));
     }
-    std::vector<Complex> get() const {
-        std::vector<Complex> values(length_);
-        std::memcpy(values.data(), bytes_.data() + begin_, length_ * sizeof(Complex));
+    std::vector<Element> get() const {
+        std::vector<Element> values(length_);
+        std::memcpy(values.data(), bytes_.data() + begin_, length_ * sizeof(Element));
         return values;
     }
 
-    bool holds(const std::vector<Complex>& values) const {
-        return std::memcmp(bytes_.data() + begin_, values.data(), length_ * sizeof(Complex)) == 0;
+    /** The array's first `count` elements. */
+    std::vector<Element> get(std::size_t count) const {
+        auto values = get();
+        values.resize(count);
+        return values;
     }
 
-    bool margins_untouched() const {
+    bool holds(const std::vector<Element>& values) const {
+        return std::memcmp(bytes_.data() + begin_, values.data(), length_ * sizeof(Element)) == 0;
+    }
+
+    bool margins_untouched() const { return untouched_around(length_); }
+    /** Whether nothing but the first `count` elements was written to. */
+    bool untouched_around(std::size_t count) const {
         const auto is_fill = [this](std::byte b) { return b == fill_; };
         const auto begin = bytes_.begin() + static_cast<std::ptrdiff_t>(begin_);
-        const auto end = begin + static_cast<std::ptrdiff_t>(length_ * sizeof(Complex));
+        const auto end = begin + static_cast<std::ptrdiff_t>(count * sizeof(Element));
         return std::all_of(bytes_.begin(), begin, is_fill) &&
                std::all_of(end, bytes_.end(), is_fill);
     }

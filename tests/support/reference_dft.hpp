@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "support/kernel_table.hpp"
+#include "support/kernel.hpp"
 
 namespace qsvgen_test {
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "support/fault.hpp"
@@ -18,14 +19,14 @@ struct Placement {
     std::size_t destination = 0;
 };
 
-/** The paths through a kernel: the aligned one, and the three ways into its twin. */
+/** The paths through a kernel that has two: the aligned one, and the three ways into its twin. */
 inline constexpr Placement kAligned = {0, 0};
 inline constexpr Placement kPlacements[] = {kAligned, {4, 0}, {0, 4}, {8, 12}};
 
 /** Runs the kernel and expects success; a memory fault is a failure that names the kernel. */
 template <class E>
-void run_expecting_success(const Kernel<E>& kernel, const typename E::Complex* src,
-                           typename E::Complex* dst, std::int32_t flag) {
+void run_expecting_success(const Kernel<E>& kernel, const typename E::Element* src,
+                           typename E::Element* dst, std::int32_t flag) {
     static FaultCatcher catcher;
     volatile QsvStatus status = -1;
     EXPECT_FALSE(catcher.faults([&] { status = kernel.run(src, dst, flag); }))
@@ -34,24 +35,24 @@ void run_expecting_success(const Kernel<E>& kernel, const typename E::Complex* s
 }
 
 template <class E>
-std::vector<typename E::Complex> transform(const Kernel<E>& kernel,
-                                           const std::vector<typename E::Complex>& x,
+std::vector<typename E::Element> transform(const Kernel<E>& kernel,
+                                           const std::vector<typename E::Element>& x,
                                            std::int32_t flag, Placement placement = kAligned) {
-    PlacedArray<typename E::Complex> source(x.size(), placement.source);
-    PlacedArray<typename E::Complex> destination(x.size(), placement.destination);
+    PlacedArray<typename E::Element> source(x.size(), placement.source);
+    PlacedArray<typename E::Element> destination(kernel.destination_size(), placement.destination);
     source.set(x);
     run_expecting_success(kernel, source.data(), destination.data(), flag);
     return destination.get();
 }
 
 template <class E>
-std::vector<typename E::Complex> transform_in_place(const Kernel<E>& kernel,
-                                                    const std::vector<typename E::Complex>& x,
+std::vector<typename E::Element> transform_in_place(const Kernel<E>& kernel,
+                                                    const std::vector<typename E::Element>& x,
                                                     std::int32_t flag, std::size_t offset) {
-    PlacedArray<typename E::Complex> array(x.size(), offset);
+    PlacedArray<typename E::Element> array(std::max(x.size(), kernel.destination_size()), offset);
     array.set(x);
     run_expecting_success(kernel, array.data(), array.data(), flag);
-    return array.get();
+    return array.get(kernel.destination_size());
 }
 
 }  // namespace qsvgen_test
