@@ -156,7 +156,11 @@ TYPED_TEST(ScaleFactor, FollowsTheFlagAndTheDirection) {
     EXPECT_EQ(1, s(Direction::Inverse, 1));
     EXPECT_EQ(0.125, s(Direction::Inverse, 2));
     EXPECT_EQ(1, s(Direction::Inverse, 8));
+    EXPECT_EQ(0.125, s(Direction::Both, 1));
+    EXPECT_EQ(0.125, s(Direction::Both, 2));
+    EXPECT_EQ(1, s(Direction::Both, 8));
     EXPECT_EQ(s(Direction::Forward, 4), s(Direction::Inverse, 4));
+    EXPECT_EQ(s(Direction::Forward, 4), s(Direction::Both, 4));
 }
 
 }  // namespace
