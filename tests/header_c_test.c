@@ -19,6 +19,9 @@ static void expect(int condition, const char* what) {
 int main(void) {
     const Complex32 x[4] = {{1.0f, 0.0f}, {2.0f, 0.0f}, {3.0f, 0.0f}, {4.0f, 0.0f}};
     Complex32 y[4] = {{0.0f, 0.0f}, {0.0f, 0.0f}, {0.0f, 0.0f}, {0.0f, 0.0f}};
+    const Real32 signal[4] = {1.0f, 2.0f, 3.0f, 4.0f};
+    Real32 spectrum[6] = {0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f};
+    Real64 wide[3] = {1.0, 2.0, 4.0};
     const LibraryVersion* version = qsvgenGetLibVersion();
 
     expect(qsvgDFTFwd_CToC_4_32fc(x, y, qsvScaleNone) == qsvStatusOk, "length 4 runs");
@@ -33,12 +36,33 @@ int main(void) {
     expect(qsvgDFTFwd_CToC_4_32fc(x, y, 3) == qsvStatusBadFlag, "flag 3");
     expect(qsvgDFTFwd_CToC_32fc(x, y, 65, qsvScaleNone) == qsvStatusBadLength, "length 65");
 
+    expect(qsvgDFTFwd_RToCCS_4_32f(signal, spectrum, qsvScaleNone) == qsvStatusOk, "real length 4");
+    expect(spectrum[0] == 10.0f && spectrum[1] == 0.0f && spectrum[2] == -2.0f &&
+               spectrum[3] == 2.0f && spectrum[4] == -2.0f && spectrum[5] == 0.0f,
+           "its spectrum");
+    expect(qsvgDFTInv_CCSToR_32f(spectrum, spectrum, 4, qsvScaleInvByN) == qsvStatusOk,
+           "and back in place");
+    expect(spectrum[0] == 1.0f && spectrum[3] == 4.0f && spectrum[4] == -2.0f,
+           "the signal comes back, and what stands behind it stays");
+    expect(qsvgDFTFwd_RToPack_2_64f(wide, wide, qsvScaleNone) == qsvStatusOk && wide[0] == 3.0 &&
+               wide[1] == -1.0 && wide[2] == 4.0,
+           "real length 2 in double precision");
+    expect(qsvgDFTInv_PermToR_64f(wide, wide, 1, qsvScaleNone) == qsvStatusBadLength,
+           "real length 1");
+    expect(qsvgHartley_2_64f(wide, wide, qsvScaleInvByN) == qsvStatusOk && wide[0] == 1.0 &&
+               wide[1] == 2.0,
+           "the Hartley transform of length 2");
+    expect(qsvgHartley_32f(signal, NULL, 4, qsvScaleNone) == qsvStatusNullPointer,
+           "null destination");
+
     expect(qsvStatusOk == 0 && qsvStatusBadPlan == -5 && qsvStatusBadLength == -6 &&
                qsvStatusNullPointer == -8 && qsvStatusBadFlag == -16,
            "status values");
     expect(qsvScaleFwdByN == 1 && qsvScaleInvByN == 2 && qsvScaleBySqrtN == 4 && qsvScaleNone == 8,
            "flag values");
-    expect(sizeof(Complex32) == 8 && sizeof(Complex64) == 16, "element sizes");
+    expect(sizeof(Real32) == 4 && sizeof(Real64) == 8 && sizeof(Complex32) == 8 &&
+               sizeof(Complex64) == 16,
+           "element sizes");
     expect(sizeof(LibraryVersion) == 32, "size of the version record");
     expect(version->majorVersion == 6 && version->targetCode[0] == 't', "version record");
 
