@@ -179,14 +179,14 @@ TYPED_TEST(RealLayouts, AnInverseDoesNotCalculateWithItsZeroSlots) {
     for (int length = kShortestLength; length <= kLongestLength; ++length) {
         const auto& kernel = kernel_of<TypeParam>(length, Direction::Inverse, Layout::Ccs);
         auto spectrum = random_source(kernel, 67);
-        std::vector<Real> y(kernel.destination_size());
+        PlacedArray<Real> destination(kernel.destination_size(), 0);
         for (const auto slot : this->zero_slots(length)) {
             std::memcpy(&spectrum[slot], &trap, sizeof trap);
         }
         unsigned raised;
         {
             const ScopedMxcsr scope(0x1F80);
-            kernel.run(spectrum.data(), y.data(), qsvScaleBySqrtN);
+            kernel.run(spectrum.data(), destination.data(), qsvScaleBySqrtN);
             raised = _mm_getcsr() & _MM_EXCEPT_INVALID;
         }
         EXPECT_EQ(0u, raised) << describe(kernel, qsvScaleBySqrtN);

@@ -23,19 +23,21 @@ constexpr std::uint32_t kSignals = 1000;
 template <class E>
 std::vector<typename E::Real> edge_signal(int length, std::uint32_t seed) {
     using Limits = std::numeric_limits<typename E::Real>;
-    const std::vector<typename E::Real> values = {0,
-                                                  -0.0f,
-                                                  0,
-                                                  -0.0f,
-                                                  1,
-                                                  -1,
-                                                  1,
-                                                  -1,
-                                                  Limits::min(),
-                                                  -Limits::min(),
-                                                  3 * Limits::denorm_min(),
-                                                  Limits::max() / 3,
-                                                  -Limits::max() / 3};
+    const std::vector<typename E::Real> values = {
+        0,
+        -0.0f,
+        0,
+        -0.0f,
+        1,
+        -1,
+        1,
+        -1,
+        Limits::min(),
+        -Limits::min(),
+        3 * Limits::denorm_min(),
+        Limits::max() / 3,
+        Limits::max() / 2 * static_cast<typename E::Real>(1.1),
+        -Limits::max() / 3};
     std::mt19937 choice(seed);
     std::vector<typename E::Real> signal;
     for (int n = 0; n < length; ++n) signal.push_back(values[choice() % values.size()]);
