@@ -22,7 +22,7 @@ struct alignas(16) ScaleVector {
     Real lane[16 / sizeof(Real)];
 };
 
-/** Scale factor for each flag value from 0 to 8; zero where the value is no flag. */
+/** Scale factor for each flag value from 0 to 8; of use where the value is a flag. */
 template <class Real>
 struct ScaleTable {
     ScaleVector<Real> factor[qsvScaleNone + 1];
@@ -58,13 +58,18 @@ struct ScaleTable {
     }
 };
 
+/** Whether `flag` is one of QsvScaleFlag. */
+inline bool is_flag(std::int32_t flag) {
+    constexpr std::uint32_t kFlags =
+        1U << qsvScaleFwdByN | 1U << qsvScaleInvByN | 1U << qsvScaleBySqrtN | 1U << qsvScaleNone;
+    const auto bit = static_cast<std::uint32_t>(flag);
+    return bit <= qsvScaleNone && (kFlags >> bit & 1U) != 0;
+}
+
 /** Null pointers before the flag, as callers may rely on. */
-template <class Real>
-inline QsvStatus check(const void* source, const void* destination, std::int32_t flag,
-                       const ScaleTable<Real>& scales) {
+inline QsvStatus check(const void* source, const void* destination, std::int32_t flag) {
     if (source == nullptr || destination == nullptr) return qsvStatusNullPointer;
-    if (static_cast<std::uint32_t>(flag) > qsvScaleNone) return qsvStatusBadFlag;
-    return *scales[flag] > 0 ? qsvStatusOk : qsvStatusBadFlag;
+    return is_flag(flag) ? qsvStatusOk : qsvStatusBadFlag;
 }
 
 }  // namespace core

@@ -69,7 +69,7 @@ std::string signature(const Kernel& kernel, const std::string& name) {
 }
 
 constexpr const char* kCheck =
-    "    const QsvStatus status = core::check(src, dst, flag, kScales);\n"
+    "    const QsvStatus status = core::check(src, dst, flag);\n"
     "    if (status != qsvStatusOk) return status;\n";
 
 std::string checked(const std::string& call) {

