@@ -6,3 +6,10 @@ target_compile_options(
     build_time_code INTERFACE -Wall -Wextra
                               # GCC 12 sees overlaps in the joining of short strings.
                               $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+
+# Most of what describes kernels includes Boost's multiple precision, which takes seconds to read.
+function(reads_exact_constants_once)
+    foreach(target IN LISTS ARGV)
+        target_precompile_headers(${target} REUSE_FROM kernelgen)
+    endforeach()
+endfunction()

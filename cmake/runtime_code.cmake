@@ -24,6 +24,11 @@ target_compile_options(
               $<$<CXX_COMPILER_ID:Clang>:-mstackrealign>
               # Half vectors are moved at any address, which the processor allows.
               -fno-sanitize=alignment)
+# Calls in place of instructions written out: kernels are long, and mostly loads and stores.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "sanitize")
+    target_compile_options(
+        runtime_code INTERFACE "SHELL:--param asan-instrumentation-with-call-threshold=0")
+endif()
 
 # Kernels that work on one value at a time.
 add_library(scalar_runtime_code INTERFACE)

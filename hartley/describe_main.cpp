@@ -1,12 +1,15 @@
 /**
  * @file
- * @brief Writes the sources of the Hartley kernels: describe_hartley FOLDER [MANIFEST]
+ * @brief Writes the sources of the Hartley kernels.
  *
- * FOLDER gets one file a kernel and the dispatchers; MANIFEST, where named, one line a kernel.
+ *     describe_hartley FOLDER            the kernels and the dispatchers
+ *     describe_hartley --manifest FILE   one line a kernel
  */
 
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 #include "dft_real/generated_files.hpp"
 #include "dft_real/real_kernel_source.hpp"
@@ -16,30 +19,40 @@ namespace {
 
 using namespace dft_real;
 
-void run(const std::filesystem::path& folder, const char* manifest) {
+void write_sources(const std::filesystem::path& folder) {
     std::filesystem::create_directories(folder);
-    std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
         const std::string end = suffix(element) + ".cpp";
-        for (int n = kShortestLength; n <= kLongestLength; ++n) {
-            const RealKernel kernel = hartley::hartley_kernel(n, element);
-            write_if_changed(folder / (std::to_string(n) + "_" + end), kernel_source(kernel));
-            if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
-        }
+        for (int n = kShortestLength; n <= kLongestLength; ++n)
+            write_if_changed(folder / (std::to_string(n) + "_" + end),
+                             kernel_source(hartley::hartley_kernel(n, element)));
         write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
     }
-    if (manifest != nullptr) write_if_changed(manifest, lines);
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (int n = kShortestLength; n <= kLongestLength; ++n)
+            lines += manifest_line(hartley::hartley_kernel(n, element)) + "\n";
+    }
+    write_if_changed(file, lines);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "usage: %s FOLDER [MANIFEST]\n", argv[0]);
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const bool manifest = words.size() == 2 && words[0] == "--manifest";
+    if (!manifest && words.size() != 1) {
+        std::fprintf(stderr, "usage: %s FOLDER | --manifest FILE\n", argv[0]);
         return 2;
     }
     try {
-        run(argv[1], argc == 3 ? argv[2] : nullptr);
+        if (manifest)
+            write_manifest(words[1]);
+        else
+            write_sources(words[0]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
         return 1;

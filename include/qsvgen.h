@@ -39,10 +39,10 @@
  * Aliasing   Source and destination may be the same array, with the same bits as out of place; it
  *            must then be large enough for both. A partial overlap is not supported.
  * Alignment  Any address of whole 32-bit words is accepted. Where both arrays of a complex
- * transform stand on 16-byte boundaries a faster path runs, with the same bits. Threads    Every
- * function is a pure function of its arguments: no state, no lock, no allocation. Errors Checked in
- * this order: length (dispatchers only), source and destination pointer, flag. A refused call has
- * read and written nothing. Sample values are never examined.
+ *            transform stand on 16-byte boundaries a faster path runs, with the same bits.
+ * Threads    Every function is a pure function of its arguments: no state, no lock, no allocation.
+ * Errors     Checked in this order: length (dispatchers only), source and destination pointer,
+ *            flag. A refused call has read and written nothing. Sample values are never examined.
  */
 #ifndef QSVGEN_H
 #define QSVGEN_H
