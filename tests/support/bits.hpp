@@ -7,9 +7,9 @@
 #include <bit>
 #include <cinttypes>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "support/elements.hpp"
@@ -28,7 +28,8 @@ std::string show(const typename E::Real& value) {
 
 template <class Real>
 bool same_number_bits(const Real& a, const Real& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
+    using Bits = std::conditional_t<sizeof(Real) == 4, std::uint32_t, std::uint64_t>;
+    return std::bit_cast<Bits>(a) == std::bit_cast<Bits>(b);
 }
 
 template <class E>

@@ -101,13 +101,13 @@ struct RealMembers {
         const Real i2 = x[4] * Real{2};
         const Real r3 = x[5] * Real{2};
         const Real i3 = x[6] * Real{2};
-        const Row A = r1, B = r3, M = r2, E1 = i1, F = i3, G = i2, D = x[0];
+        const Row A = r1, B = r3, M = r2, T = i1, F = i3, G = i2, D = x[0];
         const Real p1 = round(((A * C1 - B * C3) - M * C2) + D);
         const Real p2 = round(((D - A * C2) + B * C1) - M * C3);
         const Real p3 = round(((D - A * C3) - B * C2) + M * C1);
-        const Real q1 = round((E1 * S1 + F * S3) + G * S2);
-        const Real q2 = round((E1 * S2 - F * S1) - G * S3);
-        const Real q3 = round((E1 * S3 + F * S2) - G * S1);
+        const Real q1 = round((T * S1 + F * S3) + G * S2);
+        const Real q2 = round((T * S2 - F * S1) - G * S3);
+        const Real q3 = round((T * S3 + F * S2) - G * S1);
         return {(((r1 + r3) + r2) + x[0]) * s,
                 (p1 - q1) * s,
                 (p2 - q2) * s,
