@@ -28,8 +28,7 @@ Signal prime_factor(Network& net, const Rule& a, const Rule& b, const Rule& firs
 
 /** N = a b. Cooley and Tukey, "An algorithm for the machine calculation of complex Fourier series",
  * 1965, in the form that decimates in time by b. */
-Signal cooley_tukey(Network& net, const Rule& a, const Rule& b, Residues residues,
-                    const Signal& x);
+Signal cooley_tukey(Network& net, const Rule& a, const Rule& b, Residues residues, const Signal& x);
 
 /** N a power of two, into one half and two quarters, decimated in frequency. Duhamel and Hollmann,
  * "Split radix FFT algorithm", 1984. */

@@ -11,7 +11,8 @@ const std::vector<TableRow>& double_precision_table() {
         const Rule n13 = small(13), n17 = small(17), n19 = small(19), n23 = small(23),
                    n29 = small(29), n31 = small(31);
         const Rule n9 = T(n3, n3), n15 = P(n5, n3), n25 = T(n5, n5), n27 = T(n9, n3);
-        // Four of the twelve or so products of a 5-point transform less, for a longer chain of sums.
+        // Four of the twelve or so products of a 5-point transform less, for a longer chain of
+        // sums.
         const Rule h5 = small(5, SmallForm::HalfSumOfTwo);
         const Rule r7 = small(7, SmallForm::RaderOfSeven);
         return std::vector<TableRow>{

@@ -50,7 +50,8 @@ Points seven_by_rader(ComplexAlgebra& m, const Points& x) {
     const auto spectrum = [](int k) { return rader_spectrum(7, 3, (6 - k) % 6); };
     ComplexVector sum;
     ComplexVector alternating;
-    ThreeBack even = times_spectrum(m, p, spectrum(0).re, spectrum(2).re, spectrum(2).im, false, sum);
+    ThreeBack even =
+        times_spectrum(m, p, spectrum(0).re, spectrum(2).re, spectrum(2).im, false, sum);
     const ThreeBack odd = times_spectrum(m, {d[0], d[2], d[1]}, -spectrum(3).im, -spectrum(1).im,
                                          spectrum(1).re, true, alternating);
     even.alone = m.add(even.alone, x[0]);

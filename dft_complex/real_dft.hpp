@@ -40,7 +40,8 @@ class RealDft {
      * sin(2 pi j k / L). */
     Points transposed(ComplexAlgebra& algebra, const HalfSpectrum& spectrum) const;
 
-    /** A product that would be the last step of an output is left to whoever scales the spectrum. */
+    /** A product that would be the last step of an output is left to whoever scales the spectrum.
+     */
     const Exact& even_factor(int k) const { return even_[static_cast<std::size_t>(k)].factor; }
     const Exact& odd_factor(int k) const { return odd_[static_cast<std::size_t>(k)].factor; }
 

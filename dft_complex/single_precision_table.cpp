@@ -16,8 +16,8 @@ const std::vector<TableRow>& single_precision_table() {
         // Inside Rader's and the chirp convolution prime-factor splits save all twiddle factors.
         const Rule inner36 = P(n4, n9), inner40 = P(n8, n5), inner42 = P(n14, n3),
                    inner52 = P(n4, small(13)), inner60 = P(n15, n4);
-        // With residues from zero on, neighbours in memory are neighbours in the lanes; only length 3
-        // gains more from conjugate factors.
+        // With residues from zero on, neighbours in memory are neighbours in the lanes; only length
+        // 3 gains more from conjugate factors.
         const Rule inner96 = T(n4, P(n8, n3)), inner128 = T(n8, n16);
         return std::vector<TableRow>{
             {2, n2, 2, 2, 4},

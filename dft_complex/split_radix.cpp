@@ -22,8 +22,9 @@ Signal halved(Network& net, const Signal& x) {
 
 }  // namespace
 
-// With u[n] = x[n] + x[n + N/2], v[n] = x[n] - x[n + N/2] and w = exp(-2 pi i / N), the even outputs
-// are the DFT of u, and outputs 1 and 3 modulo 4 those of (v[n] -+ i v[n + N/4]) w^n and w^(3 n).
+// With u[n] = x[n] + x[n + N/2], v[n] = x[n] - x[n + N/2] and w = exp(-2 pi i / N), the even
+// outputs are the DFT of u, and outputs 1 and 3 modulo 4 those of (v[n] -+ i v[n + N/4]) w^n and
+// w^(3 n).
 Signal split_radix(Network& net, const Signal& x) {
     const int length = static_cast<int>(x.size());
     if (length <= 8) return net.transform(length, x);

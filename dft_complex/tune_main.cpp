@@ -49,7 +49,8 @@ std::string row(const Kernel& kernel, const std::string& order, const std::strin
     std::string lanes;
     for (const LaneChoice& choice : kernel.choices)
         lanes += (lanes.empty() ? "" : " ") + choice.to_string();
-    std::string text = "{" + std::to_string(kernel.length) + ", \"" + lanes + "\", \"" + order + "\"";
+    std::string text =
+        "{" + std::to_string(kernel.length) + ", \"" + lanes + "\", \"" + order + "\"";
     if (!option.empty()) text += ", \"" + option + "\"";
     return text + "},";
 }
@@ -78,8 +79,7 @@ void tune_lanes(int length) {
             }
         }
     }
-    const Schedule schedule =
-        kernelgen::search_schedules(best.graph, kX86Sse2, kSeeds).front();
+    const Schedule schedule = kernelgen::search_schedules(best.graph, kX86Sse2, kSeeds).front();
     std::printf("%s\n", row(best, schedule.method).c_str());
     std::fflush(stdout);
     std::fprintf(stderr, "length %d: %d instructions, %d of them stack accesses, %d copies\n",
@@ -90,8 +90,7 @@ void tune_lanes(int length) {
 void write_orders(Element element, int length, const std::filesystem::path& folder) {
     Kernel kernel = proven_kernel(length, Direction::Forward, element);
     std::filesystem::create_directories(folder);
-    const std::vector<Schedule> found =
-        kernelgen::search_schedules(kernel.graph, kX86Sse2, kSeeds);
+    const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, kX86Sse2, kSeeds);
     int number = 0;
     for (std::size_t i = 0; i < std::min(found.size(), kOrders); ++i) {
         for (const char* option : kOptions) {

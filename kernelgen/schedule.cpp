@@ -262,9 +262,8 @@ std::vector<Schedule> search_schedules(const Graph& graph, const Target& target,
     for (bool outputs_first : {false, true}) {
         for (int leaf : {2, 4, 8, 12, 16, 24, 32, 48}) {
             for (int seed = 0; seed < seeds; ++seed) {
-                consider(
-                    BisectionVariant{outputs_first, leaf, static_cast<std::uint32_t>(seed)}
-                        .to_string());
+                consider(BisectionVariant{outputs_first, leaf, static_cast<std::uint32_t>(seed)}
+                             .to_string());
             }
         }
     }
