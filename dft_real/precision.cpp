@@ -95,8 +95,12 @@ class JoinedProducts : public Copy {
 
     Ref times(NodeId row, const Exact& factor) {
         const Node& n = from_.node(row);
-        if (n.op == Op::Add) return to_.add(times(n.a, factor), times(n.b, factor));
-        if (n.op == Op::Sub) return to_.sub(times(n.a, factor), times(n.b, factor));
+        if (n.op == Op::Add || n.op == Op::Sub) {
+            // One after the other, so that all compilers number the nodes alike.
+            const Ref b = times(n.b, factor);
+            const Ref a = times(n.a, factor);
+            return n.op == Op::Add ? to_.add(a, b) : to_.sub(a, b);
+        }
         return to_.mul(copied(n.a), Lanes{product_of_rounded(constant(n.b), factor)});
     }
 
@@ -107,7 +111,7 @@ class JoinedProducts : public Copy {
             return {};
         const Node& value = from_.node(widened.a);
         const Exact& factor = constant(product.b);
-        if (is_constant_product(value)) {
+        if (is_constant_product(value) && ends_as_the_one_product(product)) {
             const Ref input = to_.widen(copied(value.a));
             return to_.mul(input, Lanes{product_of_rounded(constant(value.b), factor)});
         }
