@@ -75,8 +75,9 @@ std::string kernel_source(const RealKernel& kernel) {
                        ".\n// Made by the kernel compiler; do not edit.\n\n";
     text += "#include \"core/frame.hpp\"\n\nnamespace {\n\n" + scale_table(kernel);
     if (!body.constants.empty()) text += "\n" + body.constants;
-    text += "\ninline void transform(const " + real + "* x, " + real + "* y, " + real +
-            " scale) {\n" + body.statements + "}\n\n}  // namespace\n\nextern \"C\" {\n\n";
+    text += "\n[[gnu::always_inline]] inline void transform(const " + real + "* x, " + real +
+            "* y, " + real + " scale) {\n" + body.statements +
+            "}\n\n}  // namespace\n\nextern \"C\" {\n\n";
     return text + "QsvStatus " + kernel.name() + "(" + arrays +
            "int32_t flag) {\n"
            "    const QsvStatus status = core::check(src, dst, flag);\n"

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "disassembly.hpp"
@@ -130,6 +131,14 @@ TYPED_TEST(MachineCode, AKernelCallsNothingButItsTwinAndTheReadingOfItsAddress) 
     });
 }
 
+/** A short kernel of 64fc holds both copies in itself, so that the first one may end so. */
+template <class E>
+bool ends_first_copy(const Kernel<E>& kernel, const Function& function,
+                     const Instruction& instruction) {
+    return std::is_same_v<E, Double> && !has_twin(kernel) && instruction.mnemonic == "jmp" &&
+           instruction.is_direct() && leads_to_the_return(function, instruction.target);
+}
+
 // From its first to its last arithmetic instruction the body is one straight line. Behind it
 // only the ways out may follow, which need no condition.
 TYPED_TEST(MachineCode, TheArithmeticIsOneStraightLineBehindAllConditions) {
@@ -138,15 +147,20 @@ TYPED_TEST(MachineCode, TheArithmeticIsOneStraightLineBehindAllConditions) {
         const auto first = std::find_if(code.begin(), code.end(), is_arithmetic);
         const auto last = std::find_if(code.rbegin(), code.rend(), is_arithmetic).base();
         EXPECT_NE(code.end(), first) << function.name << " has no arithmetic";
+        int first_copies = 0;
         for (auto instruction = first; instruction < code.end(); ++instruction) {
             const bool leaves_line =
                 instruction->is_jump() || instruction->is_call() || instruction->mnemonic == "ret";
-            EXPECT_FALSE(instruction < last && leaves_line)
-                << function.name << ": " << to_string(*instruction);
+            if (instruction < last && leaves_line) {
+                EXPECT_TRUE(ends_first_copy(kernel, function, *instruction))
+                    << function.name << ": " << to_string(*instruction);
+                ++first_copies;
+            }
             EXPECT_FALSE(instruction->is_conditional_jump() &&
                          !goes_to_twin(kernel, function, *instruction))
                 << function.name << ": " << to_string(*instruction);
         }
+        EXPECT_LE(first_copies, 1) << function.name;
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "tests/dft_real/support/all_kernels.hpp"
 #include "tests/dft_real/support/networks.hpp"
 
 namespace {
@@ -63,7 +64,8 @@ TEST(RealCounts, AllLayoutsHoldTheSameOperations) {
     for (int n = kShortestLength; n <= kLongestLength; ++n) {
         const Cost ccs = network_cost(kernel(n, Kind::Forward).graph);
         for (Layout layout : {Layout::Pack, Layout::Perm}) {
-            const auto other = dft_kernel(n, Direction::Forward, layout, Element::Real32);
+            const auto& other =
+                dft_real_test::kernel(n, Direction::Forward, layout, Element::Real32);
             EXPECT_EQ(ccs.sums, network_cost(other.graph).sums) << other.name();
             EXPECT_EQ(ccs.products, network_cost(other.graph).products) << other.name();
         }

@@ -190,6 +190,17 @@ TEST(Emission, ScalarsAreWrittenAsPlainArithmetic) {
               "    y[3] = v5;\n");
 }
 
+TEST(Emission, AScalarZeroIsALiteralOfItsType) {
+    Graph g;
+    g.store(g.zero(Type::Binary32), 1);
+    g.store(g.sub(g.zero(Type::Binary64), g.load(Type::Binary64, 0)), 2);
+    EXPECT_EQ(statements(g),
+              "    y[1] = 0x0p+0f;\n"
+              "    const double v0 = x[0];\n"
+              "    const double v1 = 0x0p+0 - v0;\n"
+              "    y[2] = v1;\n");
+}
+
 TEST(Emission, ConstantVectorsAreDefinedOnceWithAllTheirLanes) {
     Graph g;
     const Ref x = g.load(kVector, 0);
