@@ -8,27 +8,13 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 
 #include "dft_complex/kernel_source.hpp"
+#include "kernelgen/generated_files.hpp"
 
 namespace {
 
 using namespace dft_complex;
-
-// An unchanged file keeps its time, so that only changed kernels are compiled again.
-void write(const std::filesystem::path& path, const std::string& text) {
-    {
-        std::ifstream old(path, std::ios::binary);
-        const std::string content((std::istreambuf_iterator<char>(old)),
-                                  std::istreambuf_iterator<char>());
-        if (old && content == text) return;
-    }
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-    if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
-}
 
 void run(const std::filesystem::path& folder, const char* manifest) {
     std::filesystem::create_directories(folder);
@@ -39,13 +25,15 @@ void run(const std::filesystem::path& folder, const char* manifest) {
             const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
             for (int n = kShortestLength; n <= kLongestLength; ++n) {
                 const Kernel kernel = proven_kernel(n, direction, element);
-                write(folder / (prefix + "_" + std::to_string(n) + end), kernel_source(kernel));
+                kernelgen::write_if_changed(folder / (prefix + "_" + std::to_string(n) + end),
+                                            kernel_source(kernel));
                 if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
             }
-            write(folder / (prefix + end), dispatcher_source(direction, element));
+            kernelgen::write_if_changed(folder / (prefix + end),
+                                        dispatcher_source(direction, element));
         }
     }
-    if (manifest != nullptr) write(manifest, lines);
+    if (manifest != nullptr) kernelgen::write_if_changed(manifest, lines);
 }
 
 }  // namespace

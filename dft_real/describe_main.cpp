@@ -14,9 +14,9 @@
 #include <string>
 #include <vector>
 
-#include "dft_real/generated_files.hpp"
 #include "dft_real/kernels.hpp"
 #include "dft_real/real_kernel_source.hpp"
+#include "kernelgen/generated_files.hpp"
 
 namespace {
 
@@ -44,10 +44,11 @@ void write_family(const std::filesystem::path& folder, const std::string& wanted
             known = true;
             const std::string end = "_" + type + ".cpp";
             for (int n = kShortestLength; n <= kLongestLength; ++n)
-                write_if_changed(folder / (stem + "_" + std::to_string(n) + end),
-                                 kernel_source(dft_kernel(n, direction, layout, element)));
-            write_if_changed(folder / (stem + end),
-                             dispatcher_source(family_of(direction, layout), element));
+                kernelgen::write_if_changed(
+                    folder / (stem + "_" + std::to_string(n) + end),
+                    kernel_source(dft_kernel(n, direction, layout, element)));
+            kernelgen::write_if_changed(folder / (stem + end),
+                                        dispatcher_source(family_of(direction, layout), element));
         }
     });
     if (!known) throw std::invalid_argument("no family " + wanted + " of type " + type);
@@ -61,7 +62,7 @@ void write_manifest(const std::filesystem::path& file) {
                 lines += manifest_line(dft_kernel(n, direction, layout, element)) + "\n";
         }
     });
-    write_if_changed(file, lines);
+    kernelgen::write_if_changed(file, lines);
 }
 
 }  // namespace

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "dft_real/generated_files.hpp"
 #include "dft_real/real_kernel_source.hpp"
 #include "hartley/kernels.hpp"
+#include "kernelgen/generated_files.hpp"
 
 namespace {
 
@@ -24,9 +24,9 @@ void write_sources(const std::filesystem::path& folder) {
     for (Element element : kElements) {
         const std::string end = suffix(element) + ".cpp";
         for (int n = kShortestLength; n <= kLongestLength; ++n)
-            write_if_changed(folder / (std::to_string(n) + "_" + end),
-                             kernel_source(hartley::hartley_kernel(n, element)));
-        write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
+            kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
+                                        kernel_source(hartley::hartley_kernel(n, element)));
+        kernelgen::write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
     }
 }
 
@@ -36,7 +36,7 @@ void write_manifest(const std::filesystem::path& file) {
         for (int n = kShortestLength; n <= kLongestLength; ++n)
             lines += manifest_line(hartley::hartley_kernel(n, element)) + "\n";
     }
-    write_if_changed(file, lines);
+    kernelgen::write_if_changed(file, lines);
 }
 
 }  // namespace

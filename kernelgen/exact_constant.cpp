@@ -64,6 +64,14 @@ Exact Exact::rational(long numerator, long denominator) {
                   .denominator = denominator / divisor});
 }
 
+Exact Exact::cosine_of_half_turn(long p, long q) {
+    if (4 * p > q) return -cosine(q - 2 * p, 2 * q);
+    if (p == 0) return rational(1);
+    if (4 * p == q) return rational(0);
+    if (6 * p == q) return rational(1, 2);
+    return Exact({.kind = Kind::CosineOfTurn, .numerator = p, .denominator = q});
+}
+
 Exact Exact::cosine(long numerator, long denominator) {
     numerator %= denominator;
     if (numerator < 0) numerator += denominator;
@@ -71,11 +79,11 @@ Exact Exact::cosine(long numerator, long denominator) {
     long p = numerator / divisor;
     const long q = denominator / divisor;
     if (2 * p > q) p = q - p;
-    if (4 * p > q) return -cosine(q - 2 * p, 2 * q);
-    if (p == 0) return rational(1);
-    if (4 * p == q) return rational(0);
-    if (6 * p == q) return rational(1, 2);
-    return Exact({.kind = Kind::CosineOfTurn, .numerator = p, .denominator = q});
+    // A definition asks for the same few again and again.
+    static std::map<std::pair<long, long>, Exact> known;
+    const auto found = known.find({p, q});
+    if (found != known.end()) return found->second;
+    return known.emplace(std::pair(p, q), cosine_of_half_turn(p, q)).first->second;
 }
 
 Exact Exact::sine(long numerator, long denominator) {
@@ -123,7 +131,7 @@ double Exact::to_binary64() const {
 }
 
 ExactComplex ExactComplex::forward_root(long numerator, long denominator) {
-    return {Exact::cosine(numerator, denominator), -Exact::sine(numerator, denominator)};
+    return {Exact::cosine(numerator, denominator), Exact::sine(-numerator, denominator)};
 }
 
 ExactComplex operator*(const ExactComplex& a, const ExactComplex& b) {

@@ -64,6 +64,8 @@ class Exact {
 
   private:
     explicit Exact(Expression expression);
+    /** cos(2 pi p / q) for a reduced p / q from 0 to 1/2. */
+    static Exact cosine_of_half_turn(long p, long q);
     std::shared_ptr<const Expression> expression_;
     std::string key_;
 };

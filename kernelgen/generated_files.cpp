@@ -1,10 +1,10 @@
-#include "dft_real/generated_files.hpp"
+#include "kernelgen/generated_files.hpp"
 
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
-namespace dft_real {
+namespace kernelgen {
 
 void write_if_changed(const std::filesystem::path& path, const std::string& text) {
     {
@@ -18,4 +18,4 @@ void write_if_changed(const std::filesystem::path& path, const std::string& text
     if (!file.flush()) throw std::runtime_error("cannot write " + path.string());
 }
 
-}  // namespace dft_real
+}  // namespace kernelgen

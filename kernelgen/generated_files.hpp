@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <string>
 
-namespace dft_real {
+namespace kernelgen {
 
 /** Writes `text`. An unchanged file keeps its time, so that only changed kernels are compiled
  * again. Throws std::runtime_error. */
 void write_if_changed(const std::filesystem::path& path, const std::string& text);
 
-}  // namespace dft_real
+}  // namespace kernelgen
