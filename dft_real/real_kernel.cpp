@@ -46,7 +46,8 @@ RealKernel proven(const Family& family, int length, Element element, const Graph
                   int inputs, int outputs, const kernelgen::Definition& definition) {
     const Graph joined = with_products_joined(network);
     RealKernel kernel{family, length, element,
-                      element == Element::Real32 ? joined : in_binary64(joined)};
+                      element == Element::Real32 ? joined : in_binary64(joined),
+                      tuning_of(family.kind, length, element)};
     kernelgen::prove(kernel.name(), kernel.graph, inputs, outputs, definition);
     return kernel;
 }
@@ -71,7 +72,9 @@ int doubled_inputs(const Graph& graph) {
 }
 
 kernelgen::Schedule schedule_of(const RealKernel& kernel) {
-    return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
+    const std::string& order = kernel.tuning.order;
+    if (order.empty()) return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::schedule_by(order, kernel.graph, kernelgen::kX86Sse2);
 }
 
 }  // namespace dft_real

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dft_real/orders.hpp"
+#include "dft_real/tuning.hpp"
 #include "kernelgen/counts.hpp"
 #include "kernelgen/proof.hpp"
 #include "kernelgen/schedule.hpp"
@@ -18,8 +19,6 @@ namespace dft_real {
 inline constexpr int kShortestLength = 2;
 inline constexpr int kLongestLength = 64;
 
-/** binary32, "32f", or binary64, "64f". */
-enum class Element { Real32, Real64 };
 inline constexpr Element kElements[] = {Element::Real32, Element::Real64};
 std::string suffix(Element element);
 
@@ -35,6 +34,7 @@ struct RealKernel {
     int length;
     Element element;
     kernelgen::Graph graph;
+    Tuning tuning;
 
     /** "qsvgDFTFwd_RToCCS_15_32f" */
     std::string name() const;

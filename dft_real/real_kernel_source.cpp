@@ -67,13 +67,24 @@ std::uint64_t fnv1a(const std::string& text) {
 
 std::string kernel_source(const RealKernel& kernel) {
     const kernelgen::Schedule schedule = schedule_of(kernel);
-    const kernelgen::EmittedBody body = kernelgen::emit(kernel.graph, schedule.order);
+    const bool whole_register = kernel.tuning.rounding == Rounding::WholeRegister;
+    const kernelgen::EmittedBody body = kernelgen::emit(
+        kernel.graph, schedule.order, whole_register ? "core::rounded" : "static_cast<float>");
     const std::string real = real_name(kernel.element);
     const std::string arrays = "const " + real + "* src, " + real + "* dst, ";
     std::string text = "// " + title_of(kernel) + ", " + precision_name(kernel.element) +
                        " precision; order: " + schedule.method + ".\n// " + counts_comment(kernel) +
                        ".\n// Made by the kernel compiler; do not edit.\n\n";
-    text += "#include \"core/frame.hpp\"\n\nnamespace {\n\n" + scale_table(kernel);
+    if (!kernel.tuning.option.empty()) {
+        text +=
+            "#if defined(__GNUC__) && !defined(__clang__)\n"
+            "// Spares this kernel moves between registers and stack.\n"
+            "#pragma GCC optimize(\"" +
+            kernel.tuning.option + "\")\n#endif\n\n";
+    }
+    text += "#include \"core/frame.hpp\"\n";
+    if (whole_register) text += "#include \"core/rounding.hpp\"\n";
+    text += "\nnamespace {\n\n" + scale_table(kernel);
     if (!body.constants.empty()) text += "\n" + body.constants;
     text += "\n[[gnu::always_inline]] inline void transform(const " + real + "* x, " + real +
             "* y, " + real + " scale) {\n" + body.statements +
@@ -104,7 +115,7 @@ std::string dispatcher_source(const Family& family, Element element) {
 
 std::string manifest_header() {
     return "kernel,sums,products,table_sums,table_products,outputs_scaled_in_rows,doubled_inputs,"
-           "conversions,loads,stores,order,modelled_stack_accesses,hash";
+           "conversions,loads,stores,order,modelled_stack_accesses,rounding,option,hash";
 }
 
 std::string manifest_line(const RealKernel& kernel) {
@@ -118,6 +129,7 @@ std::string manifest_line(const RealKernel& kernel) {
                        c.conversions, c.loads, c.stores})
         line += "," + std::to_string(number);
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses);
+    line += "," + to_string(kernel.tuning.rounding) + "," + kernel.tuning.option;
     char hash[20];
     std::snprintf(hash, sizeof hash, "%016llx",
                   static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));

@@ -16,7 +16,7 @@ std::string hexadecimal(double value) {
 
 class Emitter {
   public:
-    explicit Emitter(const Graph& graph) : graph_(graph) {}
+    Emitter(const Graph& graph, const std::string& rounding) : graph_(graph), rounding_(rounding) {}
 
     EmittedBody run(const Order& order) {
         std::string statements;
@@ -95,7 +95,7 @@ class Emitter {
             case Op::Widen:
                 return "static_cast<double>(" + operand(n.a) + ")";
             case Op::Round:
-                return "static_cast<float>(" + operand(n.a) + ")";
+                return rounding_ + "(" + operand(n.a) + ")";
             default:
                 throw std::logic_error("this node is not a statement");
         }
@@ -189,6 +189,7 @@ class Emitter {
     }
 
     const Graph& graph_;
+    const std::string& rounding_;
     std::map<NodeId, std::string> names_;
     std::map<std::string, std::size_t> vectors_;
     std::vector<std::string> order_of_vectors_;
@@ -197,8 +198,8 @@ class Emitter {
 
 }  // namespace
 
-EmittedBody emit(const Graph& graph, const Order& order) {
-    return Emitter(graph).run(order);
+EmittedBody emit(const Graph& graph, const Order& order, const std::string& rounding) {
+    return Emitter(graph, rounding).run(order);
 }
 
 std::string literal(float value) {

@@ -22,7 +22,9 @@ struct EmittedBody {
     std::string statements;  ///< one a line, indented by four spaces
 };
 
-EmittedBody emit(const Graph& graph, const Order& order);
+/** `rounding` converts a binary64 value to binary32. */
+EmittedBody emit(const Graph& graph, const Order& order,
+                 const std::string& rounding = "static_cast<float>");
 
 /** A literal that reads back as exactly this value: 0x1.bb67aep-1f, 0x1.bb67ae8584caap-1. */
 std::string literal(float value);

@@ -131,6 +131,25 @@ TEST(RealSource, ForwardCcsStoresZerosAsTheyAre) {
     }
 }
 
+TEST(RealSource, RoundsAsItsTuningSays) {
+    RealKernel kernel = dft_real_test::kernel(7, Direction::Forward, Layout::Pack, Element::Real32);
+    kernel.tuning.rounding = dft_real::Rounding::Conversion;
+    EXPECT_GT(occurrences(kernel_source(kernel), " = static_cast<float>(v"), 0);
+    EXPECT_EQ(occurrences(kernel_source(kernel), "rounded"), 0);
+    kernel.tuning.rounding = dft_real::Rounding::WholeRegister;
+    EXPECT_EQ(occurrences(kernel_source(kernel), "static_cast<float>"), 0);
+    EXPECT_GT(occurrences(kernel_source(kernel), " = core::rounded(v"), 0);
+    EXPECT_EQ(occurrences(kernel_source(kernel), "#include \"core/rounding.hpp\""), 1);
+}
+
+TEST(RealSource, NamesTheOrderAndTheOptionOfItsTuning) {
+    RealKernel kernel = dft_real_test::kernel(9, Direction::Inverse, Layout::CCS, Element::Real64);
+    kernel.tuning = {.order = "depth first", .option = "no-tree-ter"};
+    const std::string text = kernel_source(kernel);
+    EXPECT_EQ(occurrences(text, "order: depth first."), 1) << text;
+    EXPECT_EQ(occurrences(text, "#pragma GCC optimize(\"no-tree-ter\")"), 1) << text;
+}
+
 TEST(RealSource, DoublePrecisionHoldsNoConversion) {
     for_some_kernels([](const RealKernel& kernel) {
         if (kernel.element != Element::Real64) return;
