@@ -39,7 +39,7 @@ void run(const std::filesystem::path& folder, const char* manifest) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3) {
+    if (argc < 2 || argc > 3 || argv[1][0] == '-') {
         std::fprintf(stderr, "usage: %s FOLDER [MANIFEST]\n", argv[0]);
         return 2;
     }

@@ -70,7 +70,7 @@ void write_manifest(const std::filesystem::path& file) {
 int main(int argc, char** argv) {
     const std::vector<std::string> words(argv + 1, argv + argc);
     const bool manifest = words.size() == 2 && words[0] == "--manifest";
-    if (!manifest && words.size() != 3) {
+    if (!manifest && (words.size() != 3 || words[0].starts_with('-'))) {
         std::fprintf(stderr, "usage: %s FOLDER FAMILY TYPE | --manifest FILE\n", argv[0]);
         return 2;
     }
