@@ -25,6 +25,28 @@ struct Unaligned {
     static void store(double* p, __m128d v) { _mm_storeu_pd(p, v); }
 };
 
+/** Vectors of binary64 anywhere, an element at a time. */
+struct Halves {
+    static __m128d load(const double* p) { return _mm_loadh_pd(_mm_load_sd(p), p + 1); }
+    static void store(double* p, __m128d v) {
+        _mm_storel_pd(p, v);
+        _mm_storeh_pd(p + 1, v);
+    }
+};
+
+/** Reads one kind of memory and writes another. */
+template <class From, class To>
+struct Between {
+    template <class Real>
+    static auto load(const Real* p) {
+        return From::load(p);
+    }
+    template <class Real, class Vector>
+    static void store(Real* p, Vector v) {
+        To::store(p, v);
+    }
+};
+
 // Half vectors have no alignment of their own in either path.
 
 inline __m128 load_low(const float* p) {

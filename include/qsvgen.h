@@ -31,6 +31,24 @@
  * Shapes     x and y hold N real elements each, in natural order. The transform is its own inverse
  *            up to the factor N.
  *
+ * Walsh-Hadamard transform, orders K = 1 to 13, lengths N = 2^K
+ * -------------------------------------------------------------
+ *   y[k] = s * sum over n of (-1)^(number of ones in the binary digits of k AND n) * x[n]
+ *
+ * Shapes     x and y hold N real elements each, in natural (Hadamard) order, which is neither
+ *            sequency nor bit-reversed order. The transform is its own inverse up to the factor N.
+ * Rounding   Part of the contract. For the strides h = 1, 2, 4, ..., N/2 in this order each pair
+ *            (a, b) = (x[j], x[j + h]), bit h of j clear, becomes (a + b, a - b), rounded to the
+ *            element type; then every element is multiplied once by s. Every kernel gives the bits
+ *            of that sequence.
+ * Work       Orders 8 to 13 pass through a work buffer of the size that qsvgWHTGetBufferSize_32f or
+ *            _64f tells, on a 16-byte boundary whatever the alignment of x and y. It holds nothing
+ *            before or after a call and must not be shared by calls at the same time. Where it is
+ *            null the kernel takes one block of that size from qsvMalloc of the platform core
+ *            library and gives it back; a failure of qsvMalloc is not detected.
+ * Method     B. J. Fino and V. R. Algazi, "Unified matrix treatment of the fast Walsh-Hadamard
+ *            transform", IEEE Transactions on Computers C-25, 1976.
+ *
  * All of them
  * -----------
  * Scaling    s is chosen by the flag (see QsvScaleFlag); every output is multiplied once by s.
@@ -38,11 +56,14 @@
  *            multiply by constants in binary64 and round to binary32 between their stages.
  * Aliasing   Source and destination may be the same array, with the same bits as out of place; it
  *            must then be large enough for both. A partial overlap is not supported.
- * Alignment  Any address of whole 32-bit words is accepted. Where both arrays of a complex
- *            transform stand on 16-byte boundaries a faster path runs, with the same bits.
- * Threads    Every function is a pure function of its arguments: no state, no lock, no allocation.
- * Errors     Checked in this order: length (dispatchers only), source and destination pointer,
- *            flag. A refused call has read and written nothing. Sample values are never examined.
+ * Alignment  Any address of whole 32-bit words is accepted. Where both arrays of a complex or a
+ *            Walsh-Hadamard transform stand on 16-byte boundaries a faster path runs, with the same
+ *            bits.
+ * Threads    Every function is a pure function of its arguments: no state, no lock, and no
+ *            allocation but that for a null work buffer.
+ * Errors     Checked in this order: length or order (dispatchers and size queries only), source and
+ *            destination pointer, flag. A refused call has read, written and allocated nothing.
+ *            Sample values are never examined.
  */
 #ifndef QSVGEN_H
 #define QSVGEN_H
@@ -88,11 +109,13 @@ enum {
 /**
  * By what the result of a transform of length N is multiplied. An enumeration, not a bit mask:
  * any other value is refused. A forward and an inverse transform called with the same flag give
- * back the input times 1, or times N for qsvScaleNone.
+ * back the input times 1, or times N for qsvScaleNone. The factor is 1/N or 1/sqrt(N) rounded to
+ * the element type, but for one case: 1/sqrt(N) of Walsh-Hadamard transforms of Real64 elements and
+ * odd order is one unit in the last place below that (0x3FE6A09E667F3BCC for order 1).
  */
 enum QsvScaleFlag {
-    qsvScaleFwdByN = 1,  /**< forward and Hartley by 1/N, inverse by 1 */
-    qsvScaleInvByN = 2,  /**< inverse and Hartley by 1/N, forward by 1 */
+    qsvScaleFwdByN = 1,  /**< forward, Hartley and Walsh-Hadamard by 1/N, inverse by 1 */
+    qsvScaleInvByN = 2,  /**< inverse, Hartley and Walsh-Hadamard by 1/N, forward by 1 */
     qsvScaleBySqrtN = 4, /**< all by 1/sqrt(N) */
     qsvScaleNone = 8     /**< all by 1 */
 };
@@ -237,6 +260,50 @@ QSVG_API QsvStatus qsvgHartley_64f(const Real64* src, Real64* dst, int32_t lengt
 QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_REAL_KERNELS)
 #undef QSVG_DECLARE_REAL_KERNELS
 #undef QSVG_DECLARE_REAL_KERNEL
+
+/** Calls X(K) for each Walsh-Hadamard order K that needs no work buffer. */
+#define QSVG_FOR_EACH_SHORT_ORDER(X) X(1) X(2) X(3) X(4) X(5) X(6) X(7)
+/** Calls X(K) for each Walsh-Hadamard order K that passes through a work buffer. */
+#define QSVG_FOR_EACH_LONG_ORDER(X) X(8) X(9) X(10) X(11) X(12) X(13)
+
+/**
+ * Size of the work buffer for qsvgWHT_32f.
+ * @param order 1 to 13, else qsvStatusBadLength and size stays as it was
+ * @param size  receives bytes, 0 for the orders 1 to 7; must not be null, which is not checked
+ */
+QSVG_API QsvStatus qsvgWHTGetBufferSize_32f(int32_t order, int32_t* size);
+/** Size of the work buffer for qsvgWHT_64f, with the same arguments. */
+QSVG_API QsvStatus qsvgWHTGetBufferSize_64f(int32_t order, int32_t* size);
+
+/**
+ * Walsh-Hadamard transform of an order given at run time.
+ * @param src    2^order elements, not null
+ * @param dst    2^order elements, not null; may be src
+ * @param order  1 to 13, else qsvStatusBadLength
+ * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
+ * @param buffer as many bytes as qsvgWHTGetBufferSize_32f tells on a 16-byte boundary, apart from
+ *               src and dst, or null: then a block is allocated for the call; not looked at for
+ *               the orders 1 to 7
+ */
+QSVG_API QsvStatus qsvgWHT_32f(const Real32* src, Real32* dst, int32_t order, int32_t flag,
+                               uint8_t* buffer);
+/** qsvgWHT_32f in double precision. */
+QSVG_API QsvStatus qsvgWHT_64f(const Real64* src, Real64* dst, int32_t order, int32_t flag,
+                               uint8_t* buffer);
+
+/** Walsh-Hadamard kernels of one order each: qsvgWHT_1_32f to qsvgWHT_13_64f. */
+#define QSVG_DECLARE_WHT(K)                                                             \
+    QSVG_API QsvStatus qsvgWHT_##K##_32f(const Real32* src, Real32* dst, int32_t flag); \
+    QSVG_API QsvStatus qsvgWHT_##K##_64f(const Real64* src, Real64* dst, int32_t flag);
+QSVG_FOR_EACH_SHORT_ORDER(QSVG_DECLARE_WHT)
+#undef QSVG_DECLARE_WHT
+#define QSVG_DECLARE_WHT(K)                                                            \
+    QSVG_API QsvStatus qsvgWHT_##K##_32f(const Real32* src, Real32* dst, int32_t flag, \
+                                         uint8_t* buffer);                             \
+    QSVG_API QsvStatus qsvgWHT_##K##_64f(const Real64* src, Real64* dst, int32_t flag, \
+                                         uint8_t* buffer);
+QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
+#undef QSVG_DECLARE_WHT
 
 #ifdef __cplusplus
 }

@@ -1,0 +1,60 @@
+/**
+ * @file
+ * @brief Writes the sources of the Walsh-Hadamard kernels.
+ *
+ *     describe_walsh_hadamard FOLDER            the kernels and the dispatchers
+ *     describe_walsh_hadamard --manifest FILE   one line a kernel
+ */
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "kernelgen/generated_files.hpp"
+#include "walsh_hadamard/kernel_source.hpp"
+
+namespace {
+
+using namespace walsh_hadamard;
+
+void write_sources(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    for (Element element : kElements) {
+        const std::string end = suffix(element) + ".cpp";
+        for (int order = kLowestOrder; order <= kHighestOrder; ++order)
+            kernelgen::write_if_changed(folder / (std::to_string(order) + "_" + end),
+                                        kernel_source(proven_kernel(order, element)));
+        kernelgen::write_if_changed(folder / end, dispatcher_source(element));
+    }
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (int order = kLowestOrder; order <= kHighestOrder; ++order)
+            lines += manifest_line(proven_kernel(order, element)) + "\n";
+    }
+    kernelgen::write_if_changed(file, lines);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const bool manifest = words.size() == 2 && words[0] == "--manifest";
+    if (!manifest && (words.size() != 1 || words[0].starts_with("-"))) {
+        std::fprintf(stderr, "usage: %s FOLDER | --manifest FILE\n", argv[0]);
+        return 2;
+    }
+    try {
+        if (manifest)
+            write_manifest(words[1]);
+        else
+            write_sources(words[0]);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
+        return 1;
+    }
+    return 0;
+}
