@@ -10,6 +10,7 @@
 
 #include "support/kernel_table.hpp"
 #include "support/run_command.hpp"
+#include "support/walsh_hadamard.hpp"
 
 namespace qsvgen_test {
 namespace {
@@ -93,26 +94,37 @@ void add_operations(Names& all) {
     for (const auto& dispatcher : dispatchers<E>()) all.insert(dispatcher.name);
 }
 
+template <class E>
+void add_orders(Names& all) {
+    for (const auto& kernel : order_kernels<E>()) all.insert(kernel.name);
+    all.insert(std::string("qsvgWHT_") + E::kSuffix);
+    all.insert(std::string("qsvgWHTGetBufferSize_") + E::kSuffix);
+}
+
 Names interface() {
     Names all = {"qsvgenGetLibVersion"};
     add_operations<Single>(all);
     add_operations<Double>(all);
     add_operations<RealSingle>(all);
     add_operations<RealDouble>(all);
+    add_orders<RealSingle>(all);
+    add_orders<RealDouble>(all);
     return all;
 }
 
-template <class E>
-void add_twins(Names& all) {
-    for (const auto& kernel : kernels<E>()) {
+template <class Kernels>
+void add_twins(Names& all, const Kernels& kernels) {
+    for (const auto& kernel : kernels) {
         if (has_twin(kernel)) all.insert(twin_name(kernel.name));
     }
 }
 
 Names twins() {
     Names all;
-    add_twins<Single>(all);
-    add_twins<Double>(all);
+    add_twins(all, kernels<Single>());
+    add_twins(all, kernels<Double>());
+    add_twins(all, order_kernels<RealSingle>());
+    add_twins(all, order_kernels<RealDouble>());
     return all;
 }
 

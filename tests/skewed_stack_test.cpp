@@ -27,7 +27,7 @@ class SkewedStack : public testing::Test {
 
     template <class Function>
     Result call(Function* function, std::uint32_t skew,
-                const std::array<std::uint32_t, 4>& arguments) {
+                const std::array<std::uint32_t, 5>& arguments) {
         volatile QsvStatus status = -1;
         KeptRegisters kept = {};
         const bool faulted = catcher_.faults([&] {

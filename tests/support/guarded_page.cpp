@@ -8,16 +8,26 @@
 
 namespace qsvgen_test {
 
-GuardedPage::GuardedPage() : size_(static_cast<std::size_t>(sysconf(_SC_PAGESIZE))) {
-    void* mapping = mmap(nullptr, 3 * size_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+namespace {
+
+std::size_t page_size() {
+    return static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+}  // namespace
+
+GuardedPage::GuardedPage(std::size_t bytes)
+    : size_((bytes + page_size() - 1) / page_size() * page_size()) {
+    void* mapping =
+        mmap(nullptr, size_ + 2 * page_size(), PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapping == MAP_FAILED) throw std::system_error(errno, std::generic_category(), "mmap");
     mapping_ = static_cast<std::byte*>(mapping);
-    page_ = mapping_ + size_;
+    page_ = mapping_ + page_size();
     allow(Access::ReadWrite);
 }
 
 GuardedPage::~GuardedPage() {
-    munmap(mapping_, 3 * size_);
+    munmap(mapping_, size_ + 2 * page_size());
 }
 
 void GuardedPage::allow(Access access) {

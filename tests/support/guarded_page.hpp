@@ -1,6 +1,6 @@
 #pragma once
 
-/** @file @brief A page of memory between two that may not be touched. */
+/** @file @brief Pages of memory between two that may not be touched. */
 
 #include <cstddef>
 
@@ -10,7 +10,8 @@ enum class Access { None, Read, ReadWrite };
 
 class GuardedPage {
   public:
-    GuardedPage();
+    /** As many pages as `bytes` take, one if not said. */
+    explicit GuardedPage(std::size_t bytes = 1);
     ~GuardedPage();
     GuardedPage(const GuardedPage&) = delete;
     GuardedPage& operator=(const GuardedPage&) = delete;

@@ -17,7 +17,7 @@ call_on_skewed_stack:
         andl    $-16, %esp
         subl    $48, %esp
         addl    16(%ebp), %esp
-        movl    %ebp, 16(%esp)
+        movl    %ebp, 20(%esp)
         movl    0(%edx), %ecx
         movl    %ecx, 0(%esp)
         movl    4(%edx), %ecx
@@ -26,12 +26,14 @@ call_on_skewed_stack:
         movl    %ecx, 8(%esp)
         movl    12(%edx), %ecx
         movl    %ecx, 12(%esp)
+        movl    16(%edx), %ecx
+        movl    %ecx, 16(%esp)
         movl    $0x11111111, %ebx
         movl    $0x22222222, %esi
         movl    $0x33333333, %edi
         movl    $0x44444444, %ebp
         call    *%eax
-        movl    16(%esp), %ecx
+        movl    20(%esp), %ecx
         movl    20(%ecx), %edx
         movl    %ebx, 0(%edx)
         movl    %esi, 4(%edx)

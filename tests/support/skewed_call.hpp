@@ -20,7 +20,7 @@ inline constexpr KeptRegisters kRegistersBefore = {0x11111111, 0x22222222, 0x333
 }  // namespace qsvgen_test
 
 /**
- * Calls function(arguments[0], ..., arguments[3]) with the stack pointer at `skew` modulo 16 at
+ * Calls function(arguments[0], ..., arguments[4]) with the stack pointer at `skew` modulo 16 at
  * the call instruction, and returns what it returned.
  */
 extern "C" std::int32_t call_on_skewed_stack(const void* function, const std::uint32_t* arguments,
