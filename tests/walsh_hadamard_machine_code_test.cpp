@@ -189,11 +189,13 @@ TYPED_TEST(WalshHadamardMachineCode, OnlyTwinsAndTheShortKernelOfBothCopiesMoveU
     this->for_each_function([](const auto& kernel, const Function& function) {
         const int unaligned = number_of(function, "movups") + number_of(function, "movupd") +
                               number_of(function, "movdqu");
-        if (function.name == kernel.name && has_twin(kernel))
+        if (function.name == kernel.name && has_twin(kernel)) {
             EXPECT_EQ(0, unaligned) << function.name;
-        if (function.name != kernel.name && kernel.has_buffer())
+        }
+        if (function.name != kernel.name && kernel.has_buffer()) {
             EXPECT_GT(number_of(function, "movaps") + number_of(function, "movapd"), 0)
                 << function.name;
+        }
     });
 }
 
