@@ -15,21 +15,40 @@ std::vector<std::string> Cells(const std::string& line) {
     return cells;
 }
 
+enum Column : size_t {
+    kFamily,
+    kSize,
+    kDistribution,
+    kSse2Only,
+    kBestSse2,
+    kBestAny,
+    kSpecialised
+};
+
+/** By size, one column divided by another. */
+std::map<int, double> Quotients(const std::string& path, const std::string& family, Column dividend,
+                                Column divisor) {
+    std::ifstream file(path);
+    std::map<int, double> quotients;
+    for (std::string line; std::getline(file, line);) {
+        const std::vector<std::string> cells = Cells(line);
+        if (cells.size() <= dividend || cells.size() <= divisor || cells[kFamily] != family)
+            continue;
+        quotients[std::stoi(cells[kSize])] = std::stod(cells[dividend]) / std::stod(cells[divisor]);
+    }
+    if (quotients.empty())
+        throw std::runtime_error("no figures of " + family + " in '" + path + "'");
+    return quotients;
+}
+
 }  // namespace
 
 std::map<int, double> BestPeerShares(const std::string& path, const std::string& family) {
-    enum Column : size_t { kFamily, kSize, kDistribution, kSse2Only, kBestSse2, kBestAny, kNeeded };
+    return Quotients(path, family, kBestAny, kDistribution);
+}
 
-    std::ifstream file(path);
-    std::map<int, double> shares;
-    for (std::string line; std::getline(file, line);) {
-        const std::vector<std::string> cells = Cells(line);
-        if (cells.size() < kNeeded || cells[kFamily] != family) continue;
-        shares[std::stoi(cells[kSize])] =
-            std::stod(cells[kBestAny]) / std::stod(cells[kDistribution]);
-    }
-    if (shares.empty()) throw std::runtime_error("no figures of " + family + " in '" + path + "'");
-    return shares;
+std::map<int, double> SpecialisedRatios(const std::string& path, const std::string& family) {
+    return Quotients(path, family, kSse2Only, kSpecialised);
 }
 
 }  // namespace bench

@@ -11,4 +11,10 @@ namespace bench {
  */
 std::map<int, double> BestPeerShares(const std::string& path, const std::string& family);
 
+/**
+ * By order, the time of the textbook loop in SSE2 arithmetic as a multiple of the specialised
+ * library's time. Throws as BestPeerShares does.
+ */
+std::map<int, double> SpecialisedRatios(const std::string& path, const std::string& family);
+
 }  // namespace bench
