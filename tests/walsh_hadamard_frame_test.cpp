@@ -135,15 +135,6 @@ TYPED_TEST(WalshHadamardFrame, TheSizeQueryRefusesOtherOrdersAndLeavesTheSize) {
     }
 }
 
-// The caller's fault, which no status tells.
-TYPED_TEST(WalshHadamardFrame, ANullSizeIsNotRefused) {
-    for (const auto& kernel : order_kernels<TypeParam>()) {
-        volatile QsvStatus status = 0;
-        this->catcher_.faults([&] { status = wht_buffer_size<TypeParam>(kernel.order, nullptr); });
-        EXPECT_EQ(0, status) << kernel.order;
-    }
-}
-
 TYPED_TEST(WalshHadamardFrame, ShortOrdersDoNotLookAtTheBuffer) {
     using Real = typename TypeParam::Real;
     auto* const buffer = reinterpret_cast<std::uint8_t*>(this->forbidden(3));

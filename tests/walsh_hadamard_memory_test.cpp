@@ -132,5 +132,16 @@ TYPED_TEST(WalshHadamardMemory, AMisplacedBufferFaultsOnEveryPath) {
     }
 }
 
+// Undefined behaviour of the language, so no build with sanitizers runs this.
+TYPED_TEST(WalshHadamardMemory, ANullSizeIsTheCallersFaultAndHasNoStatus) {
+    for (const auto& kernel : order_kernels<TypeParam>()) {
+        volatile QsvStatus status = 0;
+        EXPECT_TRUE(this->catcher_.faults([&] {
+            status = wht_buffer_size<TypeParam>(kernel.order, nullptr);
+        })) << kernel.order;
+        EXPECT_EQ(0, status) << kernel.order;
+    }
+}
+
 }  // namespace
 }  // namespace qsvgen_test
