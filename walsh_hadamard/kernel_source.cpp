@@ -54,6 +54,13 @@ std::string head(const Kernel& kernel) {
            " stores.\n// Made by the kernel compiler; do not edit.\n\n";
 }
 
+std::string option_pragma(const Kernel& kernel) {
+    if (kernel.option.empty()) return {};
+    return "#if defined(__GNUC__) && !defined(__clang__)\n"
+           "// Spares this kernel moves between registers and stack.\n#pragma GCC optimize(\"" +
+           kernel.option + "\")\n#endif\n\n";
+}
+
 std::string scale_table(const Kernel& kernel) {
     return std::string("constexpr auto kScales = core::ScaleTable<") +
            spelling(kernel.element).real + ">::both(" +
@@ -156,7 +163,7 @@ std::uint64_t fnv1a(const std::string& text) {
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
-    std::string text = head(kernel) + "#include \"core/frame.hpp\"\n";
+    std::string text = head(kernel) + option_pragma(kernel) + "#include \"core/frame.hpp\"\n";
     if (!is_scalar(kernel.order, kernel.element)) text += "#include \"core/vector_access.hpp\"\n";
     if (kernel.has_passes()) text += "#include \"core/passes.hpp\"\n";
     text += "\nnamespace {\n\n" + scale_table(kernel);
@@ -199,7 +206,7 @@ std::string dispatcher_source(Element element) {
 
 std::string manifest_header() {
     return "kernel,stages,buffer_bytes,sums,differences,products,shuffles,loads,stores,orders,"
-           "modelled_stack_accesses,hash";
+           "modelled_stack_accesses,option,hash";
 }
 
 std::string manifest_line(const Kernel& kernel) {
@@ -211,7 +218,7 @@ std::string manifest_line(const Kernel& kernel) {
     int stack_accesses = 0;
     for (const Body& body : kernel.bodies)
         stack_accesses += schedule_of(body).traffic.stack_accesses;
-    line += ",\"" + orders_text(kernel) + "\"," + number(stack_accesses);
+    line += ",\"" + orders_text(kernel) + "\"," + number(stack_accesses) + "," + kernel.option;
     char hash[20];
     std::snprintf(hash, sizeof hash, "%016llx",
                   static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "kernelgen/proof.hpp"
+#include "walsh_hadamard/orders.hpp"
 #include "walsh_hadamard/sequence.hpp"
 
 namespace walsh_hadamard {
@@ -49,7 +50,7 @@ std::string Kernel::twin_name() const {
 }
 
 Kernel described_kernel(int order, Element element) {
-    Kernel kernel{order, element, stages_of(order, element), {}};
+    Kernel kernel{order, element, stages_of(order, element)};
     const std::vector<int>& s = kernel.stages;
     if (is_scalar(order, element)) {
         kernel.bodies = {{"transform", scalar_body(element, order), Scaling::Last}};
@@ -65,6 +66,11 @@ Kernel described_kernel(int order, Element element) {
             {"final_columns",
              column_body(element, s.back(), 1 << (order - s.back()), Scaling::Last),
              Scaling::Last});
+    }
+    for (Body& body : kernel.bodies) {
+        const SettledOrder settled = settled_order(order, element, body.name);
+        body.method = settled.method;
+        if (!settled.option.empty()) kernel.option = settled.option;
     }
     return kernel;
 }
@@ -98,7 +104,8 @@ Counts written_out(const Kernel& kernel) {
 }
 
 kernelgen::Schedule schedule_of(const Body& body) {
-    return kernelgen::schedule(body.graph, kernelgen::kX86Sse2);
+    if (body.method.empty()) return kernelgen::schedule(body.graph, kernelgen::kX86Sse2);
+    return kernelgen::schedule_by(body.method, body.graph, kernelgen::kX86Sse2);
 }
 
 }  // namespace walsh_hadamard

@@ -16,13 +16,15 @@ struct Body {
     std::string name;  ///< of its function: transform, row, middle_columns, final_columns
     kernelgen::Graph graph;
     Scaling scaling;
+    std::string method = {};  ///< settled order of its nodes, or empty
 };
 
 struct Kernel {
     int order;
     Element element;
     std::vector<int> stages;
-    std::vector<Body> bodies;  ///< one for each number of stages
+    std::vector<Body> bodies = {};  ///< one for each number of stages
+    std::string option = {};        ///< of GCC, or empty
 
     /** "qsvgWHT_8_32f" */
     std::string name() const;
