@@ -1,9 +1,8 @@
 #include "dft_real/precision.hpp"
 
-#include <map>
 #include <optional>
 
-#include "dft_real/row_arithmetic.hpp"
+#include "dft_real/graph_copy.hpp"
 
 namespace dft_real {
 namespace {
@@ -11,79 +10,15 @@ namespace {
 using kernelgen::Node;
 using kernelgen::Op;
 
-/** Copies what the stores of a graph need, operands before users. */
-class Copy {
+class JoinedProducts : public GraphCopy {
   public:
-    explicit Copy(const Graph& from) : from_(from) {}
-    virtual ~Copy() = default;
-
-    Graph made() {
-        for (NodeId id : from_.live()) {
-            const Node& n = from_.node(id);
-            if (n.op == Op::Store)
-                to_.store(copied(n.a), n.offset);
-            else
-                done_[id] = copy(id, n);
-        }
-        return std::move(to_);
-    }
-
-  protected:
-    virtual Ref copy(NodeId id, const Node& n) = 0;
-
-    Ref copied(NodeId id) const { return done_.at(id); }
-
-    const Exact& constant(NodeId id) const {
-        return from_.constants()[static_cast<std::size_t>(from_.node(id).constant)].front();
-    }
-
-    const Graph& from_;
-    Graph to_;
-
-  private:
-    std::map<NodeId, Ref> done_;
-};
-
-class JoinedProducts : public Copy {
-  public:
-    explicit JoinedProducts(const Graph& from) : Copy(from) {
-        for (NodeId id : from.live()) {
-            for (NodeId operand : operands(from.node(id))) users_[operand].push_back(id);
-        }
-    }
+    using GraphCopy::GraphCopy;
 
   private:
     Ref copy(NodeId id, const Node& n) override {
-        switch (n.op) {
-            case Op::Load:
-                return to_.load(n.type, n.offset);
-            case Op::Scale:
-                return to_.scale(n.type);
-            case Op::Zero:
-                return to_.zero(n.type);
-            case Op::Constant:
-                return to_.constant(n.type, {constant(id)});
-            case Op::Add:
-                return to_.add(copied(n.a), copied(n.b));
-            case Op::Sub:
-                return to_.sub(copied(n.a), copied(n.b));
-            case Op::Widen:
-                return to_.widen(copied(n.a));
-            case Op::Round:
-                return to_.round(copied(n.a));
-            case Op::Mul:
-                if (const auto joined = joined_product(n)) return *joined;
-                return to_.mul(copied(n.a), copied(n.b));
-            default:
-                throw std::logic_error("no operation of a row");
-        }
+        if (const auto joined = joined_product(n)) return *joined;
+        return GraphCopy::copy(id, n);
     }
-
-    bool is_constant_product(const Node& n) const {
-        return n.op == Op::Mul && from_.node(n.b).op == Op::Constant;
-    }
-
-    bool has_one_user(NodeId id) const { return users_.at(id).size() == 1; }
 
     /** Whether `id` is the sum of products by constants alone. */
     bool holds_products_alone(NodeId id) const {
@@ -122,16 +57,72 @@ class JoinedProducts : public Copy {
     }
 
     bool ends_as_the_one_product(const Node& product) const {
-        const NodeId id = users_.at(product.a).front();
-        return has_one_user(id) && from_.node(users_.at(id).front()).op == Op::Round;
+        const NodeId id = users(product.a).front();
+        return has_one_user(id) && from_.node(users(id).front()).op == Op::Round;
     }
-
-    std::map<NodeId, std::vector<NodeId>> users_;
 };
 
-class InBinary64 : public Copy {
+/** Sums of a three-point butterfly in the precision of its row. */
+class WideSums : public GraphCopy {
   public:
-    using Copy::Copy;
+    using GraphCopy::GraphCopy;
+
+  private:
+    Ref copy(NodeId id, const Node& n) override {
+        if (n.op != Op::Widen || !is_sum_of_a_row_pair(n.a) || !meets_the_sine_alone(id))
+            return GraphCopy::copy(id, n);
+        const Node& sum = from_.node(n.a);
+        const Ref a = to_.widen(copied(sum.a));
+        const Ref b = to_.widen(copied(sum.b));
+        return sum.op == Op::Add ? to_.add(a, b) : to_.sub(a, b);
+    }
+
+    /** Whether `id` is a sum that goes nowhere else and whose operands a row a - b/2 takes too. */
+    bool is_sum_of_a_row_pair(NodeId id) const {
+        const Node& n = from_.node(id);
+        if ((n.op != Op::Add && n.op != Op::Sub) || !has_one_user(id)) return false;
+        return is_row_with_half(n.a, n.b) || is_row_with_half(n.b, n.a);
+    }
+
+    bool is_row_with_half(NodeId whole, NodeId halved) const {
+        for (NodeId wide : users(halved)) {
+            if (from_.node(wide).op != Op::Widen) continue;
+            for (NodeId half : users(wide)) {
+                if (is_product_by(half, Exact::rational(1, 2)) && stands_in_a_sum_with(half, whole))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    bool stands_in_a_sum_with(NodeId product, NodeId narrow) const {
+        const auto is_widened = [&](NodeId id) {
+            return from_.node(id).op == Op::Widen && from_.node(id).a == narrow;
+        };
+        for (NodeId id : users(product)) {
+            const Node& n = from_.node(id);
+            if ((n.op == Op::Add || n.op == Op::Sub) && (is_widened(n.a) || is_widened(n.b)))
+                return true;
+        }
+        return false;
+    }
+
+    bool meets_the_sine_alone(NodeId id) const {
+        for (NodeId user : users(id)) {
+            if (!is_product_by(user, Exact::sine(1, 3))) return false;
+        }
+        return true;
+    }
+
+    bool is_product_by(NodeId id, const Exact& factor) const {
+        const Node& n = from_.node(id);
+        return is_constant_product(n) && constant(n.b).key() == factor.key();
+    }
+};
+
+class InBinary64 : public GraphCopy {
+  public:
+    using GraphCopy::GraphCopy;
 
   private:
     Ref copy(NodeId id, const Node& n) override {
@@ -144,17 +135,11 @@ class InBinary64 : public Copy {
                 return to_.zero(Type::Binary64);
             case Op::Constant:
                 return to_.constant(Type::Binary64, {constant(id)});
-            case Op::Add:
-                return to_.add(copied(n.a), copied(n.b));
-            case Op::Sub:
-                return to_.sub(copied(n.a), copied(n.b));
-            case Op::Mul:
-                return to_.mul(copied(n.a), copied(n.b));
             case Op::Widen:
             case Op::Round:
                 return copied(n.a);
             default:
-                throw std::logic_error("no operation of a row");
+                return GraphCopy::copy(id, n);
         }
     }
 };
@@ -163,6 +148,10 @@ class InBinary64 : public Copy {
 
 Graph with_products_joined(const Graph& graph) {
     return JoinedProducts(graph).made();
+}
+
+Graph with_wide_sums(const Graph& graph) {
+    return WideSums(graph).made();
 }
 
 Graph in_binary64(const Graph& graph) {

@@ -16,6 +16,13 @@ namespace dft_real {
  */
 kernelgen::Graph with_products_joined(const kernelgen::Graph& graph);
 
+/**
+ * In a three-point butterfly whose operands a and b are widened for its row a - b/2 already, forms
+ * the sum a + b that goes on to the product by sin(2 pi / 3), and nowhere else, from the widened
+ * values: it is not rounded before the product, and costs no conversion of its own.
+ */
+kernelgen::Graph with_wide_sums(const kernelgen::Graph& graph);
+
 /** The same network with every value in binary64 and no conversion. */
 kernelgen::Graph in_binary64(const kernelgen::Graph& graph);
 

@@ -25,6 +25,15 @@ bool is_doubled_input(const Graph& graph, const Node& n) {
     return graph.node(n.a).op == Op::Load && graph.constants()[constant].front().value() == 2;
 }
 
+bool is_sum(const Node& n) {
+    return n.op == Op::Add || n.op == Op::Sub;
+}
+
+/** A nine-point stage of its own keeps its sums in binary32: the interface promises its bits. */
+bool has_wide_sums(int length) {
+    return length % 9 != 0 || length % 27 == 0;
+}
+
 template <class Predicate>
 int number_of(const Graph& graph, const Predicate& is_counted) {
     int number = 0;
@@ -45,15 +54,15 @@ std::string RealKernel::name() const {
 RealKernel proven(const Family& family, int length, Element element, const Graph& network,
                   int inputs, int outputs, const kernelgen::Definition& definition) {
     const Graph joined = with_products_joined(network);
+    const Graph rows = has_wide_sums(length) ? with_wide_sums(joined) : joined;
     RealKernel kernel{family, length, element,
-                      element == Element::Real32 ? joined : in_binary64(joined),
+                      element == Element::Real32 ? rows : in_binary64(rows),
                       tuning_of(family.kind, length, element)};
     kernelgen::prove(kernel.name(), kernel.graph, inputs, outputs, definition);
     return kernel;
 }
 
 Cost network_cost(const Graph& graph) {
-    const auto is_sum = [](const Node& n) { return n.op == Op::Add || n.op == Op::Sub; };
     const auto is_product = [&](const Node& n) {
         return n.op == Op::Mul && !is_product_by_scale(graph, n) && !is_doubled_input(graph, n);
     };
@@ -69,6 +78,13 @@ int outputs_scaled_in_rows(const Graph& graph) {
 
 int doubled_inputs(const Graph& graph) {
     return number_of(graph, [&](const Node& n) { return is_doubled_input(graph, n); });
+}
+
+int wide_sums(const Graph& graph) {
+    return number_of(graph, [&](const Node& n) {
+        return is_sum(n) && n.type == kernelgen::Type::Binary64 &&
+               graph.node(n.a).op == Op::Widen && graph.node(n.b).op == Op::Widen;
+    });
 }
 
 kernelgen::Schedule schedule_of(const RealKernel& kernel) {

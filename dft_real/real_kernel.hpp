@@ -41,7 +41,8 @@ struct RealKernel {
 };
 
 /** Rows of `network`, which are of binary32, as the kernel of `element`: constants that meet are
- * joined, and for binary64 conversions are left out. Proven to be `definition` from
+ * joined, sums stand in the precision of their rows where that is settled, and for binary64
+ * conversions are left out. Proven to be `definition` from
  * `inputs` elements to `outputs`; throws std::runtime_error. */
 RealKernel proven(const Family& family, int length, Element element,
                   const kernelgen::Graph& network, int inputs, int outputs,
@@ -53,6 +54,9 @@ Cost network_cost(const kernelgen::Graph& graph);
 int outputs_scaled_in_rows(const kernelgen::Graph& graph);
 /** Number of inputs that are doubled by an operation of their own. */
 int doubled_inputs(const kernelgen::Graph& graph);
+
+/** Number of sums of two values that a binary32 kernel forms in binary64. */
+int wide_sums(const kernelgen::Graph& graph);
 
 /** The kernel's nodes in the order of its code. */
 kernelgen::Schedule schedule_of(const RealKernel& kernel);

@@ -115,7 +115,7 @@ std::string dispatcher_source(const Family& family, Element element) {
 
 std::string manifest_header() {
     return "kernel,sums,products,table_sums,table_products,outputs_scaled_in_rows,doubled_inputs,"
-           "conversions,loads,stores,order,modelled_stack_accesses,rounding,option,hash";
+           "wide_sums,conversions,loads,stores,order,modelled_stack_accesses,rounding,option,hash";
 }
 
 std::string manifest_line(const RealKernel& kernel) {
@@ -126,7 +126,7 @@ std::string manifest_line(const RealKernel& kernel) {
     std::string line = kernel.name();
     for (int number : {cost.sums, cost.products, table.sums, table.products,
                        outputs_scaled_in_rows(kernel.graph), doubled_inputs(kernel.graph),
-                       c.conversions, c.loads, c.stores})
+                       wide_sums(kernel.graph), c.conversions, c.loads, c.stores})
         line += "," + std::to_string(number);
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses);
     line += "," + to_string(kernel.tuning.rounding) + "," + kernel.tuning.option;

@@ -15,6 +15,7 @@ using dft_real::kShortestLength;
 using dft_real::Layout;
 using dft_real::network_cost;
 using dft_real::outputs_scaled_in_rows;
+using dft_real::wide_sums;
 using dft_real_test::Element;
 using dft_real_test::kernel;
 using dft_real_test::Kind;
@@ -96,6 +97,26 @@ TEST(RealCounts, ABinWithNoUseButOneProductIsDoubledInItsConstant) {
         const int interior = 2 * ((n - 1) / 2);
         EXPECT_EQ(at(folded, n), interior - doubled_inputs(kernel(n, Kind::Inverse).graph))
             << kernel(n, Kind::Inverse).name();
+    }
+}
+
+TEST(RealCounts, SumsInThePrecisionOfTheirRowStandInConvolutionsAndTwentySevenPointsOnly) {
+    const std::map<Kind, ByLength> wide = {
+        {Kind::Forward, {{19, 2}, {37, 4}, {38, 4}, {57, 6}}},
+        {Kind::Inverse, {{19, 2}, {27, 2}, {37, 4}, {38, 4}, {54, 4}, {57, 6}}},
+        {Kind::Hartley, {{19, 2}, {27, 2}, {37, 4}, {38, 4}, {54, 4}, {57, 6}}}};
+    for (Kind kind : kKinds) {
+        for (int n = kShortestLength; n <= kLongestLength; ++n)
+            EXPECT_EQ(at(wide.at(kind), n), wide_sums(kernel(n, kind).graph))
+                << kernel(n, kind).name();
+    }
+}
+
+TEST(RealCounts, ABinary64KernelHoldsNoSumsOfWidenedValues) {
+    for (Kind kind : kKinds) {
+        for (int n : {19, 27, 37, 38, 54, 57})
+            EXPECT_EQ(0, wide_sums(kernel(n, kind, Element::Real64).graph))
+                << kernel(n, kind).name();
     }
 }
 

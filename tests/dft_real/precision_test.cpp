@@ -17,6 +17,7 @@ using dft_real::Ref;
 using dft_real::RowArithmetic;
 using dft_real::Type;
 using dft_real::with_products_joined;
+using dft_real::with_wide_sums;
 using dft_real_test::constants;
 using dft_real_test::number_of;
 using dft_real_test::products;
@@ -24,6 +25,7 @@ using dft_real_test::sums;
 using kernelgen::Op;
 
 const Exact kOne = Exact::rational(1);
+const Exact kHalf = Exact::rational(1, 2);
 const Exact kThird = Exact::rational(1, 3);
 const Exact kRoot = Exact::square_root(2);
 const Exact kSine = Exact::sine(1, 3);
@@ -171,6 +173,77 @@ TEST(JoinedProducts, SumsInBinary32Stay) {
     m.store_scaled(m.sub(sum, m.load(2)), 0);
     m.store_zero(1);
     expect_unchanged(graph);
+}
+
+/** A three-point butterfly of a and b whose sum goes on to the product by sin(2 pi / 3). */
+struct Butterfly {
+    Graph graph;
+    RowArithmetic m{graph};
+    Ref a = m.load(0);
+    Ref b = m.load(1);
+
+    void store_row_with_half() { graph.store(m.row({{kOne, a}, {-kHalf, b}}), 0); }
+    void store_product_of(Ref sum) { graph.store(m.row({{kSine, sum}}), 1); }
+
+    /** Widened values, and rounded ones. */
+    int conversions(const Graph& of) const {
+        return number_of(of, Op::Widen) + number_of(of, Op::Round);
+    }
+    void expect_sum_in_binary32() {
+        EXPECT_EQ(conversions(with_wide_sums(graph)), conversions(graph));
+        EXPECT_EQ(sums(with_wide_sums(graph)), sums(graph));
+    }
+};
+
+TEST(WideSums, TheSumIsNotRoundedBeforeItsProduct) {
+    Butterfly butterfly;
+    butterfly.store_row_with_half();
+    butterfly.store_product_of(butterfly.m.add(butterfly.a, butterfly.b));
+    const float a = 0x1.000002p0F;
+    const float b = 0x1.8p-24F;
+    const auto result = kernelgen::interpret(with_wide_sums(butterfly.graph), {a, b}, 1, 2);
+    EXPECT_EQ(result[1], static_cast<float>(kSine.to_binary64() * (double{a} + double{b})));
+    EXPECT_NE(result[1], static_cast<float>(kSine.to_binary64() * double{a + b}));
+}
+
+TEST(WideSums, TheSumCostsNoConversionOfItsOwn) {
+    Butterfly butterfly;
+    butterfly.store_row_with_half();
+    butterfly.store_product_of(butterfly.m.add(butterfly.a, butterfly.b));
+    const Graph wide = with_wide_sums(butterfly.graph);
+    EXPECT_EQ(butterfly.conversions(wide), butterfly.conversions(butterfly.graph) - 1);
+    EXPECT_EQ(sums(wide), sums(butterfly.graph));
+    EXPECT_EQ(products(wide), products(butterfly.graph));
+}
+
+TEST(WideSums, ADifferenceIsTreatedAlike) {
+    Butterfly butterfly;
+    butterfly.store_row_with_half();
+    butterfly.store_product_of(butterfly.m.sub(butterfly.b, butterfly.a));
+    const auto result = kernelgen::interpret(with_wide_sums(butterfly.graph), {1, 0x1.8p-24}, 1, 2);
+    EXPECT_EQ(result[1], static_cast<float>(kSine.to_binary64() * (0x1.8p-24 - 1)));
+}
+
+TEST(WideSums, WithoutTheRowTheSumStaysInBinary32) {
+    Butterfly butterfly;
+    butterfly.store_product_of(butterfly.m.add(butterfly.a, butterfly.b));
+    butterfly.expect_sum_in_binary32();
+}
+
+TEST(WideSums, ASumThatIsStoredAsWellStaysInBinary32) {
+    Butterfly butterfly;
+    butterfly.store_row_with_half();
+    const Ref sum = butterfly.m.add(butterfly.a, butterfly.b);
+    butterfly.store_product_of(sum);
+    butterfly.graph.store(sum, 2);
+    butterfly.expect_sum_in_binary32();
+}
+
+TEST(WideSums, ASumThatMeetsAnotherConstantStaysInBinary32) {
+    Butterfly butterfly;
+    butterfly.store_row_with_half();
+    butterfly.graph.store(butterfly.m.row({{kRoot, butterfly.m.add(butterfly.a, butterfly.b)}}), 1);
+    butterfly.expect_sum_in_binary32();
 }
 
 /** A network of rows within rows, sums, a doubling and a stored zero. */
