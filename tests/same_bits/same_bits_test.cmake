@@ -1,0 +1,31 @@
+# Every transform gives the bits that are under version control.
+#
+# cmake -D PRINT=<program and its options> -D HASHES=<file> [-D LIBRARY=<file>] -P same_bits_test.cmake
+#
+# Of LIBRARY instead of the library that the program is linked to, where one is named.
+cmake_minimum_required(VERSION 3.25)
+
+set(ENV{LD_PRELOAD} "${LIBRARY}")
+execute_process(COMMAND ${PRINT} OUTPUT_VARIABLE printed RESULT_VARIABLE status)
+set(ENV{LD_PRELOAD} "")
+if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${PRINT} ended with ${status}")
+endif()
+file(READ ${HASHES} promised)
+if(printed STREQUAL promised)
+    return()
+endif()
+string(REPLACE "\n" ";" printed "${printed}")
+string(REPLACE "\n" ";" promised "${promised}")
+set(missing ${promised})
+list(REMOVE_ITEM missing ${printed})
+set(new ${printed})
+list(REMOVE_ITEM new ${promised})
+foreach(line IN LISTS missing)
+    message("- ${line}")
+endforeach()
+foreach(line IN LISTS new)
+    message("+ ${line}")
+endforeach()
+message(FATAL_ERROR "The transforms' bits are not those promised (-), but others (+).\n"
+                    "If the change is meant: ${PRINT} >tests/same_bits/hashes.txt")
