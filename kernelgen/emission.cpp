@@ -14,9 +14,12 @@ std::string hexadecimal(double value) {
     return text.data();
 }
 
+enum class Memory { Arrays, Places };
+
 class Emitter {
   public:
-    Emitter(const Graph& graph, const std::string& rounding) : graph_(graph), rounding_(rounding) {}
+    Emitter(const Graph& graph, const std::string& rounding, Memory memory)
+        : graph_(graph), rounding_(rounding), memory_(memory) {}
 
     EmittedBody run(const Order& order) {
         std::string statements;
@@ -51,6 +54,7 @@ class Emitter {
 
     std::string store(const Node& n) {
         const std::string value = operand(n.a);
+        if (memory_ == Memory::Places) return "y.store(" + place_of(n) + ", " + value + ");";
         if (lane_count(n.type) == 1) return "y[" + std::to_string(n.offset) + "] = " + value + ";";
         const std::string place = "y + " + std::to_string(n.offset);
         switch (n.op) {
@@ -59,13 +63,19 @@ class Emitter {
             case Op::StoreHigh:
                 return "store_high(" + place + ", " + value + ");";
             default:
-                return memory(n) + "::store(" + place + ", " + value + ");";
+                return access(n) + "::store(" + place + ", " + value + ");";
         }
     }
 
     // A row that starts off a 16-byte boundary is moved unaligned on the aligned path as well.
-    static std::string memory(const Node& n) {
+    static std::string access(const Node& n) {
         return n.offset % lane_count(n.type) == 0 ? "Memory" : "Unaligned";
+    }
+
+    static std::string place_of(const Node& n) {
+        if (lane_count(n.type) == 1 || (n.op != Op::Load && n.op != Op::Store))
+            throw std::logic_error("only whole vectors have places");
+        return std::to_string(n.offset / lane_count(n.type));
     }
 
     std::string expression(const Node& n) {
@@ -73,8 +83,9 @@ class Emitter {
         const std::string place = "x + " + std::to_string(n.offset);
         switch (n.op) {
             case Op::Load:
+                if (memory_ == Memory::Places) return "x.load(" + place_of(n) + ")";
                 if (scalar) return "x[" + std::to_string(n.offset) + "]";
-                return memory(n) + "::load(" + place + ")";
+                return access(n) + "::load(" + place + ")";
             case Op::LoadLow:
                 return "load_low(" + place + ")";
             case Op::LoadHigh:
@@ -190,6 +201,7 @@ class Emitter {
 
     const Graph& graph_;
     const std::string& rounding_;
+    const Memory memory_;
     std::map<NodeId, std::string> names_;
     std::map<std::string, std::size_t> vectors_;
     std::vector<std::string> order_of_vectors_;
@@ -199,7 +211,12 @@ class Emitter {
 }  // namespace
 
 EmittedBody emit(const Graph& graph, const Order& order, const std::string& rounding) {
-    return Emitter(graph, rounding).run(order);
+    return Emitter(graph, rounding, Memory::Arrays).run(order);
+}
+
+EmittedBody emit_between_places(const Graph& graph, const Order& order) {
+    const std::string no_conversions;
+    return Emitter(graph, no_conversions, Memory::Places).run(order);
 }
 
 std::string literal(float value) {

@@ -26,6 +26,12 @@ struct EmittedBody {
 EmittedBody emit(const Graph& graph, const Order& order,
                  const std::string& rounding = "static_cast<float>");
 
+/**
+ * The same for a graph of whole vectors whose places the surrounding loop knows: the vector at
+ * offset i times the lanes is `x.load(i)`, and `y.store(i, value)` stores one.
+ */
+EmittedBody emit_between_places(const Graph& graph, const Order& order);
+
 /** A literal that reads back as exactly this value: 0x1.bb67aep-1f, 0x1.bb67ae8584caap-1. */
 std::string literal(float value);
 std::string literal(double value);

@@ -104,6 +104,10 @@ class Graph {
     void store_low(Ref value, int offset) { store_as(Op::StoreLow, value, offset); }
     void store_high(Ref value, int offset) { store_as(Op::StoreHigh, value, offset); }
 
+    /** What is stored is never what is loaded, so that loads may stand behind any store. */
+    void keep_arrays_apart() { arrays_are_apart_ = true; }
+    bool arrays_are_apart() const { return arrays_are_apart_; }
+
     const Node& node(NodeId id) const { return nodes_[static_cast<std::size_t>(id)]; }
     const std::vector<NodeId>& stores() const { return stores_; }
     const std::vector<Lanes>& constants() const { return constants_; }
@@ -124,6 +128,7 @@ class Graph {
     std::vector<Lanes> constants_;
     std::map<std::string, std::int32_t> known_constants_;
     std::vector<NodeId> stores_;
+    bool arrays_are_apart_ = false;
 };
 
 /** Operands of a node, zero to two of them. */

@@ -30,9 +30,11 @@ struct ExactArithmetic {
 
 }  // namespace
 
-Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted) {
+Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
+               const std::vector<Wide>& table) {
     Evaluation<ExactArithmetic> evaluation(graph);
     std::vector<Wide> source(static_cast<std::size_t>(inputs), Wide(0));
+    source.insert(source.end(), table.begin(), table.end());
     Wide worst = 0;
     for (int column = 0; column < inputs; ++column) {
         // An output that no store writes must be caught, so it starts far from any entry.
@@ -50,8 +52,8 @@ Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wa
 }
 
 void prove(const std::string& kernel, const Graph& graph, int inputs, int outputs,
-           const Definition& wanted) {
-    const Wide worst = deviation(graph, inputs, outputs, wanted);
+           const Definition& wanted, const std::vector<Wide>& table) {
+    const Wide worst = deviation(graph, inputs, outputs, wanted, table);
     if (worst > Wide("1e-28"))
         throw std::runtime_error(kernel + ": the graph differs from the definition by " +
                                  worst.str(6, std::ios_base::scientific));

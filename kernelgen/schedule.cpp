@@ -158,8 +158,8 @@ std::pair<int, int> touched(const Node& node) {
     return {node.offset, node.offset + count};
 }
 
-// Puts each load just before the first node that uses it, but before any store to its elements:
-// source and destination may be one array.
+// Puts each load just before the first node that uses it, but before any store to its elements
+// where source and destination may be one array.
 Order with_lazy_loads(const Graph& graph, const Order& order) {
     Order result;
     std::vector<bool> placed(graph.size(), false);
@@ -174,7 +174,7 @@ Order with_lazy_loads(const Graph& graph, const Order& order) {
         for (NodeId operand : operands(node)) {
             if (is_load(graph.node(operand).op)) self(self, operand);
         }
-        if (is_store(node.op)) {
+        if (is_store(node.op) && !graph.arrays_are_apart()) {
             const auto [first, past] = touched(node);
             for (NodeId load : loads) {
                 const auto [load_first, load_past] = touched(graph.node(load));

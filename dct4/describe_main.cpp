@@ -1,0 +1,60 @@
+/**
+ * @file
+ * @brief Writes the straight-line bodies of the DCT-IV.
+ *
+ *     describe_dct4 FOLDER            one header a body, in a folder for each element
+ *     describe_dct4 --manifest FILE   one line a body
+ */
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "dct4/kernel_source.hpp"
+#include "kernelgen/generated_files.hpp"
+
+namespace {
+
+using namespace dct4;
+
+void write_sources(const std::filesystem::path& folder) {
+    for (Element element : kElements) {
+        const std::filesystem::path place = folder / suffix(element) / "dct4_bodies";
+        std::filesystem::create_directories(place);
+        for (BodyKey key : all_bodies()) {
+            const Kernel kernel = proven_kernel(key, element);
+            kernelgen::write_if_changed(place / (kernel.stem() + ".hpp"), kernel_source(kernel));
+        }
+    }
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (BodyKey key : all_bodies())
+            lines += manifest_line(proven_kernel(key, element)) + "\n";
+    }
+    kernelgen::write_if_changed(file, lines);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    const bool manifest = words.size() == 2 && words[0] == "--manifest";
+    if (!manifest && (words.size() != 1 || words[0].starts_with("-"))) {
+        std::fprintf(stderr, "usage: %s FOLDER | --manifest FILE\n", argv[0]);
+        return 2;
+    }
+    try {
+        if (manifest)
+            write_manifest(words[1]);
+        else
+            write_sources(words[0]);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,97 @@
+#include "dct4/kernel_source.hpp"
+
+#include <cstdint>
+#include <cstdio>
+
+#include "kernelgen/emission.hpp"
+
+namespace dct4 {
+namespace {
+
+using kernelgen::Counts;
+
+std::string number(int value) {
+    return std::to_string(value);
+}
+
+std::string what(const Kernel& kernel) {
+    const std::string points = number(kernel.points()) + " points";
+    switch (kernel.step) {
+        case Step::Analysis:
+            return "Analysis of " + points + " at odd frequencies";
+        case Step::Synthesis:
+            return "Rotations and synthesis of " + points + " at odd frequencies";
+        case Step::Dft:
+            return "DFT of " + points + " behind analyses";
+        case Step::Inline:
+            return "DCT-IV of " + points;
+    }
+    return {};
+}
+
+std::string head(const Kernel& kernel) {
+    const Counts c = counts_of(kernel);
+    return "// " + what(kernel) + ", " +
+           (kernel.element == Element::Real32 ? "single" : "double") +
+           " precision; order: " + schedule_of(kernel).method + ".\n// " + number(c.sums) +
+           " sums, " + number(c.differences) + " differences, " + number(c.products) +
+           " products, " + number(c.shuffles) + " shuffles, " + number(c.loads) + " loads, " +
+           number(c.stores) + " stores.\n// Made by the kernel compiler; do not edit.\n\n";
+}
+
+std::string inline_function(const Kernel& kernel) {
+    const std::string real = kernel.element == Element::Real32 ? "float" : "double";
+    return "[[gnu::always_inline]] inline void " + kernel.stem() + "(const " + real + "* x, " +
+           real + "* y) {\n" +
+           kernelgen::emit(kernel.graph, schedule_of(kernel).order).statements + "}\n";
+}
+
+std::string place_function(const Kernel& kernel) {
+    const kernelgen::EmittedBody code =
+        kernelgen::emit_between_places(kernel.graph, schedule_of(kernel).order);
+    const std::string constants =
+        code.constants.empty() ? ""
+                               : "namespace " + kernel.stem() + "_constants {\n" + code.constants +
+                                     "}  // namespace " + kernel.stem() + "_constants\n\n";
+    const std::string names =
+        code.constants.empty() ? ""
+                               : "    using " + kernel.stem() + "_constants::kConstants;\n";
+    return constants + "template <class Source, class Destination>\n" +
+           "[[gnu::always_inline]] inline void " + kernel.stem() +
+           "(const Source& x, const Destination& y) {\n" + names + code.statements + "}\n";
+}
+
+std::uint64_t fnv1a(const std::string& text) {
+    std::uint64_t hash = 14695981039346656037ULL;
+    for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ULL;
+    return hash;
+}
+
+}  // namespace
+
+std::string kernel_source(const Kernel& kernel) {
+    const bool scalar = kernel.step == Step::Inline;
+    return head(kernel) + "#pragma once\n\n" + (scalar ? "" : "#include <emmintrin.h>\n\n") +
+           "namespace {\n\n" + (scalar ? inline_function(kernel) : place_function(kernel)) +
+           "\n}  // namespace\n";
+}
+
+std::string manifest_header() {
+    return "kernel,sums,differences,products,shuffles,loads,stores,order,modelled_stack_accesses,"
+           "hash";
+}
+
+std::string manifest_line(const Kernel& kernel) {
+    const Counts c = counts_of(kernel);
+    const kernelgen::Schedule schedule = schedule_of(kernel);
+    std::string line = kernel.name();
+    for (int value : {c.sums, c.differences, c.products, c.shuffles, c.loads, c.stores})
+        line += "," + number(value);
+    char hash[20];
+    std::snprintf(hash, sizeof hash, "%016llx",
+                  static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));
+    return line + "," + schedule.method + "," + number(schedule.traffic.stack_accesses) + "," +
+           hash;
+}
+
+}  // namespace dct4
