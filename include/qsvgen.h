@@ -1,6 +1,7 @@
 /**
  * @file qsvgen.h
- * @brief Discrete transforms of small fixed sizes: the whole exported interface, for C and C++.
+ * @brief Discrete transforms of small fixed sizes, and the DCT-IV of power-of-two lengths by a
+ * plan: the whole exported interface, for C and C++.
  *
  * Complex DFT, lengths N = 2 to 64
  * --------------------------------
@@ -49,8 +50,35 @@
  * Method     B. J. Fino and V. R. Algazi, "Unified matrix treatment of the fast Walsh-Hadamard
  *            transform", IEEE Transactions on Computers C-25, 1976.
  *
- * All of them
- * -----------
+ * DCT-IV, lengths N = 2^k from 2 on, by a plan
+ * --------------------------------------------
+ *   y[k] = sum over n of x[n] * cos(pi/N * (n + 1/2) * (k + 1/2))
+ *
+ * Shapes     x and y hold N real elements each, in natural order.
+ * Scaling    None, and no flag. The matrix is symmetric, so that the transform is its own inverse
+ * up to the factor N/2. Plan       Made once for a length and an element type, run any number of
+ * times, in one buffer that must stay where it is, untouched. Making it takes all memory and
+ * evaluates all sines and cosines; running it does neither. either  qsvgDCT4GetSize_32f, a buffer,
+ * qsvgDCT4Init_32f; then the buffer is dropped or      qsvgDCT4InitAlloc_32f, which allocates; then
+ * qsvgDCT4Free_32f Lengths    2^k up to 2^26 for Real32 and 2^25 for Real64. What else the size
+ * query accepts is no length of the transform: 2^k + 1 (from 33 on for Real32, from 9 on for
+ * Real64; a plan for it may be made, but its run touches element N of both arrays and yields
+ * nothing of use), and from 2^29 on some lengths whose size has wrapped around: they have no plan.
+ * Alignment  Source and destination stand at any boundary of their element. A buffer of exactly
+ *            the told size stands on a 16-byte boundary, or anywhere below address 2^31; elsewhere
+ *            a plan of length 2 to 32 may take up to 11 bytes more.
+ * Threads    A plan of length 2 to 32 is only read when it runs, and may run in any number of
+ *            threads at once. Any other plan has work space in it and serves one call at a time.
+ *            Different plans do not know of each other.
+ * Errors     Null pointers give qsvStatusNullPointer before anything else is looked at, then
+ *            unsupported lengths give qsvStatusBadLength. A null result of qsvMalloc is told as
+ *            qsvStatusNullPointer, too.
+ * Method     Odd-frequency analyses and syntheses in two stages; Z. Wang, "Fast algorithms for the
+ *            discrete W transform and for the discrete Fourier transform", IEEE Transactions on
+ *            Acoustics, Speech, and Signal Processing ASSP-32, 1984, defines the transform.
+ *
+ * All of the fixed sizes
+ * ----------------------
  * Scaling    s is chosen by the flag (see QsvScaleFlag); every output is multiplied once by s.
  * Precision  Of complex elements as the kernels' names say. Real transforms of Real32 elements
  *            multiply by constants in binary64 and round to binary32 between their stages.
@@ -304,6 +332,62 @@ QSVG_FOR_EACH_SHORT_ORDER(QSVG_DECLARE_WHT)
                                          uint8_t* buffer);
 QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
 #undef QSVG_DECLARE_WHT
+
+/** A plan of the DCT-IV of Real32 elements. */
+typedef struct QsvDCT4Plan_32f QsvDCT4Plan_32f;
+/** A plan of the DCT-IV of Real64 elements; neither type runs with the other's functions. */
+typedef struct QsvDCT4Plan_64f QsvDCT4Plan_64f;
+
+/**
+ * Size of the buffer for qsvgDCT4Init_32f.
+ * @param length a supported length, else qsvStatusBadLength and size stays as it was
+ * @param size   receives bytes; must not be null, which is not checked
+ */
+QSVG_API QsvStatus qsvgDCT4GetSize_32f(int32_t length, int32_t* size);
+
+/**
+ * Makes a plan in the caller's buffer. It owns nothing outside: to be rid of it, drop the buffer.
+ * @param plan   receives the plan, which lies in buffer; stays as it was on failure; not null
+ * @param length a supported length, else qsvStatusBadLength; buffer has been written to then, so
+ *               that a length which is not known to be supported goes to qsvgDCT4GetSize_32f first
+ * @param buffer as many bytes as qsvgDCT4GetSize_32f tells, not null
+ */
+QSVG_API QsvStatus qsvgDCT4Init_32f(QsvDCT4Plan_32f** plan, int32_t length, uint8_t* buffer);
+
+/**
+ * Makes a plan in a buffer from qsvMalloc of the platform core library.
+ * @param plan   receives the plan; stays as it was on failure; not null
+ * @param length a supported length, else qsvStatusBadLength and nothing is allocated
+ * @return qsvStatusNullPointer also where memory has run out
+ */
+QSVG_API QsvStatus qsvgDCT4InitAlloc_32f(QsvDCT4Plan_32f** plan, int32_t length);
+
+/**
+ * Destroys a plan and gives its buffer to qsvFree.
+ * @param plan one made by qsvgDCT4InitAlloc_32f, not by qsvgDCT4Init_32f; not null
+ */
+QSVG_API QsvStatus qsvgDCT4Free_32f(QsvDCT4Plan_32f* plan);
+
+/**
+ * DCT-IV of the plan's length N.
+ * @param src  N elements, not null
+ * @param dst  N elements, not null; may be src, with the same bits
+ * @param plan not null, which is checked before src and dst; work space of a plan whose length is
+ *             none of 2, 4, 8, 16 and 32 is written
+ * @return qsvStatusBadPlan, with nothing written, where the plan's root was not made here
+ */
+QSVG_API QsvStatus qsvgDCT4_32f(const Real32* src, Real32* dst, QsvDCT4Plan_32f* plan);
+
+/** qsvgDCT4GetSize_32f for Real64 elements. */
+QSVG_API QsvStatus qsvgDCT4GetSize_64f(int32_t length, int32_t* size);
+/** qsvgDCT4Init_32f for Real64 elements. */
+QSVG_API QsvStatus qsvgDCT4Init_64f(QsvDCT4Plan_64f** plan, int32_t length, uint8_t* buffer);
+/** qsvgDCT4InitAlloc_32f for Real64 elements. */
+QSVG_API QsvStatus qsvgDCT4InitAlloc_64f(QsvDCT4Plan_64f** plan, int32_t length);
+/** qsvgDCT4Free_32f for Real64 elements. */
+QSVG_API QsvStatus qsvgDCT4Free_64f(QsvDCT4Plan_64f* plan);
+/** qsvgDCT4_32f in double precision. */
+QSVG_API QsvStatus qsvgDCT4_64f(const Real64* src, Real64* dst, QsvDCT4Plan_64f* plan);
 
 #ifdef __cplusplus
 }

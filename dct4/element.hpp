@@ -1,0 +1,87 @@
+#pragma once
+
+/**
+ * @file
+ * @brief The element type that a source of the DCT-IV is compiled for: each is written once and
+ * compiled with QSVG_REAL_BITS 32 and 64.
+ *
+ * What differs by element stands in a namespace of its own, dct4::QSVG_ELEMENT, or carries the
+ * element in its name: DCT4(env1_plan) is owngDCT4_32fw7_env1_plan or owngDCT4_64fw7_env1_plan.
+ */
+
+#include <emmintrin.h>
+
+#include <cstdint>
+
+#include "qsvgen.h"
+
+#if QSVG_REAL_BITS == 32
+#define QSVG_ELEMENT real32
+/** An internal name of the object model. */
+#define DCT4(name) owngDCT4_32fw7_##name
+/** An exported name, or one of the plan runtime. */
+#define EXPORTED(name) qsvg##name##_32f
+#elif QSVG_REAL_BITS == 64
+#define QSVG_ELEMENT real64
+#define DCT4(name) owngDCT4_64fw7_##name
+#define EXPORTED(name) qsvg##name##_64f
+#else
+#error "QSVG_REAL_BITS is 32 or 64"
+#endif
+
+namespace dct4::QSVG_ELEMENT {
+
+#if QSVG_REAL_BITS == 32
+using Real = Real32;
+using Vector = __m128;
+using Plan = QsvDCT4Plan_32f;
+
+inline Vector load(const Real* p) {
+    return _mm_load_ps(p);
+}
+inline void store(Real* p, Vector v) {
+    _mm_store_ps(p, v);
+}
+inline Vector load_unaligned(const Real* p) {
+    return _mm_loadu_ps(p);
+}
+inline void store_unaligned(Real* p, Vector v) {
+    _mm_storeu_ps(p, v);
+}
+/** The same value in all lanes. */
+inline Vector in_all_lanes(Real value) {
+    return _mm_set1_ps(value);
+}
+inline Vector reversed(Vector v) {
+    return _mm_shuffle_ps(v, v, _MM_SHUFFLE(0, 1, 2, 3));
+}
+#else
+using Real = Real64;
+using Vector = __m128d;
+using Plan = QsvDCT4Plan_64f;
+
+inline Vector load(const Real* p) {
+    return _mm_load_pd(p);
+}
+inline void store(Real* p, Vector v) {
+    _mm_store_pd(p, v);
+}
+inline Vector load_unaligned(const Real* p) {
+    return _mm_loadu_pd(p);
+}
+inline void store_unaligned(Real* p, Vector v) {
+    _mm_storeu_pd(p, v);
+}
+/** The same value in all lanes. */
+inline Vector in_all_lanes(Real value) {
+    return _mm_set1_pd(value);
+}
+inline Vector reversed(Vector v) {
+    return _mm_shuffle_pd(v, v, 1);
+}
+#endif
+
+/** Lanes of a vector: adjacent columns or blocks, each a transform of its own. */
+constexpr std::int32_t kLanes = sizeof(Vector) / sizeof(Real);
+
+}  // namespace dct4::QSVG_ELEMENT

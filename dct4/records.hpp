@@ -1,0 +1,190 @@
+#pragma once
+
+/**
+ * @file
+ * @brief The objects that a plan is made of. A plan is a tree of them in one arena; children belong
+ * to the node whose `children` list holds them, stage lists only say which of them run.
+ *
+ * Records are flat and copy what they need from above, so that a run computes no strides. In the
+ * notes below N is the length, a the root's factor, q = N/(2a), and n a length that is split by f.
+ */
+
+#include "dct4/element.hpp"
+#include "plan/env_list.hpp"
+
+namespace dct4::QSVG_ELEMENT {
+
+static_assert(sizeof(void*) == 4, "the sizes of the records rest on 32-bit pointers");
+
+/** Head of the nodes. */
+struct PlanObject : EnvObject {
+    QsvStatus (*plan)(EnvObject* object);
+    Arena* arena;
+};
+static_assert(sizeof(PlanObject) == 16);
+
+/** Head of the coefficient objects: functions of up to three indices. */
+struct CoefficientObject : EnvObject {
+    Real (*at)(const CoefficientObject* object, std::int32_t i, std::int32_t j, std::int32_t k);
+    Arena* arena;
+};
+static_assert(sizeof(CoefficientObject) == 16);
+
+/** The angle (i + 1/2) / (numerator / denominator) of block i, as a multiple of pi. */
+struct envlambda : CoefficientObject {
+    std::int32_t numerator;
+    std::int32_t denominator;
+};
+static_assert(sizeof(envlambda) == 24);
+
+/** Another object's rows, by a group of rows and the lane of one of them. */
+struct envfsplit : CoefficientObject {
+    std::int32_t columns;
+    std::int32_t rowBlocks;
+    const CoefficientObject* inner;
+};
+static_assert(sizeof(envfsplit) == 28);
+
+/** Cosines and sines of the rotations, in even and odd columns. */
+struct envfCompose : CoefficientObject {
+    std::int32_t columns;
+    std::int32_t angleBase;
+    std::int32_t rowCount;
+    std::int32_t factor;
+    std::int32_t rowStride;
+};
+static_assert(sizeof(envfCompose) == 36);
+
+/** The root. */
+struct env1 : PlanObject {
+    EnvList* children;
+    EnvList* stage1;
+    EnvList* stage2;
+    Real* scratch; /**< N elements, null for a leaf */
+    std::int32_t rule;
+    std::int32_t factor; /**< a, not set in a leaf */
+    std::int32_t length; /**< N */
+};
+static_assert(sizeof(env1) == 44);
+
+/** Owner of stage B. */
+struct env2 : PlanObject {
+    EnvList* children;
+    EnvList* stage;
+    std::int32_t done;      /**< 0 once planned */
+    std::int32_t valid;     /**< 1 if blocks is a multiple of the lanes */
+    std::int32_t factor;    /**< a */
+    std::int32_t length;    /**< N */
+    std::int32_t twoFactor; /**< 2a */
+    std::int32_t blocks;    /**< q */
+    std::int32_t length2;   /**< N */
+    std::int32_t lastIndex; /**< 2N - 1 */
+    std::int32_t subLength; /**< N/a */
+    envfCompose* coefficients;
+};
+static_assert(sizeof(env2) == 64);
+
+/** Owner of stage A. */
+struct env3 : PlanObject {
+    EnvList* children;
+    EnvList* stage;
+    std::int32_t done;      /**< 0 once planned */
+    std::int32_t valid;     /**< 1 if inner is a multiple of the lanes */
+    std::int32_t subLength; /**< N/a */
+    std::int32_t length;    /**< N */
+    std::int32_t lastIndex; /**< 2N - 1 */
+    std::int32_t twoFactor; /**< 2a */
+    std::int32_t inner;     /**< a */
+    std::int32_t length2;   /**< N */
+    std::int32_t factor;    /**< a */
+};
+static_assert(sizeof(env3) == 60);
+
+/** Stage B: rotations, then syntheses of 2a points. */
+struct env4 : PlanObject {
+    EnvList* children; /**< always empty */
+    Real* table;
+    std::int32_t rule;
+    std::int32_t factor;    /**< a */
+    std::int32_t length;    /**< N */
+    std::int32_t twoFactor; /**< 2a */
+    std::int32_t span;      /**< 2a times the lanes */
+    std::int32_t blocks;    /**< q divided by the lanes */
+    std::int32_t length2;   /**< N */
+    std::int32_t lastIndex; /**< 2N - 1 */
+    std::int32_t subLength; /**< N/a */
+    envfsplit* coefficients;
+};
+static_assert(sizeof(env4) == 64);
+
+/** Stage A: analyses of N/a points, straight or by env7. */
+struct env5 : PlanObject {
+    EnvList* children;
+    EnvList* stage;
+    std::int32_t done; /**< 0 once planned */
+    std::int32_t rule;
+    std::int32_t subLength; /**< N/a */
+    std::int32_t length;    /**< N */
+    std::int32_t lastIndex; /**< 2N - 1 */
+    std::int32_t twoFactor; /**< 2a */
+    std::int32_t inner;     /**< a divided by the lanes */
+    std::int32_t length2;   /**< N */
+    std::int32_t factor;    /**< a */
+};
+static_assert(sizeof(env5) == 60);
+
+/** An analysis of n points split into f of n/f points. */
+struct env7 : PlanObject {
+    EnvList* children;
+    EnvList* stage1;        /**< env8 */
+    EnvList* stage2;        /**< env9 */
+    Real* scratch;          /**< scratchLength elements */
+    std::int32_t valid;     /**< 1 once planned */
+    std::int32_t subLength; /**< n */
+    std::int32_t factor;    /**< f */
+    std::int32_t length;    /**< N */
+    std::int32_t length2;   /**< N */
+    std::int32_t stride;
+    std::int32_t scratchLength; /**< N */
+    std::int32_t step;
+};
+static_assert(sizeof(env7) == 64);
+
+/** Twiddle factors and complex DFTs of f points behind the analyses of n/f points. */
+struct env8 : PlanObject {
+    EnvList* children; /**< always empty */
+    Real* table;
+    std::int32_t rule;
+    std::int32_t factor; /**< f */
+    std::int32_t scratchLength;
+    std::int32_t step;
+    std::int32_t span;   /**< 2 f step */
+    std::int32_t blocks; /**< n/(2f) */
+    std::int32_t scratchLength2;
+    std::int32_t halfLength; /**< n/2 */
+    std::int32_t lastIndex;  /**< n - 1 */
+    std::int32_t step2;      /**< step once more */
+    std::int32_t quotient;   /**< n/f */
+    envlambda* coefficients;
+};
+static_assert(sizeof(env8) == 72);
+
+/** The analyses of n/f points, straight or by another env7. */
+struct env9 : PlanObject {
+    EnvList* children;
+    EnvList* stage;
+    std::int32_t done; /**< 0 once planned */
+    std::int32_t rule;
+    std::int32_t subLength; /**< n/f */
+    std::int32_t length;
+    std::int32_t length2;
+    std::int32_t stride; /**< f parentStride */
+    std::int32_t parentStride;
+    std::int32_t factor; /**< f */
+    std::int32_t scratchLength;
+    std::int32_t step; /**< f parentStep */
+    std::int32_t parentStep;
+};
+static_assert(sizeof(env9) == 68);
+
+}  // namespace dct4::QSVG_ELEMENT
