@@ -1,0 +1,27 @@
+# Descriptions of the straight-line bodies, and the headers that the kernel compiler makes of them.
+add_library(dct4_description STATIC bodies.cpp complex_values.cpp definitions.cpp kernel_source.cpp
+                                    kernels.cpp odd_frequency.cpp orders.cpp)
+target_link_libraries(dct4_description PRIVATE build_time_code)
+target_link_libraries(dct4_description PUBLIC kernelgen)
+
+add_executable(describe_dct4 describe_main.cpp)
+target_link_libraries(describe_dct4 PRIVATE dct4_description build_time_code)
+
+reads_exact_constants_once(dct4_description describe_dct4)
+
+set(folder ${CMAKE_BINARY_DIR}/generated/dct4)
+foreach(element 32f 64f)
+    foreach(stem analysis synthesis dft inline)
+        foreach(rule RANGE 1 6)
+            if(rule LESS 6 OR stem MATCHES "sis$")
+                list(APPEND bodies_${element} ${folder}/${element}/dct4_bodies/${stem}_${rule}.hpp)
+            endif()
+        endforeach()
+    endforeach()
+endforeach()
+add_custom_command(
+    OUTPUT ${bodies_32f} ${bodies_64f}
+    COMMAND describe_dct4 ${folder}
+    DEPENDS describe_dct4
+    COMMENT "Proving and writing the bodies of the DCT-IV"
+    VERBATIM)
