@@ -25,3 +25,17 @@ add_custom_command(
     DEPENDS describe_dct4
     COMMENT "Proving and writing the bodies of the DCT-IV"
     VERBATIM)
+
+# What runs a plan, each source once for each element type.
+foreach(element 32f 64f)
+    string(REGEX MATCH "^.." bits ${element})
+    add_library(dct4_compute_${element} OBJECT recursion.cpp stage_a.cpp stage_b.cpp transform.cpp
+                                               twiddled_dfts.cpp ${bodies_${element}})
+    target_compile_definitions(dct4_compute_${element} PRIVATE QSVG_REAL_BITS=${bits})
+    target_include_directories(dct4_compute_${element} PRIVATE ${folder}/${element})
+    target_link_libraries(dct4_compute_${element} PRIVATE runtime_code)
+endforeach()
+# Both need what one command makes.
+add_custom_target(dct4_bodies DEPENDS ${bodies_32f} ${bodies_64f})
+add_dependencies(dct4_compute_32f dct4_bodies)
+add_dependencies(dct4_compute_64f dct4_bodies)

@@ -90,8 +90,7 @@ struct Lifted {
     Ref second;
 };
 
-Lifted lifted(Graph& graph, Type type, Ref x, Ref y, const Exact& half_tangent,
-              const Exact& sine) {
+Lifted lifted(Graph& graph, Type type, Ref x, Ref y, const Exact& half_tangent, const Exact& sine) {
     const Ref t = constant(graph, type, half_tangent);
     const Ref s = constant(graph, type, sine);
     const Ref once = graph.sub(x, graph.mul(y, t));
@@ -137,8 +136,8 @@ Graph inline_product(Type type, int n, int m) {
     for (int b = 0; b < n; ++b) {
         ComplexValues w;
         for (int c = 0; c < m; ++c)
-            w.push_back(rotated(graph, columns[at(c)][at(b)], (2 * b + 1) * (2 * c + 1),
-                                16 * n * m));
+            w.push_back(
+                rotated(graph, columns[at(c)][at(b)], (2 * b + 1) * (2 * c + 1), 16 * n * m));
         const std::vector<Ref> g = synthesis(graph, w);
         for (int j = -m; j < m; ++j)
             graph.store(g[at(j + m)], j >= 0 ? 2 * n * j + b : -2 * n * j - 1 - b);
@@ -183,8 +182,7 @@ Graph synthesis_body(Element element, int rule) {
         w[at(c)] = rotated(graph, {parts[at(c)], parts[at(m + c)]}, cosine, sine);
     }
     const std::vector<Ref> g = synthesis(graph, w);
-    for (int j = -m; j < m; ++j)
-        store(graph, element, mirrored_place(j, m), g[at(j + m)]);
+    for (int j = -m; j < m; ++j) store(graph, element, mirrored_place(j, m), g[at(j + m)]);
     return graph;
 }
 
@@ -201,16 +199,13 @@ Graph dft_body(Element element, int rule) {
     graph.keep_arrays_apart();
     const int s = 1 << rule;
     ComplexValues u;
-    for (int r = 0; r < s; ++r)
-        u.push_back({load(graph, element, r), load(graph, element, s + r)});
+    for (int r = 0; r < s; ++r) u.push_back({load(graph, element, r), load(graph, element, s + r)});
     const int inner_table = 2 * s;
     const int outer_table = inner_table + inner_places(rule);
     const auto turned = [&](Complex z, int place) {
         return rotated(graph, z, load(graph, element, place), load(graph, element, place + 1));
     };
-    const Twiddle outer = [&](int r, Complex z) {
-        return turned(z, outer_table + 2 * (r - 1));
-    };
+    const Twiddle outer = [&](int r, Complex z) { return turned(z, outer_table + 2 * (r - 1)); };
     const auto inner = [&](int t1, int r1, Complex z) {
         return turned(z, inner_table + 2 * (3 * t1 + r1 - 1));
     };

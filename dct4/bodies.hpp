@@ -23,9 +23,9 @@ inline constexpr int kLongestInlineLength = 32;
 kernelgen::Graph analysis_body(Element element, int rule);
 
 /**
- * Rotations and synthesis of 2m = 2^rule points, one block a lane. Inputs: as many rows as lanes, each m
- * real and m imaginary parts; behind them the table in its own order. Outputs: g[0] to g[m - 1],
- * then g[-1] to g[-m].
+ * Rotations and synthesis of 2m = 2^rule points, one block a lane. Inputs: as many rows as lanes,
+ * each m real and m imaginary parts; behind them the table in its own order. Outputs: g[0] to g[m -
+ * 1], then g[-1] to g[-m].
  */
 kernelgen::Graph synthesis_body(Element element, int rule);
 
@@ -33,9 +33,9 @@ kernelgen::Graph synthesis_body(Element element, int rule);
 std::vector<int> table_columns(int m);
 
 /**
- * One block of the DFTs of s = 2^rule points behind analyses. Inputs: s real parts, s imaginary parts,
- * then the inner pairs of the table (s = 16 and 32 only), then the outer ones. Outputs: Re and Im of each
- * D, the second half conjugated.
+ * One block of the DFTs of s = 2^rule points behind analyses. Inputs: s real parts, s imaginary
+ * parts, then the inner pairs of the table (s = 16 and 32 only), then the outer ones. Outputs: Re
+ * and Im of each D, the second half conjugated.
  */
 kernelgen::Graph dft_body(Element element, int rule);
 

@@ -18,9 +18,8 @@ struct Pair {
 
 Pair butterfly(Graph& graph, Complex a, Complex b, SecondHalf second_half) {
     return {{graph.add(a.re, b.re), graph.add(a.im, b.im)},
-            {graph.sub(a.re, b.re),
-             second_half == SecondHalf::Conjugated ? graph.sub(b.im, a.im)
-                                                   : graph.sub(a.im, b.im)}};
+            {graph.sub(a.re, b.re), second_half == SecondHalf::Conjugated ? graph.sub(b.im, a.im)
+                                                                          : graph.sub(a.im, b.im)}};
 }
 
 Complex times_i(Complex z) {

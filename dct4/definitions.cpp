@@ -69,8 +69,7 @@ void prove_synthesis_of_group(const std::string& kernel, const Graph& graph, Ele
         return Turn{(2L * (first_block + lane) + 1) * (2 * c + 1), 16L * n * m};
     };
     Table table(element);
-    for (int c : table_columns(m))
-        table.add_pair([&](int lane) { return rotation(lane, c); });
+    for (int c : table_columns(m)) table.add_pair([&](int lane) { return rotation(lane, c); });
     const auto entry = [&](int row, int column) -> Wide {
         const int lane = column / (2 * m);
         if (row % width != lane) return 0;
@@ -135,8 +134,9 @@ void prove_dft(const std::string& kernel, const Graph& graph, Element element, i
     // The outputs are polynomials of degree below s in exp(i angle), settled by s angles.
     const int s = 1 << rule;
     for (int first = 0; first < s; first += lanes(element))
-        prove_dft_at(kernel, graph, element, rule,
-                     [&](int lane) { return Turn{2 * (first + lane) + 1, 8L * s}; });
+        prove_dft_at(kernel, graph, element, rule, [&](int lane) {
+            return Turn{2 * (first + lane) + 1, 8L * s};
+        });
 }
 
 void prove_transform(const std::string& kernel, const Graph& graph, int length) {

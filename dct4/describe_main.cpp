@@ -32,8 +32,7 @@ void write_sources(const std::filesystem::path& folder) {
 void write_manifest(const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
-        for (BodyKey key : all_bodies())
-            lines += manifest_line(proven_kernel(key, element)) + "\n";
+        for (BodyKey key : all_bodies()) lines += manifest_line(proven_kernel(key, element)) + "\n";
     }
     kernelgen::write_if_changed(file, lines);
 }

@@ -31,8 +31,7 @@ std::string what(const Kernel& kernel) {
 
 std::string head(const Kernel& kernel) {
     const Counts c = counts_of(kernel);
-    return "// " + what(kernel) + ", " +
-           (kernel.element == Element::Real32 ? "single" : "double") +
+    return "// " + what(kernel) + ", " + (kernel.element == Element::Real32 ? "single" : "double") +
            " precision; order: " + schedule_of(kernel).method + ".\n// " + number(c.sums) +
            " sums, " + number(c.differences) + " differences, " + number(c.products) +
            " products, " + number(c.shuffles) + " shuffles, " + number(c.loads) + " loads, " +
@@ -42,23 +41,35 @@ std::string head(const Kernel& kernel) {
 std::string inline_function(const Kernel& kernel) {
     const std::string real = kernel.element == Element::Real32 ? "float" : "double";
     return "[[gnu::always_inline]] inline void " + kernel.stem() + "(const " + real + "* x, " +
-           real + "* y) {\n" +
-           kernelgen::emit(kernel.graph, schedule_of(kernel).order).statements + "}\n";
+           real + "* y) {\n" + kernelgen::emit(kernel.graph, schedule_of(kernel).order).statements +
+           "}\n";
 }
 
-std::string place_function(const Kernel& kernel) {
+std::string type_name(const Kernel& kernel) {
+    switch (kernel.step) {
+        case Step::Analysis:
+            return "Analysis";
+        case Step::Synthesis:
+            return "Synthesis";
+        default:
+            return "Dft";
+    }
+}
+
+/** A specialisation of the class template by rule, in the namespace of the element. */
+std::string place_body(const Kernel& kernel) {
     const kernelgen::EmittedBody code =
         kernelgen::emit_between_places(kernel.graph, schedule_of(kernel).order);
-    const std::string constants =
-        code.constants.empty() ? ""
-                               : "namespace " + kernel.stem() + "_constants {\n" + code.constants +
-                                     "}  // namespace " + kernel.stem() + "_constants\n\n";
-    const std::string names =
-        code.constants.empty() ? ""
-                               : "    using " + kernel.stem() + "_constants::kConstants;\n";
-    return constants + "template <class Source, class Destination>\n" +
-           "[[gnu::always_inline]] inline void " + kernel.stem() +
-           "(const Source& x, const Destination& y) {\n" + names + code.statements + "}\n";
+    std::string text = std::string("namespace dct4::") +
+                       (kernel.element == Element::Real32 ? "real32" : "real64") + " {\n\n";
+    if (!code.constants.empty())
+        text += "namespace " + kernel.stem() + " {\n" + code.constants + "}  // namespace " +
+                kernel.stem() + "\n\n";
+    text += "template <>\nstruct " + type_name(kernel) + "<" + number(kernel.rule) +
+            "> {\n    template <class Source, class Destination>\n"
+            "    [[gnu::always_inline]] static void run(const Source& x, const Destination& y) {\n";
+    if (!code.constants.empty()) text += "    using " + kernel.stem() + "::kConstants;\n";
+    return text + code.statements + "    }\n};\n\n}\n";
 }
 
 std::uint64_t fnv1a(const std::string& text) {
@@ -70,10 +81,10 @@ std::uint64_t fnv1a(const std::string& text) {
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
-    const bool scalar = kernel.step == Step::Inline;
-    return head(kernel) + "#pragma once\n\n" + (scalar ? "" : "#include <emmintrin.h>\n\n") +
-           "namespace {\n\n" + (scalar ? inline_function(kernel) : place_function(kernel)) +
-           "\n}  // namespace\n";
+    if (kernel.step == Step::Inline)
+        return head(kernel) + "#pragma once\n\nnamespace {\n\n" + inline_function(kernel) +
+               "\n}  // namespace\n";
+    return head(kernel) + "#pragma once\n\n#include \"dct4/body.hpp\"\n\n" + place_body(kernel);
 }
 
 std::string manifest_header() {

@@ -1,0 +1,41 @@
+#pragma once
+
+/**
+ * @file
+ * @brief What runs a plan: stage A (env5) from the source to the root's scratch vector, stage B
+ * (env4) from there to the destination, and the recursion (env7, env8, env9) of long analyses.
+ *
+ * All give qsvStatusBadPlan for a rule that they have no body of, and have done nothing then.
+ */
+
+#include "dct4/records.hpp"
+
+namespace dct4::QSVG_ELEMENT {
+
+extern "C" {
+
+/** For each column c the analysis of g[j] = source[mirror(j; 2m, c)], where mirror(j; S, O) is S j
+ * + O, and S |j| - 1 - O for negative j: m real and m imaginary parts in each row of
+ * `destination`. */
+QsvStatus DCT4(env5_compute)(const env5* node, const Real* source, Real* destination);
+
+/** For each row b the rotations and the synthesis, to destination[mirror(j; 2n, b)]. */
+QsvStatus DCT4(env4_compute)(const env4* node, const Real* source, Real* destination);
+
+// Of one group of columns: `offset` is that of the source (O), `mirror` what the index of a
+// mirrored element and that of its image sum up to, less twice `offset` (2N - 1 - 2 O at the top),
+// `column` (Q) where the results begin.
+
+QsvStatus DCT4(env7_compute)(const env7* node, const Real* source, Real* destination,
+                             std::int32_t offset, std::int32_t mirror, std::int32_t column);
+
+/** The analyses of every factor-th value, to rows of the scratch vector of env7. */
+QsvStatus DCT4(env9_compute)(const env9* node, const Real* source, Real* scratch,
+                             std::int32_t offset, std::int32_t mirror, std::int32_t column);
+
+/** The DFTs behind them. */
+QsvStatus DCT4(env8_compute)(const env8* node, const Real* scratch, Real* destination,
+                             std::int32_t scratch_column, std::int32_t column);
+}
+
+}  // namespace dct4::QSVG_ELEMENT

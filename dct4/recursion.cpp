@@ -1,0 +1,85 @@
+#include "dct4/recursion.hpp"
+
+#include "dct4/analysis_of_columns.hpp"
+#include "dct4/compute.hpp"
+
+namespace dct4::QSVG_ELEMENT {
+namespace {
+
+template <int kRule>
+void analyse_parts(const env9& node, const Real* source, Real* scratch, const ColumnGroups& where) {
+    AnalysisOfColumns columns{source + where.offset, where.mirror, node.stride,
+                              scratch + where.column, node.step};
+    QSVG_WRITTEN_OUT_ONCE for (int r = 0; r < node.factor; ++r) {
+        analyse_batch<kRule>(columns, where.groups);
+        columns.source += node.parentStride;
+        columns.mirror -= 2 * node.parentStride;
+        columns.destination += node.parentStep;
+    }
+}
+
+void split_parts(const env9& node, const Real* source, Real* scratch, ColumnGroups where) {
+    const auto& child = *static_cast<const env7*>(EnvList_get(node.stage, 0));
+    QSVG_WRITTEN_OUT_ONCE for (int r = 0; r < node.factor; ++r) {
+        run_split(child, source, scratch, where);
+        where.offset += node.parentStride;
+        where.mirror -= 2 * node.parentStride;
+        where.column += node.parentStep;
+    }
+}
+
+}  // namespace
+
+QsvStatus run_split(const env7& node, const Real* source, Real* destination,
+                    const ColumnGroups& where) {
+    if (node.valid != 1) return qsvStatusBadPlan;
+    run_parts(*static_cast<const env9*>(EnvList_get(node.stage2, 0)), source, node.scratch, where);
+    run_dfts(*static_cast<const env8*>(EnvList_get(node.stage1, 0)), node.scratch, destination,
+             where);
+    return qsvStatusOk;
+}
+
+QsvStatus run_parts(const env9& node, const Real* source, Real* scratch,
+                    const ColumnGroups& where) {
+    switch (node.rule) {
+        case 1:
+            analyse_parts<1>(node, source, scratch, where);
+            break;
+        case 2:
+            analyse_parts<2>(node, source, scratch, where);
+            break;
+        case 3:
+            analyse_parts<3>(node, source, scratch, where);
+            break;
+        case 4:
+            analyse_parts<4>(node, source, scratch, where);
+            break;
+        case 5:
+            analyse_parts<5>(node, source, scratch, where);
+            break;
+        case 6:
+            analyse_parts<6>(node, source, scratch, where);
+            break;
+        case 7:
+            split_parts(node, source, scratch, where);
+            break;
+        default:
+            return qsvStatusBadPlan;
+    }
+    return qsvStatusOk;
+}
+
+extern "C" {
+
+QsvStatus DCT4(env7_compute)(const env7* node, const Real* source, Real* destination,
+                             std::int32_t offset, std::int32_t mirror, std::int32_t column) {
+    return run_split(*node, source, destination, {offset, mirror, column, 1});
+}
+
+QsvStatus DCT4(env9_compute)(const env9* node, const Real* source, Real* scratch,
+                             std::int32_t offset, std::int32_t mirror, std::int32_t column) {
+    return run_parts(*node, source, scratch, {offset, mirror, column, 1});
+}
+}
+
+}  // namespace dct4::QSVG_ELEMENT

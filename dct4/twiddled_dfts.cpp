@@ -1,0 +1,158 @@
+#include "dct4/batch.hpp"
+#include "dct4/bodies_of_dft.hpp"
+#include "dct4/compute.hpp"
+#include "dct4/recursion.hpp"
+
+namespace dct4::QSVG_ELEMENT {
+namespace {
+
+/** Places of a block in the table: pairs between the two levels of the longer DFTs, and the others.
+ */
+template <int kRule>
+struct TablePlaces {
+    static constexpr int kPoints = 1 << kRule;
+    static constexpr int kLevels = kRule < 4 ? 1 : 2;
+    static constexpr int kInner = kLevels == 1 ? 0 : 2 * 3 * (kPoints / 4);
+    static constexpr int kOuter = kLevels == 1 ? 2 * (kPoints - 1) : 2 * (kPoints / 4 - 1);
+};
+
+/** Vectors of a block: its rows, `row` elements each, and its part of the table. */
+template <int kRule, class Rows>
+struct BlockSource {
+    using Table = TablePlaces<kRule>;
+    static constexpr int kRows = 2 * Table::kPoints;
+
+    Rows rows;
+    const Real* inner;
+    const Real* outer;
+
+    Vector load(int place) const {
+        if (place < kRows) return rows.load(place);
+        place -= kRows;
+        if (place < Table::kInner) return QSVG_ELEMENT::load(inner + place * kLanes);
+        return QSVG_ELEMENT::load(outer + (place - Table::kInner) * kLanes);
+    }
+};
+
+/** Rows side by side in the scratch vector. */
+template <int kRow>
+struct AdjacentRows {
+    const Real* begin;
+    Vector load(int place) const { return QSVG_ELEMENT::load(begin + place * kRow); }
+};
+
+template <int kRule>
+class BlocksOfDfts {
+  public:
+    static constexpr int kPoints = 1 << kRule;
+    using Table = TablePlaces<kRule>;
+
+    BlocksOfDfts(const env8& node, const Real* scratch, Real* destination, int groups)
+        : node_(node),
+          scratch_(scratch),
+          destination_(destination),
+          groups_(groups),
+          inner_(node.table),
+          outer_(node.table + node.blocks * Table::kInner * kLanes) {}
+
+    void run() {
+        QSVG_WRITTEN_OUT_ONCE for (int block = 0; block < node_.blocks; ++block) {
+            if (node_.step == kTopRow)
+                transform_adjacent_rows();
+            else
+                transform_distant_rows();
+            spread_block(block);
+            scratch_ += node_.span;
+            inner_ += Table::kInner * kLanes;
+            outer_ += Table::kOuter * kLanes;
+        }
+    }
+
+  private:
+    /** Rows at the top of the recursion, in every plan. */
+    static constexpr int kTopRow = 32;
+
+    void transform_adjacent_rows() {
+        QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
+            const BlockSource<kRule, AdjacentRows<kTopRow>> source{
+                {scratch_ + i * kLanes}, inner_, outer_};
+            Dft<kRule>::run(source, out_.group(i));
+        }
+    }
+
+    void transform_distant_rows() {
+        Batch<2 * kPoints> in;
+        const Real* from = scratch_;
+        QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < 2 * kPoints; ++i) {
+            move_row(from, in.row(i), groups_);
+            from += node_.step;
+        }
+        QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
+            const BlockSource<kRule, typename Batch<2 * kPoints>::Group> source{in.group(i), inner_,
+                                                                                outer_};
+            Dft<kRule>::run(source, out_.group(i));
+        }
+    }
+
+    /** D[q] goes to row 2n'q + block, the conjugated D of the second half, from its end, to the
+     * rows that mirror these. */
+    void spread_block(int block) {
+        const std::int32_t between = 2 * node_.step * node_.quotient;
+        Real* forward = destination_ + 2 * node_.step * block;
+        Real* backward = destination_ + 2 * node_.step * (node_.quotient - 1 - block);
+        QSVG_WRITTEN_OUT_ONCE for (int q = 0; q < kPoints / 2; ++q) {
+            move_row(out_.row(2 * q), forward, groups_);
+            move_row(out_.row(2 * q + 1), forward + node_.step, groups_);
+            const int last = kPoints - 1 - q;
+            move_row(out_.row(2 * last), backward, groups_);
+            move_row(out_.row(2 * last + 1), backward + node_.step, groups_);
+            forward += between;
+            backward += between;
+        }
+    }
+
+    const env8& node_;
+    const Real* scratch_;
+    Real* destination_;
+    const int groups_;
+    const Real* inner_;
+    const Real* outer_;
+    Batch<2 * kPoints> out_;
+};
+
+QsvStatus transform_blocks(const env8& node, const Real* scratch, Real* destination, int groups) {
+    switch (node.rule) {
+        case 1:
+            BlocksOfDfts<1>(node, scratch, destination, groups).run();
+            break;
+        case 2:
+            BlocksOfDfts<2>(node, scratch, destination, groups).run();
+            break;
+        case 3:
+            BlocksOfDfts<3>(node, scratch, destination, groups).run();
+            break;
+        case 4:
+            BlocksOfDfts<4>(node, scratch, destination, groups).run();
+            break;
+        case 5:
+            BlocksOfDfts<5>(node, scratch, destination, groups).run();
+            break;
+        default:
+            return qsvStatusBadPlan;
+    }
+    return qsvStatusOk;
+}
+
+}  // namespace
+
+QsvStatus run_dfts(const env8& node, const Real* scratch, Real* destination,
+                   const ColumnGroups& where) {
+    return transform_blocks(node, scratch + where.column, destination + where.column, where.groups);
+}
+
+extern "C" QsvStatus DCT4(env8_compute)(const env8* node, const Real* scratch, Real* destination,
+                                        std::int32_t scratch_column, std::int32_t column) {
+    return transform_blocks(*node, scratch + scratch_column, destination + column, 1);
+}
+
+}  // namespace dct4::QSVG_ELEMENT
