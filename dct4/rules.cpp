@@ -22,7 +22,7 @@ std::int32_t DCT4(env1__chooseRule)(std::int32_t length) {
 }
 
 std::int32_t DCT4(env4__chooseRule)(std::int32_t factor) {
-    // The one rule counted from a factor of 1, which has a kernel here: 2 points for each factor.
+    // Rotations of one column have a kernel, too, so that the rules begin a factor earlier.
     if (factor == 1) return 1;
     const std::int32_t logarithm = rule_of(factor, 5, kNoRule);
     return logarithm == kNoRule ? kNoRule : logarithm + 1;

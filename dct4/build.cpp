@@ -1,0 +1,205 @@
+/**
+ * @file
+ * @brief How each node decides its rule and builds what is below it. Whatever a rule decides or
+ * takes is foretold in memory.cpp: whoever changes one changes both.
+ *
+ * A parent first takes its child's memory, and that of the child's coefficients right behind it;
+ * then it enters both in its lists, coefficients first; scratch is taken when all children stand.
+ */
+
+#include "dct4/construct.hpp"
+#include "dct4/operations.hpp"
+#include "dct4/tables.hpp"
+#include "plan/factor_choice.hpp"
+#include "plan/wrapping.hpp"
+
+namespace dct4::QSVG_ELEMENT {
+
+using plan::Wrapping;
+
+namespace {
+
+/** Enters a child that `children` owns into the list of the stage that runs it. */
+void add_child(EnvList* children, EnvList* stage, EnvObject* child) {
+    EnvList_add(stage, EnvList_add(children, child));
+}
+
+QsvStatus plan_only_child(EnvList* stage, QsvStatus (*plan)(EnvObject*)) {
+    return plan(EnvList_get(stage, 0)) == qsvStatusOk ? qsvStatusOk : qsvStatusBadLength;
+}
+
+QsvStatus split_root(env1* node) {
+    Arena* const arena = node->arena;
+    const std::int32_t length = node->length;
+    if (divisorsIntNonTriv(&node->factor, length / 2) != qsvStatusOk) return qsvStatusBadLength;
+    const std::int32_t factor = node->factor;
+    const std::int32_t twoFactor = 2 * factor;
+    const std::int32_t blocks = length / twoFactor;
+    const std::int32_t lastIndex = (Wrapping(2) * length - 1).value();
+    const std::int32_t subLength = length / factor;
+
+    auto* const stage_b = allocate<env2>(arena);
+    auto* const compose = allocate<envfCompose>(arena);
+    DCT4(envfCompose___init__)
+    (compose, arena, twoFactor, (Wrapping(8) * length).value(), blocks, factor, twoFactor);
+    EnvList_add(node->children, compose);
+    DCT4(env2___init__)
+    (stage_b, arena, factor, length, twoFactor, blocks, length, lastIndex, subLength, compose);
+    add_child(node->children, node->stage1, stage_b);
+    if (plan_only_child(node->stage1, DCT4(env2_plan)) != qsvStatusOk) return qsvStatusBadLength;
+
+    auto* const stage_a = allocate<env3>(arena);
+    DCT4(env3___init__)
+    (stage_a, arena, subLength, length, lastIndex, twoFactor, factor, length, factor);
+    add_child(node->children, node->stage2, stage_a);
+    if (plan_only_child(node->stage2, DCT4(env3_plan)) != qsvStatusOk) return qsvStatusBadLength;
+
+    node->scratch = allocate_array(arena, length);
+    return qsvStatusOk;
+}
+
+/** Continues env5 and env9 by an env7 where their analyses are too long for one kernel. */
+template <class Node>
+QsvStatus split_analyses(Node* node, std::int32_t stride, std::int32_t scratchLength,
+                         std::int32_t step) {
+    auto* const split = allocate<env7>(node->arena);
+    DCT4(env7___init__)
+    (split, node->arena, node->subLength, node->length, node->length2, stride, scratchLength, step);
+    add_child(node->children, node->stage, split);
+    return plan_only_child(node->stage, DCT4(env7_plan));
+}
+
+}  // namespace
+
+extern "C" {
+
+QsvStatus DCT4(env1_plan)(EnvObject* object) {
+    auto* const node = static_cast<env1*>(object);
+    node->rule = DCT4(env1__chooseRule)(node->length);
+    node->scratch = nullptr;
+    return node->rule == 6 ? split_root(node) : qsvStatusOk;
+}
+
+QsvStatus DCT4(env2_plan)(EnvObject* object) {
+    auto* const node = static_cast<env2*>(object);
+    node->valid = node->blocks % kLanes == 0 ? 1 : 0;
+    if (node->valid != 1) return qsvStatusBadLength;
+
+    Arena* const arena = node->arena;
+    const std::int32_t blocks = node->blocks / kLanes;
+    auto* const rotations = allocate<env4>(arena);
+    auto* const split = allocate<envfsplit>(arena);
+    *split = {{{DCT4(envfsplit___del__), sizeof(envfsplit)}, DCT4(envfsplit_at), arena},
+              node->twoFactor,
+              blocks,
+              node->coefficients};
+    EnvList_add(node->children, split);
+    rotations->destroy = DCT4(env4___del__);
+    rotations->size = sizeof(env4);
+    rotations->plan = DCT4(env4_plan);
+    rotations->arena = arena;
+    rotations->children = empty_list(arena);
+    rotations->factor = node->factor;
+    rotations->length = node->length;
+    rotations->twoFactor = node->twoFactor;
+    rotations->span = node->twoFactor * kLanes;
+    rotations->blocks = blocks;
+    rotations->length2 = node->length2;
+    rotations->lastIndex = node->lastIndex;
+    rotations->subLength = node->subLength;
+    rotations->coefficients = split;
+    add_child(node->children, node->stage, rotations);
+    if (plan_only_child(node->stage, DCT4(env4_plan)) != qsvStatusOk) return qsvStatusBadLength;
+    node->done = 0;
+    return qsvStatusOk;
+}
+
+QsvStatus DCT4(env3_plan)(EnvObject* object) {
+    auto* const node = static_cast<env3*>(object);
+    node->valid = node->inner % kLanes == 0 ? 1 : 0;
+    if (node->valid != 1) return qsvStatusBadLength;
+
+    auto* const analyses = allocate<env5>(node->arena);
+    DCT4(env5___init__)
+    (analyses, node->arena, node->subLength, node->length, node->lastIndex, node->twoFactor,
+     node->inner / kLanes, node->length2, node->factor);
+    add_child(node->children, node->stage, analyses);
+    if (plan_only_child(node->stage, DCT4(env5_plan)) != qsvStatusOk) return qsvStatusBadLength;
+    node->done = 0;
+    return qsvStatusOk;
+}
+
+QsvStatus DCT4(env4_plan)(EnvObject* object) {
+    auto* const node = static_cast<env4*>(object);
+    node->rule = DCT4(env4__chooseRule)(node->factor);
+    if (node->rule == 0) return qsvStatusBadLength;
+    const std::int32_t bytes = env4_table_bytes(node->factor, node->blocks);
+    node->table =
+        static_cast<Real*>(qsvgArenaMalloc(node->arena, static_cast<std::uint32_t>(bytes)));
+    fill_table(*node);
+    return qsvStatusOk;
+}
+
+QsvStatus DCT4(env5_plan)(EnvObject* object) {
+    auto* const node = static_cast<env5*>(object);
+    node->rule = DCT4(env5__chooseRule)(node->subLength);
+    if (node->rule == 7 &&
+        split_analyses(node, node->twoFactor, node->length, node->factor) != qsvStatusOk)
+        return qsvStatusBadLength;
+    node->done = 0;
+    return qsvStatusOk;
+}
+
+QsvStatus DCT4(env7_plan)(EnvObject* object) {
+    auto* const node = static_cast<env7*>(object);
+    node->valid = 1;
+    const std::int32_t points = node->subLength;
+    if (divisorsIntNonTriv(&node->factor, points / 2) != qsvStatusOk) return qsvStatusBadLength;
+    const std::int32_t factor = node->factor;
+    Arena* const arena = node->arena;
+
+    auto* const twiddles = allocate<env8>(arena);
+    auto* const lambda = allocate<envlambda>(arena);
+    EnvList_add(node->children, DCT4(envlambda___init__)(lambda, arena, points, factor));
+    DCT4(env8___init__)
+    (twiddles, arena, factor, node->scratchLength, node->step,
+     (Wrapping(2) * factor * node->step).value(), points / (2 * factor), node->scratchLength,
+     points / 2, points - 1, node->step, points / factor, lambda);
+    add_child(node->children, node->stage1, twiddles);
+    if (plan_only_child(node->stage1, DCT4(env8_plan)) != qsvStatusOk) return qsvStatusBadLength;
+
+    auto* const analyses = allocate<env9>(arena);
+    DCT4(env9___init__)
+    (analyses, arena, points / factor, node->length, node->length2,
+     (Wrapping(factor) * node->stride).value(), node->stride, factor, node->scratchLength,
+     (Wrapping(factor) * node->step).value(), node->step);
+    add_child(node->children, node->stage2, analyses);
+    if (plan_only_child(node->stage2, DCT4(env9_plan)) != qsvStatusOk) return qsvStatusBadLength;
+
+    node->scratch = allocate_array(arena, node->scratchLength);
+    return qsvStatusOk;
+}
+
+QsvStatus DCT4(env8_plan)(EnvObject* object) {
+    auto* const node = static_cast<env8*>(object);
+    node->rule = DCT4(env8__chooseRule)(node->factor);
+    if (node->rule == 0) return qsvStatusBadLength;
+    const std::int32_t bytes = env8_table_bytes(node->factor, node->blocks);
+    node->table =
+        static_cast<Real*>(qsvgArenaMalloc(node->arena, static_cast<std::uint32_t>(bytes)));
+    fill_table(*node);
+    return qsvStatusOk;
+}
+
+QsvStatus DCT4(env9_plan)(EnvObject* object) {
+    auto* const node = static_cast<env9*>(object);
+    node->rule = DCT4(env9__chooseRule)(node->subLength);
+    if (node->rule == 7 &&
+        split_analyses(node, node->stride, node->scratchLength, node->step) != qsvStatusOk)
+        return qsvStatusBadLength;
+    node->done = 0;
+    return qsvStatusOk;
+}
+}
+
+}  // namespace dct4::QSVG_ELEMENT

@@ -1,0 +1,67 @@
+/** @file @brief The exported functions that size, make and destroy plans. */
+
+#include "dct4/construct.hpp"
+#include "dct4/operations.hpp"
+#include "plan/wrapping.hpp"
+#include "platform/qsvcore.h"
+
+namespace {
+
+using namespace dct4::QSVG_ELEMENT;
+
+/** Where the first block goes: behind the bump pointer and some reserve, on a 32-byte boundary. The
+ *  remainder is that of the address as a signed number, so that it is negative in the upper half of
+ *  the address space and the reserve longer there. */
+std::uint32_t arena_start(const Arena* arena) {
+    const auto head = reinterpret_cast<std::uint32_t>(arena);
+    return head + 64U - static_cast<std::uint32_t>(static_cast<std::int32_t>(head) % 32);
+}
+
+}  // namespace
+
+extern "C" {
+
+QsvStatus EXPORTED(DCT4GetSize)(std::int32_t length, std::int32_t* size) {
+    const std::int32_t need = DCT4(env1_mem)(length);
+    if (need < 0) return qsvStatusBadLength;
+    const auto reserve = static_cast<std::int32_t>(2 * qsvgAlignSize32Bytes(1));
+    *size = (plan::Wrapping(need) + reserve).value();
+    return qsvStatusOk;
+}
+
+QsvStatus EXPORTED(DCT4Init)(Plan** plan, std::int32_t length, std::uint8_t* buffer) {
+    if (plan == nullptr || buffer == nullptr) return qsvStatusNullPointer;
+    auto* const arena = reinterpret_cast<Arena*>(buffer);
+    arena->bump = arena_start(arena);
+    env1* const root = DCT4(env1___init__)(allocate<env1>(arena), arena, length);
+    const QsvStatus status = DCT4(env1_plan)(root);
+    if (status != qsvStatusOk) {
+        DCT4(env1___del__)(root);
+        qsvgArenaFree(arena, root, sizeof(env1));
+        return status;
+    }
+    *plan = reinterpret_cast<Plan*>(root);
+    return qsvStatusOk;
+}
+
+QsvStatus EXPORTED(DCT4InitAlloc)(Plan** plan, std::int32_t length) {
+    if (plan == nullptr) return qsvStatusNullPointer;
+    std::int32_t size = 0;
+    const QsvStatus supported = EXPORTED(DCT4GetSize)(length, &size);
+    if (supported != qsvStatusOk) return supported;
+    auto* const buffer = static_cast<std::uint8_t*>(qsvMalloc(size));
+    const QsvStatus status = EXPORTED(DCT4Init)(plan, length, buffer);
+    if (status != qsvStatusOk) qsvFree(buffer);
+    return status;
+}
+
+QsvStatus EXPORTED(DCT4Free)(Plan* plan) {
+    if (plan == nullptr) return qsvStatusNullPointer;
+    auto* const root = reinterpret_cast<env1*>(plan);
+    Arena* const arena = root->arena;
+    DCT4(env1___del__)(root);
+    qsvgArenaFree(arena, root, sizeof(env1));
+    qsvFree(arena);
+    return qsvStatusOk;
+}
+}

@@ -1,0 +1,96 @@
+#include "dct4/tables.hpp"
+
+#include "dct4/operations.hpp"
+#include "plan/sine_cosine.hpp"
+#include "plan/wrapping.hpp"
+
+namespace dct4::QSVG_ELEMENT {
+
+using plan::Wrapping;
+
+namespace {
+
+constexpr std::int32_t kSlotBytes = sizeof(Vector);
+
+/** Appends whole vectors to a table, as its reader takes them. */
+class SlotWriter {
+  public:
+    explicit SlotWriter(Real* table) : next_(table) {}
+
+    void put(Vector slot) {
+        store(next_, slot);
+        next_ += kLanes;
+    }
+
+    void put_cosine_and_sine(Real multiple_of_pi) {
+        put(in_all_lanes(EXPORTED(CosPi)(multiple_of_pi)));
+        put(in_all_lanes(EXPORTED(SinPi)(multiple_of_pi)));
+    }
+
+  private:
+    Real* next_;
+};
+
+/** Column pair of the `t`-th group: ascending, but for 32 columns in the order of the digits of
+ *  their kernel, whose inner part takes every fourth column. */
+std::int32_t pair_of_group(std::int32_t factor, std::int32_t t) {
+    return factor == 32 ? 16 * (t % 2) + 4 * (t / 2 % 4) + t / 8 : t;
+}
+
+Vector rotation_slot(const envfsplit& rotations, std::int32_t block, std::int32_t column) {
+    alignas(Vector) Real lanes[kLanes];
+    for (std::int32_t lane = 0; lane < kLanes; ++lane)
+        lanes[lane] = rotations.at(&rotations, block, lane, column);
+    return load(lanes);
+}
+
+}  // namespace
+
+std::int32_t env4_table_bytes(std::int32_t factor, std::int32_t blocks) {
+    return (Wrapping(2 * kSlotBytes) * factor * blocks).value();
+}
+
+void fill_table(const env4& node) {
+    const envfsplit& rotations = *node.coefficients;
+    SlotWriter table(node.table);
+    for (std::int32_t block = 0; block < node.blocks; ++block) {
+        const auto put_column = [&](std::int32_t index) {
+            table.put(rotation_slot(rotations, block, index));
+            table.put(rotation_slot(rotations, block, index + 1));
+        };
+        if (node.factor == 1) put_column(0);
+        for (std::int32_t t = 0; t < node.factor / 2; ++t) {
+            const std::int32_t first = 2 * pair_of_group(node.factor, t);
+            put_column(first);
+            put_column(2 * node.factor - 2 - first);
+        }
+    }
+}
+
+std::int32_t env8_table_bytes(std::int32_t factor, std::int32_t blocks) {
+    return ((Wrapping(2) * factor - 2) * kSlotBytes * blocks).value();
+}
+
+void fill_table(const env8& node) {
+    const envlambda& angles = *node.coefficients;
+    SlotWriter table(node.table);
+    // Factors of 16 and 32 are split in two, 4 and then the rest, with the angles of each apart.
+    const bool two_stages = node.factor > 8;
+    const std::int32_t outer = two_stages ? node.factor / 4 : node.factor;
+    for (std::int32_t block = 0; two_stages && block < node.blocks; ++block) {
+        const Real lambda = owng_TFunc_IIIR_at(&angles, block, 0, 0);
+        for (std::int32_t k = 0; k < outer; ++k) {
+            const double angle = static_cast<double>(lambda + static_cast<Real>(k)) / outer;
+            for (std::int32_t m = 1; m < 4; ++m)
+                table.put_cosine_and_sine(static_cast<Real>(angle * (0.5 * m)));
+        }
+    }
+    for (std::int32_t block = 0; block < node.blocks; ++block) {
+        const Real lambda = owng_TFunc_IIIR_at(&angles, block, 0, 0);
+        for (std::int32_t m = 1; m < outer; ++m)
+            table.put_cosine_and_sine(lambda *
+                                      (static_cast<Real>(2 * m) / static_cast<Real>(outer)));
+    }
+}
+
+}  // namespace dct4::QSVG_ELEMENT
