@@ -22,6 +22,7 @@ struct FftwSingle {
 
     static void Execute(Plan plan) { fftwf_execute(plan); }
     static void DestroyPlan(Plan plan) { fftwf_destroy_plan(plan); }
+    static void SetTimeLimit(double seconds) { fftwf_set_timelimit(seconds); }
     static std::string Version() { return fftwf_version; }
 };
 
@@ -37,6 +38,7 @@ struct FftwDouble {
 
     static void Execute(Plan plan) { fftw_execute(plan); }
     static void DestroyPlan(Plan plan) { fftw_destroy_plan(plan); }
+    static void SetTimeLimit(double seconds) { fftw_set_timelimit(seconds); }
     static std::string Version() { return fftw_version; }
 };
 

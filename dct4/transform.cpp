@@ -15,8 +15,11 @@ namespace {
 }
 
 }  // namespace
+}  // namespace dct4::QSVG_ELEMENT
 
-extern "C" QsvStatus EXPORTED(DCT4)(const Real* src, Real* dst, Plan* plan) {
+using namespace dct4::QSVG_ELEMENT;
+
+QsvStatus EXPORTED(DCT4)(const Real* src, Real* dst, Plan* plan) {
     if (plan == nullptr || src == nullptr || dst == nullptr) return qsvStatusNullPointer;
     const auto& root = *reinterpret_cast<const env1*>(plan);
     switch (root.rule) {
@@ -43,5 +46,3 @@ extern "C" QsvStatus EXPORTED(DCT4)(const Real* src, Real* dst, Plan* plan) {
     }
     return qsvStatusOk;
 }
-
-}  // namespace dct4::QSVG_ELEMENT

@@ -1,0 +1,136 @@
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "batch_clock.hpp"
+#include "dct4_comparison.hpp"
+#include "environment.hpp"
+#include "fftw_peer.hpp"
+
+namespace bench {
+namespace {
+
+const char* const kUsage =
+    "usage: bench_dct4 [OPTION]...\n"
+    "\n"
+    "Times the DCT-IV of powers of two side by side with FFTW's REDFT11 and with what is composed\n"
+    "of FFTW's complex DFT of half the length and two loops of products.\n"
+    "\n"
+    "  --quick          fewer rounds and FFTW_MEASURE: a first look, not a result\n"
+    "  --library=FILE   the build to measure, instead of the one built with this program\n"
+    "  --out=STEM       write STEM.json\n"
+    "  --help           this text\n";
+
+#ifdef __clang__
+constexpr const char* kOwnCompiler = __VERSION__;
+#else
+constexpr const char* kOwnCompiler = "GCC " __VERSION__;
+#endif
+
+using Ratio = double (Dct4Comparison::*)() const;
+
+double GeometricMean(const std::vector<Dct4Comparison>& comparisons, const std::string& type,
+                     Ratio ratio) {
+    double sum_of_logs = 0;
+    int count = 0;
+    for (const Dct4Comparison& c : comparisons) {
+        if (c.type != type) continue;
+        sum_of_logs += std::log((c.*ratio)());
+        ++count;
+    }
+    return std::exp(sum_of_logs / count);
+}
+
+void PrintTable(const std::vector<Dct4Comparison>& comparisons, double per_nanosecond) {
+    std::cout << "\nRatios above 1: ours is faster.\n\n"
+                 "type  length     ours ns  REDFT11 ns  composed ns  REDFT11/ours  composed/ours\n"
+              << std::fixed;
+    for (const Dct4Comparison& c : comparisons) {
+        std::cout << std::setw(4) << c.type << std::setw(8) << c.length << std::setprecision(1)
+                  << std::setw(12) << c.ours / per_nanosecond << std::setw(12)
+                  << c.redft11 / per_nanosecond << std::setw(13) << c.composed / per_nanosecond
+                  << std::setprecision(2) << std::setw(14) << c.Redft11Ratio() << std::setw(15)
+                  << c.ComposedRatio() << '\n';
+    }
+    std::cout << "\nGeometric means over all lengths:\n" << std::setprecision(3);
+    for (const char* type : {"32f", "64f"}) {
+        std::cout << "  " << type << "  REDFT11 / ours "
+                  << GeometricMean(comparisons, type, &Dct4Comparison::Redft11Ratio)
+                  << "  composed / ours "
+                  << GeometricMean(comparisons, type, &Dct4Comparison::ComposedRatio) << '\n';
+    }
+}
+
+void WriteJson(const std::string& path, const std::vector<Dct4Comparison>& comparisons,
+               double per_nanosecond) {
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    if (!folder.empty()) std::filesystem::create_directories(folder);
+    std::ofstream out(path);
+    out << std::fixed << std::setprecision(4) << "{\n  \"results\": [";
+    const char* separator = "";
+    for (const Dct4Comparison& c : comparisons) {
+        out << separator << "\n    {\"type\": \"" << c.type << "\", \"length\": " << c.length
+            << ", \"ours_ns\": " << c.ours / per_nanosecond
+            << ", \"redft11_ns\": " << c.redft11 / per_nanosecond
+            << ", \"composed_ns\": " << c.composed / per_nanosecond << '}';
+        separator = ",";
+    }
+    out << "\n  ]\n}\n";
+    if (!out.flush()) throw std::runtime_error("cannot write '" + path + "'");
+}
+
+int Main(int argc, char** argv) {
+    std::string library = DEFAULT_LIBRARY;
+    std::string out;
+    bool quick = false;
+    const std::pair<std::string_view, std::string*> texts[] = {{"--library=", &library},
+                                                               {"--out=", &out}};
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        bool known = argument == "--quick";
+        quick = quick || known;
+        if (argument == "--help") {
+            std::cout << kUsage;
+            return 0;
+        }
+        for (const auto& [name, text] : texts) {
+            if (!argument.starts_with(name)) continue;
+            *text = argument.substr(name.size());
+            known = true;
+        }
+        if (!known) throw std::invalid_argument("unknown option '" + std::string(argument) + "'");
+    }
+
+    const TransformLibrary ours(library);
+    std::cout << "cpu             " << CpuName() << "\npinned          "
+              << (AllowedCpus() == 1 ? "yes" : "no") << "\nours            " << ours.path()
+              << "\nours built by   " << ours.Compiler() << "\npeer            "
+              << FftwSingle::Version() << "\nloops built by  " << kOwnCompiler << ", -O3\n";
+    if (quick) std::cout << "rounds          few: a first look, not a result\n";
+    const TscRate tsc_rate;
+    const std::vector<Dct4Comparison> comparisons = CompareDct4(ours, quick);
+    const double per_nanosecond = tsc_rate.CyclesPerNanosecond();
+    PrintTable(comparisons, per_nanosecond);
+    if (!out.empty()) WriteJson(out + ".json", comparisons, per_nanosecond);
+    return 0;
+}
+
+}  // namespace
+}  // namespace bench
+
+int main(int argc, char** argv) {
+    try {
+        return bench::Main(argc, argv);
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "bench_dct4: " << error.what() << '\n' << bench::kUsage;
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << "bench_dct4: " << error.what() << '\n';
+        return 1;
+    }
+}
