@@ -1,0 +1,19 @@
+#pragma once
+
+/** @file @brief A platform core library that counts, and can refuse. */
+
+#include <cstdint>
+#include <vector>
+
+namespace qsvgen_test {
+
+struct PlatformCore {
+    bool refuses = false;
+    std::vector<std::int32_t> sizes;  ///< asked for
+    std::vector<void*> blocks;        ///< handed out
+    std::vector<void*> freed;
+};
+
+PlatformCore& platform_core();
+
+}  // namespace qsvgen_test
