@@ -21,7 +21,7 @@ struct AnalysisOfColumns {
     std::int32_t spacing;
 };
 
-/** Of up to kBatch groups of columns, whatever the strides are. */
+/** Of one to kBatch groups of columns, whatever the strides are. */
 template <int kRule>
 [[gnu::always_inline]] inline void analyse_batch(const AnalysisOfColumns& columns, int groups) {
     constexpr int kPlaces = 1 << kRule;
@@ -36,8 +36,9 @@ template <int kRule>
         forward += columns.stride;
         backward += columns.stride;
     }
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups; ++i)
-        Analysis<kRule>::run(in.group(i), out.group(i));
+    int group = 0;
+    do Analysis<kRule>::run(in.group(group), out.group(group));
+    while (++group < groups);
     Real* to = columns.destination;
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < kPlaces; ++i) {
         move_row(out.row(i), to, groups);

@@ -63,11 +63,12 @@ void expect_no_fault(std::int32_t length, std::size_t size) {
             Real* const dst = array_at(destination, to, size);
             std::memcpy(static_cast<void*>(src), x.data(), size * sizeof(Real));
             Plan* const plan = plan_of(plan_for(length));
-            EXPECT_FALSE(catcher.faults([&] { EXPORTED(DCT4)
-                                              (src, dst, plan); }))
-                << "length " << length << ", source at its "
-                << (from == Stand::AtBegin ? "begin" : "end") << ", destination at its "
-                << (to == Stand::AtBegin ? "begin" : "end");
+            EXPECT_FALSE(catcher.faults([&] {
+                EXPORTED(DCT4)
+                (src, dst, plan);
+            })) << "length "
+                << length << ", source at its " << (from == Stand::AtBegin ? "begin" : "end")
+                << ", destination at its " << (to == Stand::AtBegin ? "begin" : "end");
         }
     }
 }
@@ -107,9 +108,11 @@ TEST(Dct4Memory, AShortPlanIsOnlyRead) {
         plan.pages().allow(Access::Read);
         const Signal x = random_signal<E>(word(length), 6);
         Signal y(x.size());
-        EXPECT_FALSE(catcher.faults([&] { EXPORTED(DCT4)
-                                          (x.data(), y.data(), plan.plan()); }))
-            << "length " << length;
+        EXPECT_FALSE(catcher.faults([&] {
+            EXPORTED(DCT4)
+            (x.data(), y.data(), plan.plan());
+        })) << "length "
+            << length;
         EXPECT_TRUE(same_bits<E>(transformed(x), y)) << "length " << length;
     }
 }
