@@ -9,13 +9,15 @@
  * a line, are worked on at a time: each line is read or written as a whole, once.
  */
 
+#include <utility>
+
 #include "core/passes.hpp"
 #include "dct4/element.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 
-/** Groups whose vectors fill a cache line. */
-constexpr int kBatch = 4;
+/** Groups whose vectors fill two cache lines, which processors fetch in pairs. */
+constexpr int kBatch = 8;
 constexpr int kBatchElements = kBatch * kLanes;
 
 /** As many vectors as there are groups, for each place of a body. */
@@ -38,19 +40,19 @@ class Batch {
     alignas(64) Real rows_[kPlaces][kBatchElements];
 };
 
+template <class Move, int... kIndices>
+[[gnu::always_inline]] inline void for_each_group(int groups, const Move& move,
+                                                  std::integer_sequence<int, kIndices...>) {
+    if (groups == kBatch)
+        (move(kIndices), ...);
+    else
+        (void)((kIndices < groups && (move(kIndices), true)) && ...);
+}
+
 /** `move(i)` for each group's vector of a row. Not a loop, which compilers take for memcpy. */
 template <class Move>
 [[gnu::always_inline]] inline void for_each_group(int groups, const Move& move) {
-    static_assert(kBatch == 4);
-    move(0);
-    if (groups == kBatch) {
-        move(1);
-        move(2);
-        move(3);
-        return;
-    }
-    if (groups > 1) move(1);
-    if (groups > 2) move(2);
+    for_each_group(groups, move, std::make_integer_sequence<int, kBatch>());
 }
 
 /** A row of the caller's array, which stands at any boundary. */

@@ -82,9 +82,9 @@ void synthesise_direct(const env4& node, const Real* source, Real* destination) 
     }
 }
 
-/** Rows this far apart, which the plans of 64 to 2048 points have, are addressed by constants. */
+/** Rows this far apart, which the plans of 64 to 4096 points have, are addressed by constants. */
 constexpr bool is_direct(int rule, int stride) {
-    return rule >= 4 && stride >= 8 && (stride == 1 << rule || stride == (1 << rule) / 2);
+    return rule == 6 ? stride >= 32 && stride <= 128 : rule >= 4 && stride >= 8 && stride <= 16;
 }
 
 template <int kRule>

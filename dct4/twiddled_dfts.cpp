@@ -41,6 +41,24 @@ struct AdjacentRows {
     Vector load(int place) const { return QSVG_ELEMENT::load(begin + place * kRow); }
 };
 
+/** Straight to the destination: D[q] to row q, the conjugated D of the second half from its end. */
+template <int kRule, int kRow, int kBetween>
+struct DirectRows {
+    static constexpr int kHalf = (1 << kRule) / 2;
+
+    Real* forward;
+    Real* backward;
+
+    void store(int place, Vector v) const {
+        const int t = place / 2;
+        const int part = place % 2 * kRow;
+        if (t < kHalf)
+            QSVG_ELEMENT::store(forward + t * kBetween + part, v);
+        else
+            QSVG_ELEMENT::store(backward + (2 * kHalf - 1 - t) * kBetween + part, v);
+    }
+};
+
 template <int kRule>
 class BlocksOfDfts {
   public:
@@ -57,11 +75,15 @@ class BlocksOfDfts {
 
     void run() {
         QSVG_WRITTEN_OUT_ONCE for (int block = 0; block < node_.blocks; ++block) {
-            if (node_.step == kTopRow)
-                transform_adjacent_rows();
-            else
-                transform_distant_rows();
-            spread_block(block);
+            if (kIsDirect && node_.step == kTopRow && node_.quotient == kTopQuotient) {
+                transform_direct(block);
+            } else {
+                if (node_.step == kTopRow)
+                    transform_adjacent_rows();
+                else
+                    transform_distant_rows();
+                spread_block(block);
+            }
             scratch_ += node_.span;
             inner_ += Table::kInner * kLanes;
             outer_ += Table::kOuter * kLanes;
@@ -71,6 +93,21 @@ class BlocksOfDfts {
   private:
     /** Rows at the top of the recursion, in every plan. */
     static constexpr int kTopRow = 32;
+    static constexpr int kTopQuotient = 16;
+    static constexpr bool kIsDirect = kRule == 3;
+
+    void transform_direct(int block) {
+        DirectRows<kRule, kTopRow, 2 * kTopRow * kTopQuotient> rows{
+            destination_ + 2 * kTopRow * block,
+            destination_ + 2 * kTopRow * (kTopQuotient - 1 - block)};
+        QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
+            const BlockSource<kRule, AdjacentRows<kTopRow>> source{
+                {scratch_ + i * kLanes}, inner_, outer_};
+            Dft<kRule>::run(source, rows);
+            rows.forward += kLanes;
+            rows.backward += kLanes;
+        }
+    }
 
     void transform_adjacent_rows() {
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
