@@ -36,9 +36,8 @@ template <int kRule>
         forward += columns.stride;
         backward += columns.stride;
     }
-    int group = 0;
-    do Analysis<kRule>::run(in.group(group), out.group(group));
-    while (++group < groups);
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups; ++i)
+        Analysis<kRule>::run(in.group(i), out.group(i));
     Real* to = columns.destination;
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < kPlaces; ++i) {
         move_row(out.row(i), to, groups);

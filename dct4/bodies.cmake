@@ -38,6 +38,10 @@ foreach(element 32f 64f)
     target_compile_options(dct4_compute_${element}
                            PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endforeach()
+# Seven percent off the time from 1024 points on: bodies of hundreds of vectors gain nothing by it.
+set_source_files_properties(
+    recursion.cpp stage_a.cpp stage_b.cpp transform.cpp twiddled_dfts.cpp
+    PROPERTIES COMPILE_OPTIONS "$<$<CXX_COMPILER_ID:GNU>:-fno-live-range-shrinkage>")
 # Both need what one command makes.
 add_custom_target(dct4_bodies DEPENDS ${bodies_32f} ${bodies_64f})
 add_dependencies(dct4_compute_32f dct4_bodies)

@@ -84,20 +84,29 @@ void synthesise_direct(const env4& node, const Real* source, Real* destination) 
 
 /** Rows this far apart, which the plans of 64 to 4096 points have, are addressed by constants. */
 constexpr bool is_direct(int rule, int stride) {
-    return rule == 6 ? stride >= 32 && stride <= 128 : rule >= 4 && stride >= 8 && stride <= 16;
+    const int points = 1 << rule;
+    return rule >= 4 && (stride == points || stride == points / 2 || (rule == 6 && stride == 128));
 }
 
 template <int kRule>
 void synthesise(const env4& node, const Real* source, Real* destination) {
-    constexpr int kPoints = 1 << kRule;
     const std::int32_t stride = node.subLength;
-    const bool mirrored_exactly = node.lastIndex + 1 == kPoints * stride;
-    if constexpr (is_direct(kRule, kPoints)) {
-        if (mirrored_exactly && node.twoFactor == kPoints && stride == kPoints)
-            return synthesise_direct<kRule, kPoints>(node, source, destination);
-        if (mirrored_exactly && node.twoFactor == kPoints && stride == kPoints / 2)
-            return synthesise_direct<kRule, kPoints / 2>(node, source, destination);
-    }
+    const bool is_plain =
+        node.lastIndex + 1 == (1 << kRule) * stride && node.twoFactor == 1 << kRule;
+    // Each where it may be the stride of this rule.
+    const auto direct = [&]<int kStride>() {
+        if constexpr (is_direct(kRule, kStride)) {
+            if (is_plain && stride == kStride) {
+                synthesise_direct<kRule, kStride>(node, source, destination);
+                return true;
+            }
+        }
+        return false;
+    };
+    if (direct.template operator()<8>() || direct.template operator()<16>() ||
+        direct.template operator()<32>() || direct.template operator()<64>() ||
+        direct.template operator()<128>())
+        return;
     synthesise_batches<kRule>(node, source, destination);
 }
 

@@ -329,4 +329,33 @@ TEST(Emission, ASelectionOfPairsThatNoInstructionMakesIsRefused) {
         EXPECT_THROW(shuffle_of_pairs(s, false), std::logic_error) << testing::PrintToString(s);
 }
 
+TEST(Emission, BetweenPlacesALoadAndAStoreNameTheVectorsNumber) {
+    Graph g;
+    const Ref x = g.load(kVector, 8);
+    const Ref y = g.load(kVector, 4);
+    g.store(g.add(x, y), 12);
+    const auto body = kernelgen::emit_between_places(g, kernelgen::source_order(g));
+    EXPECT_EQ(body.statements,
+              "    const __m128 v0 = x.load(2);\n"
+              "    const __m128 v1 = x.load(1);\n"
+              "    const __m128 v2 = _mm_add_ps(v0, v1);\n"
+              "    y.store(3, v2);\n");
+    Graph pairs;
+    pairs.store(pairs.load(kPair, 6), 2);
+    EXPECT_EQ(kernelgen::emit_between_places(pairs, kernelgen::source_order(pairs)).statements,
+              "    const __m128d v0 = x.load(3);\n"
+              "    y.store(1, v0);\n");
+}
+
+TEST(Emission, OnlyWholeVectorsHavePlaces) {
+    Graph half;
+    half.store_low(half.load(kVector, 0), 0);
+    EXPECT_THROW(kernelgen::emit_between_places(half, kernelgen::source_order(half)),
+                 std::logic_error);
+    Graph scalar;
+    scalar.store(scalar.load(Type::Binary32, 0), 0);
+    EXPECT_THROW(kernelgen::emit_between_places(scalar, kernelgen::source_order(scalar)),
+                 std::logic_error);
+}
+
 }  // namespace

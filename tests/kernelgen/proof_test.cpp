@@ -124,6 +124,16 @@ TEST(Proof, ConversionsDoNotRoundInIt) {
     EXPECT_NO_THROW(kernelgen::prove("wide", g, 1, 1, sine));
 }
 
+TEST(Proof, WhatStandsBehindTheInputsIsATableAndNoInput) {
+    Graph g;
+    const Ref x = g.load(Type::Binary32, 0);
+    g.store(g.add(g.mul(x, g.load(Type::Binary32, 2)), g.load(Type::Binary32, 1)), 0);
+    const auto sum = [](int, int column) { return column == 0 ? kSine.value() : Wide(1); };
+    EXPECT_NO_THROW(kernelgen::prove("by a table", g, 2, 1, sum, {kSine.value()}));
+    EXPECT_THROW(kernelgen::prove("by another", g, 2, 1, sum, {kSine.value() / 2}),
+                 std::runtime_error);
+}
+
 TEST(Proof, ItsMessageNamesTheKernelAndTheDeviation) {
     try {
         kernelgen::prove("some_kernel", kernel(Damage::Constant), 8, 8, definition);

@@ -120,6 +120,22 @@ TEST(Schedule, NoLoadStandsBehindAStoreToItsElements) {
     }
 }
 
+// A loop whose arrays never meet may store before it loads.
+TEST(Schedule, LoadsWaitForNoStoreWhereArraysAreApart) {
+    Graph g;
+    g.keep_arrays_apart();
+    const Ref first = g.load(Type::Binary32x4, 0);
+    const Ref second = g.load(Type::Binary32x4, 4);
+    g.store(g.add(first, first), 4);
+    g.store(g.add(second, second), 0);
+    for (const Method& method : methods()) {
+        const Order order = method.order(g);
+        const auto place = [&](NodeId id) { return std::find(order.begin(), order.end(), id); };
+        const auto store = std::min(place(g.stores()[0]), place(g.stores()[1]));
+        EXPECT_LT(store, std::max(place(first.id), place(second.id))) << method.name;
+    }
+}
+
 TEST(Schedule, LoadsStandJustBeforeTheirFirstUseOrAStoreToTheirElements) {
     for_all_orders([](const Graph& g, const Order& order, const Method& method) {
         if (!method.loads_late) return;

@@ -1,0 +1,12 @@
+# The bodies of the DCT-IV are those of the manifest under version control.
+#
+# cmake -D DESCRIBE=<program> -D MANIFEST=<file> -D MADE=<scratch file> -P manifest_test.cmake
+cmake_minimum_required(VERSION 3.25)
+
+execute_process(COMMAND ${DESCRIBE} --manifest ${MADE} COMMAND_ERROR_IS_FATAL ANY)
+file(STRINGS ${MANIFEST} checked_in)
+file(STRINGS ${MADE} made)
+if(NOT checked_in STREQUAL made)
+    message(FATAL_ERROR "The bodies differ from ${MANIFEST}: compare it with ${MADE}.\n"
+                        "If the change is meant, write the manifest anew by scripts/manifest")
+endif()
