@@ -1,0 +1,175 @@
+/** @file @brief Making and destroying plans: what is refused, what is allocated, what is left. */
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <thread>
+
+#include "support/plan_buffer.hpp"
+#include "support/platform_core.hpp"
+
+namespace qsvgen_test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr std::array<std::int32_t, 12> kRefused = {
+    0, 1, -1, 3, 5, 6, 7, 48, 192, -64, INT32_MIN, kSingle ? 1 << 27 : 1 << 26};
+
+/** Those of them that Init can look at in a buffer of some kilobytes. */
+constexpr std::array<std::int32_t, 11> kRefusedByInit = {0, 1,  -1,  3,   5,        6,
+                                                         7, 48, 192, -64, INT32_MIN};
+
+class Lifecycle : public testing::Test {
+  protected:
+    Lifecycle() { core() = PlatformCore(); }
+    ~Lifecycle() override {
+        for (void* block : core().blocks) std::free(block);
+        core() = PlatformCore();
+    }
+
+    static PlatformCore& core() { return platform_core(); }
+    static Plan* marked() { return reinterpret_cast<Plan*>(0x1234); }
+
+    static void expect_no_traffic() {
+        EXPECT_TRUE(core().sizes.empty());
+        EXPECT_TRUE(core().freed.empty());
+    }
+};
+
+TEST_F(Lifecycle, InitRefusesNullPointersBeforeItLooksAtTheLength) {
+    Bytes buffer(4096, 0xA5);
+    const Bytes before = buffer;
+    for (const std::int32_t length : {64, 2, 48, -1}) {
+        Plan* plan = marked();
+        EXPECT_EQ(-8, EXPORTED(DCT4Init)(nullptr, length, buffer.data()));
+        EXPECT_EQ(-8, EXPORTED(DCT4Init)(&plan, length, nullptr));
+        EXPECT_EQ(-8, EXPORTED(DCT4Init)(nullptr, length, nullptr));
+        EXPECT_EQ(marked(), plan);
+        EXPECT_EQ(before, buffer);
+    }
+    expect_no_traffic();
+}
+
+TEST_F(Lifecycle, InitAllocRefusesANullPointerBeforeItLooksAtTheLength) {
+    for (const std::int32_t length : {64, 2, 48, -1})
+        EXPECT_EQ(-8, EXPORTED(DCT4InitAlloc)(nullptr, length)) << length;
+    expect_no_traffic();
+}
+
+TEST_F(Lifecycle, FreeRefusesANullPointer) {
+    EXPECT_EQ(-8, EXPORTED(DCT4Free)(nullptr));
+    expect_no_traffic();
+}
+
+TEST_F(Lifecycle, InitRefusesUnsupportedLengthsAndLeavesThePlanPointer) {
+    for (const std::int32_t length : kRefusedByInit) {
+        ArenaBuffer buffer(1 << 16);
+        Plan* plan = marked();
+        EXPECT_EQ(-6, EXPORTED(DCT4Init)(&plan, length, buffer.head())) << length;
+        EXPECT_EQ(marked(), plan) << length;
+    }
+    expect_no_traffic();
+}
+
+TEST_F(Lifecycle, AFailedInitReleasesTheScratchItDidNotTake) {
+    constexpr std::int32_t kLength = kSingle ? 48 : 50;
+    ArenaBuffer buffer(1 << 16);
+    Plan* plan = nullptr;
+    EXPECT_EQ(-6, EXPORTED(DCT4Init)(&plan, kLength, buffer.head()));
+    EXPECT_EQ(0U - (kLength * sizeof(Real) + 31) / 32 * 32, buffer.used());
+}
+
+TEST_F(Lifecycle, InitAllocRefusesUnsupportedLengthsBeforeItAllocates) {
+    for (const std::int32_t length : kRefused) {
+        Plan* plan = marked();
+        EXPECT_EQ(-6, EXPORTED(DCT4InitAlloc)(&plan, length)) << length;
+        EXPECT_EQ(marked(), plan) << length;
+    }
+    expect_no_traffic();
+}
+
+TEST_F(Lifecycle, AFailedAllocationIsToldAsANullPointerAndFreesNull) {
+    core().refuses = true;
+    for (const std::int32_t length : {2, 32, 64, 4096, 1 << 30}) {
+        core().sizes.clear();
+        core().freed.clear();
+        Plan* plan = marked();
+        EXPECT_EQ(-8, EXPORTED(DCT4InitAlloc)(&plan, length)) << length;
+        EXPECT_EQ(marked(), plan) << length;
+        EXPECT_EQ(std::vector<std::int32_t>{size_of_plan(length)}, core().sizes) << length;
+        EXPECT_EQ(std::vector<void*>{nullptr}, core().freed) << length;
+    }
+}
+
+TEST_F(Lifecycle, InitAllocTakesOneBlockOfTheToldSizeAndFreeGivesItBackOnce) {
+    for (const std::int32_t length : accepted_lengths(1 << 16)) {
+        core().sizes.clear();
+        core().freed.clear();
+        Plan* plan = nullptr;
+        ASSERT_EQ(0, EXPORTED(DCT4InitAlloc)(&plan, length)) << length;
+        EXPECT_EQ(std::vector<std::int32_t>{size_of_plan(length)}, core().sizes) << length;
+        EXPECT_TRUE(core().freed.empty()) << length;
+        auto* const root = reinterpret_cast<env1*>(plan);
+        EXPECT_EQ(core().blocks.back(), root->arena) << length;
+
+        EXPECT_EQ(0, EXPORTED(DCT4Free)(plan)) << length;
+        EXPECT_EQ(1U, core().sizes.size()) << length;
+        EXPECT_EQ(std::vector<void*>{core().blocks.back()}, core().freed) << length;
+    }
+}
+
+// The core library of these tests keeps what is freed, so that it can be looked at.
+TEST_F(Lifecycle, FreeLeavesTheBumpPointerWhereTheRootBegan) {
+    for (const std::int32_t length : accepted_lengths(1 << 17)) {
+        Plan* plan = nullptr;
+        ASSERT_EQ(0, EXPORTED(DCT4InitAlloc)(&plan, length)) << length;
+        const Arena* const arena = reinterpret_cast<env1*>(plan)->arena;
+        EXPECT_EQ(0, EXPORTED(DCT4Free)(plan)) << length;
+        EXPECT_EQ(reinterpret_cast<std::uint32_t>(plan), arena->bump) << length;
+    }
+}
+
+TEST_F(Lifecycle, APlanInTheCallersBufferAllocatesNothing) {
+    for (const std::int32_t length : {2, 64, 4096}) PlanBuffer plan(length);
+    expect_no_traffic();
+}
+
+TEST_F(Lifecycle, ABufferMayBeUsedForPlanAfterPlan) {
+    ArenaBuffer buffer(1 << 20);
+    for (const std::int32_t length : {4096, 64, 2, 65536, 1024}) {
+        Plan* plan = nullptr;
+        EXPECT_EQ(0, EXPORTED(DCT4Init)(&plan, length, buffer.head())) << length;
+        EXPECT_EQ(buffer.head() + 64, reinterpret_cast<std::uint8_t*>(plan)) << length;
+        EXPECT_EQ(length, reinterpret_cast<env1*>(plan)->length);
+    }
+}
+
+TEST_F(Lifecycle, PlansMadeAtOnceByEightThreadsAreThoseMadeAlone) {
+    constexpr std::int32_t kLength = 8192;
+    PlanBuffer alone(kLength);
+    const std::size_t bytes = kLength * sizeof(Real);
+    std::array<bool, 8> same = {};
+    std::vector<std::thread> threads;
+    for (bool& result : same) {
+        threads.emplace_back([&] {
+            result = true;
+            for (int round = 0; round < 20; ++round) {
+                PlanBuffer plan(kLength);
+                const env8& twiddles = twiddles_of(*plan.splits().front());
+                const auto twiddle_bytes = static_cast<std::size_t>(2 * twiddles.factor - 2) * 16 *
+                                           static_cast<std::size_t>(twiddles.blocks);
+                result = result &&
+                         std::memcmp(plan.rotations().table, alone.rotations().table, bytes) == 0 &&
+                         std::memcmp(twiddles.table, twiddles_of(*alone.splits().front()).table,
+                                     twiddle_bytes) == 0;
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const bool result : same) EXPECT_TRUE(result);
+}
+
+}  // namespace
+}  // namespace qsvgen_test
