@@ -1,7 +1,7 @@
 /**
  * @file qsvgen.h
- * @brief Discrete transforms of small fixed sizes, and the DCT-IV of power-of-two lengths by a
- * plan: the whole exported interface, for C and C++.
+ * @brief Discrete transforms of small fixed sizes, and the DCT-IV by a plan: the whole exported
+ *        interface, for C and C++.
  *
  * Complex DFT, lengths N = 2 to 64
  * --------------------------------
@@ -54,28 +54,33 @@
  * --------------------------------------------
  *   y[k] = sum over n of x[n] * cos(pi/N * (n + 1/2) * (k + 1/2))
  *
- * Shapes     x and y hold N real elements each, in natural order.
+ * Shapes     x and y hold N real elements each, in natural order. They may be the same array, with
+ *            the same bits; a partial overlap is not supported.
  * Scaling    None, and no flag. The matrix is symmetric, so that the transform is its own inverse
- * up to the factor N/2. Plan       Made once for a length and an element type, run any number of
- * times, in one buffer that must stay where it is, untouched. Making it takes all memory and
- * evaluates all sines and cosines; running it does neither. either  qsvgDCT4GetSize_32f, a buffer,
- * qsvgDCT4Init_32f; then the buffer is dropped or      qsvgDCT4InitAlloc_32f, which allocates; then
- * qsvgDCT4Free_32f Lengths    2^k up to 2^26 for Real32 and 2^25 for Real64. What else the size
- * query accepts is no length of the transform: 2^k + 1 (from 33 on for Real32, from 9 on for
- * Real64; a plan for it may be made, but its run touches element N of both arrays and yields
- * nothing of use), and from 2^29 on some lengths whose size has wrapped around: they have no plan.
- * Alignment  Source and destination stand at any boundary of their element. A buffer of exactly
- *            the told size stands on a 16-byte boundary, or anywhere below address 2^31; elsewhere
- *            a plan of length 2 to 32 may take up to 11 bytes more.
- * Threads    A plan of length 2 to 32 is only read when it runs, and may run in any number of
- *            threads at once. Any other plan has work space in it and serves one call at a time.
- *            Different plans do not know of each other.
- * Errors     Null pointers give qsvStatusNullPointer before anything else is looked at, then
- *            unsupported lengths give qsvStatusBadLength. A null result of qsvMalloc is told as
- *            qsvStatusNullPointer, too.
- * Method     Odd-frequency analyses and syntheses in two stages; Z. Wang, "Fast algorithms for the
+ *            up to the factor N/2.
+ * Plan       Made once for a length and an element type and run any number of times, it lies in one
+ *            buffer that must stay where it is, untouched. Making it takes all memory and evaluates
+ *            all sines and cosines; running it does neither. There are two ways:
+ *
+ *              qsvgDCT4GetSize_32f, a buffer of the caller, qsvgDCT4Init_32f; no function ends it
+ *              qsvgDCT4InitAlloc_32f, which allocates the buffer, and at last qsvgDCT4Free_32f
+ *
+ * Lengths    2^k up to 2^26 for Real32, up to 2^25 for Real64. What else the size query accepts is
+ *            of no use: 2^k + 1 (from 33 on for Real32, from 9 on for Real64), whose plan may be
+ *            made, but reads and writes element N, one past the arrays; and some lengths from 2^29
+ *            on whose size has wrapped around, so that no buffer could hold their plan.
+ * Precision  All sums, products and tables are of the element type.
+ * Alignment  Source and destination may stand at any boundary of their element. A buffer of the
+ *            told size is enough on each 16-byte boundary, and anywhere below the address 2^31; at
+ *            other addresses a plan of length 2 to 32 may take up to 11 bytes more.
+ * Threads    A plan of length 2 to 32 is only read when it runs, by any number of threads at once.
+ *            Any other plan has work space in it and serves one call at a time. Different plans
+ *            do not know of each other.
+ * Errors     Null pointers are told before anything is looked at. Of a plan no more is checked than
+ *            the rule of its first node; a buffer that is too small is overrun.
+ * Method     Odd-frequency analyses and syntheses, in two stages. Z. Wang, "Fast algorithms for the
  *            discrete W transform and for the discrete Fourier transform", IEEE Transactions on
- *            Acoustics, Speech, and Signal Processing ASSP-32, 1984, defines the transform.
+ *            Acoustics, Speech, and Signal Processing ASSP-32, 1984.
  *
  * All of the fixed sizes
  * ----------------------
@@ -374,7 +379,7 @@ QSVG_API QsvStatus qsvgDCT4Free_32f(QsvDCT4Plan_32f* plan);
  * @param dst  N elements, not null; may be src, with the same bits
  * @param plan not null, which is checked before src and dst; work space of a plan whose length is
  *             none of 2, 4, 8, 16 and 32 is written
- * @return qsvStatusBadPlan, with nothing written, where the plan's root was not made here
+ * @return qsvStatusBadPlan, with nothing written, where the plan's first node has no known rule
  */
 QSVG_API QsvStatus qsvgDCT4_32f(const Real32* src, Real32* dst, QsvDCT4Plan_32f* plan);
 
