@@ -33,24 +33,24 @@ QsvStatus split_root(env1* node) {
     const std::int32_t length = node->length;
     if (divisorsIntNonTriv(&node->factor, length / 2) != qsvStatusOk) return qsvStatusBadLength;
     const std::int32_t factor = node->factor;
-    const std::int32_t twoFactor = 2 * factor;
-    const std::int32_t blocks = length / twoFactor;
-    const std::int32_t lastIndex = (Wrapping(2) * length - 1).value();
-    const std::int32_t subLength = length / factor;
+    const std::int32_t two_factor = 2 * factor;
+    const std::int32_t blocks = length / two_factor;
+    const std::int32_t last_index = (Wrapping(2) * length - 1).value();
+    const std::int32_t sub_length = length / factor;
 
     auto* const stage_b = allocate<env2>(arena);
     auto* const compose = allocate<envfCompose>(arena);
     DCT4(envfCompose___init__)
-    (compose, arena, twoFactor, (Wrapping(8) * length).value(), blocks, factor, twoFactor);
+    (compose, arena, two_factor, (Wrapping(8) * length).value(), blocks, factor, two_factor);
     EnvList_add(node->children, compose);
     DCT4(env2___init__)
-    (stage_b, arena, factor, length, twoFactor, blocks, length, lastIndex, subLength, compose);
+    (stage_b, arena, factor, length, two_factor, blocks, length, last_index, sub_length, compose);
     add_child(node->children, node->stage1, stage_b);
     if (plan_only_child(node->stage1, DCT4(env2_plan)) != qsvStatusOk) return qsvStatusBadLength;
 
     auto* const stage_a = allocate<env3>(arena);
     DCT4(env3___init__)
-    (stage_a, arena, subLength, length, lastIndex, twoFactor, factor, length, factor);
+    (stage_a, arena, sub_length, length, last_index, two_factor, factor, length, factor);
     add_child(node->children, node->stage2, stage_a);
     if (plan_only_child(node->stage2, DCT4(env3_plan)) != qsvStatusOk) return qsvStatusBadLength;
 
@@ -60,11 +60,12 @@ QsvStatus split_root(env1* node) {
 
 /** Continues env5 and env9 by an env7 where their analyses are too long for one kernel. */
 template <class Node>
-QsvStatus split_analyses(Node* node, std::int32_t stride, std::int32_t scratchLength,
+QsvStatus split_analyses(Node* node, std::int32_t stride, std::int32_t scratch_length,
                          std::int32_t step) {
     auto* const split = allocate<env7>(node->arena);
     DCT4(env7___init__)
-    (split, node->arena, node->subLength, node->length, node->length2, stride, scratchLength, step);
+    (split, node->arena, node->subLength, node->length, node->length2, stride, scratch_length,
+     step);
     add_child(node->children, node->stage, split);
     return plan_only_child(node->stage, DCT4(env7_plan));
 }

@@ -17,14 +17,14 @@ envlambda* DCT4(envlambda___init__)(envlambda* object, Arena* arena, std::int32_
 }
 
 envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena, std::int32_t columns,
-                                        std::int32_t angleBase, std::int32_t rowCount,
-                                        std::int32_t factor, std::int32_t rowStride) {
+                                        std::int32_t angle_base, std::int32_t row_count,
+                                        std::int32_t factor, std::int32_t row_stride) {
     *object = {{{DCT4(envfCompose___del__), sizeof(envfCompose)}, DCT4(envfCompose_at), arena},
                columns,
-               angleBase,
-               rowCount,
+               angle_base,
+               row_count,
                factor,
-               rowStride};
+               row_stride};
     return object;
 }
 

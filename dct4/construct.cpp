@@ -40,30 +40,30 @@ env1* DCT4(env1___init__)(env1* node, Arena* arena, std::int32_t length) {
 }
 
 env2* DCT4(env2___init__)(env2* node, Arena* arena, std::int32_t factor, std::int32_t length,
-                          std::int32_t twoFactor, std::int32_t blocks, std::int32_t length2,
-                          std::int32_t lastIndex, std::int32_t subLength,
+                          std::int32_t two_factor, std::int32_t blocks, std::int32_t length2,
+                          std::int32_t last_index, std::int32_t sub_length,
                           envfCompose* coefficients) {
     set_head(node, DCT4(env2___del__), DCT4(env2_plan), arena);
     node->factor = factor;
     node->length = length;
-    node->twoFactor = twoFactor;
+    node->twoFactor = two_factor;
     node->blocks = blocks;
     node->length2 = length2;
-    node->lastIndex = lastIndex;
-    node->subLength = subLength;
+    node->lastIndex = last_index;
+    node->subLength = sub_length;
     node->coefficients = coefficients;
     set_lists(node);
     return node;
 }
 
-env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t lastIndex, std::int32_t twoFactor, std::int32_t inner,
+env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
                           std::int32_t length2, std::int32_t factor) {
     set_head(node, DCT4(env3___del__), DCT4(env3_plan), arena);
-    node->subLength = subLength;
+    node->subLength = sub_length;
     node->length = length;
-    node->lastIndex = lastIndex;
-    node->twoFactor = twoFactor;
+    node->lastIndex = last_index;
+    node->twoFactor = two_factor;
     node->inner = inner;
     node->length2 = length2;
     node->factor = factor;
@@ -71,14 +71,14 @@ env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t subLength, std:
     return node;
 }
 
-env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t lastIndex, std::int32_t twoFactor, std::int32_t inner,
+env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
                           std::int32_t length2, std::int32_t factor) {
     set_head(node, DCT4(env5___del__), DCT4(env5_plan), arena);
-    node->subLength = subLength;
+    node->subLength = sub_length;
     node->length = length;
-    node->lastIndex = lastIndex;
-    node->twoFactor = twoFactor;
+    node->lastIndex = last_index;
+    node->twoFactor = two_factor;
     node->inner = inner;
     node->length2 = length2;
     node->factor = factor;
@@ -86,34 +86,34 @@ env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t subLength, std:
     return node;
 }
 
-env7* DCT4(env7___init__)(env7* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t scratchLength,
+env7* DCT4(env7___init__)(env7* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t length2, std::int32_t stride, std::int32_t scratch_length,
                           std::int32_t step) {
     set_head(node, DCT4(env7___del__), DCT4(env7_plan), arena);
-    node->subLength = subLength;
+    node->subLength = sub_length;
     node->length = length;
     node->length2 = length2;
     node->stride = stride;
-    node->scratchLength = scratchLength;
+    node->scratchLength = scratch_length;
     node->step = step;
     set_two_stage_lists(node);
     return node;
 }
 
-env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor, std::int32_t scratchLength,
-                          std::int32_t step, std::int32_t span, std::int32_t blocks,
-                          std::int32_t scratchLength2, std::int32_t halfLength,
-                          std::int32_t lastIndex, std::int32_t step2, std::int32_t quotient,
-                          envlambda* coefficients) {
+env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor,
+                          std::int32_t scratch_length, std::int32_t step, std::int32_t span,
+                          std::int32_t blocks, std::int32_t scratch_length2,
+                          std::int32_t half_length, std::int32_t last_index, std::int32_t step2,
+                          std::int32_t quotient, envlambda* coefficients) {
     set_head(node, DCT4(env8___del__), DCT4(env8_plan), arena);
     node->factor = factor;
-    node->scratchLength = scratchLength;
+    node->scratchLength = scratch_length;
     node->step = step;
     node->span = span;
     node->blocks = blocks;
-    node->scratchLength2 = scratchLength2;
-    node->halfLength = halfLength;
-    node->lastIndex = lastIndex;
+    node->scratchLength2 = scratch_length2;
+    node->halfLength = half_length;
+    node->lastIndex = last_index;
     node->step2 = step2;
     node->quotient = quotient;
     node->coefficients = coefficients;
@@ -121,20 +121,20 @@ env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor, std::in
     return node;
 }
 
-env9* DCT4(env9___init__)(env9* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t parentStride,
-                          std::int32_t factor, std::int32_t scratchLength, std::int32_t step,
-                          std::int32_t parentStep) {
+env9* DCT4(env9___init__)(env9* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t length2, std::int32_t stride, std::int32_t parent_stride,
+                          std::int32_t factor, std::int32_t scratch_length, std::int32_t step,
+                          std::int32_t parent_step) {
     set_head(node, DCT4(env9___del__), DCT4(env9_plan), arena);
-    node->subLength = subLength;
+    node->subLength = sub_length;
     node->length = length;
     node->length2 = length2;
     node->stride = stride;
-    node->parentStride = parentStride;
+    node->parentStride = parent_stride;
     node->factor = factor;
-    node->scratchLength = scratchLength;
+    node->scratchLength = scratch_length;
     node->step = step;
-    node->parentStep = parentStep;
+    node->parentStep = parent_step;
     set_lists(node);
     return node;
 }

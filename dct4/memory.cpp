@@ -62,39 +62,39 @@ std::int32_t DCT4(env2_mem)(std::int32_t factor, std::int32_t blocks) {
         .value();
 }
 
-std::int32_t DCT4(env3_mem)(std::int32_t subLength, std::int32_t factor,
-                            std::int32_t scratchLength) {
+std::int32_t DCT4(env3_mem)(std::int32_t sub_length, std::int32_t factor,
+                            std::int32_t scratch_length) {
     if (factor % kLanes != 0) return qsvStatusBadLength;
-    const std::int32_t analyses = DCT4(env5_mem)(subLength, scratchLength);
+    const std::int32_t analyses = DCT4(env5_mem)(sub_length, scratch_length);
     if (analyses < 0) return analyses;
     return (aligned(sizeof(env3)) + list_heads(2) + adds(2) + analyses).value();
 }
 
-std::int32_t DCT4(env5_mem)(std::int32_t subLength, std::int32_t scratchLength) {
+std::int32_t DCT4(env5_mem)(std::int32_t sub_length, std::int32_t scratch_length) {
     const Wrapping node = aligned(sizeof(env5)) + list_heads(2);
-    if (DCT4(env5__chooseRule)(subLength) != 7) return node.value();
-    const std::int32_t split = DCT4(env7_mem)(subLength, scratchLength);
+    if (DCT4(env5__chooseRule)(sub_length) != 7) return node.value();
+    const std::int32_t split = DCT4(env7_mem)(sub_length, scratch_length);
     if (split < 0) return split;
     return (node + adds(2) + split).value();
 }
 
-std::int32_t DCT4(env7_mem)(std::int32_t subLength, std::int32_t scratchLength) {
+std::int32_t DCT4(env7_mem)(std::int32_t sub_length, std::int32_t scratch_length) {
     std::int32_t factor = 0;
-    if (divisorsIntNonTriv(&factor, subLength / 2) != qsvStatusOk) return qsvStatusBadLength;
+    if (divisorsIntNonTriv(&factor, sub_length / 2) != qsvStatusOk) return qsvStatusBadLength;
     if (DCT4(env8__chooseRule)(factor) == 0) return qsvStatusBadLength;
-    const std::int32_t analyses = DCT4(env9_mem)(subLength / factor, scratchLength);
+    const std::int32_t analyses = DCT4(env9_mem)(sub_length / factor, scratch_length);
     if (analyses < 0) return analyses;
     const Wrapping env8_need = aligned(sizeof(env8)) + list_heads(1) +
-                               aligned(env8_table_bytes(factor, subLength / (2 * factor)));
+                               aligned(env8_table_bytes(factor, sub_length / (2 * factor)));
     return (aligned(sizeof(env7)) + list_heads(3) + aligned(sizeof(envlambda)) + env8_need +
-            adds(5) + analyses + array(scratchLength))
+            adds(5) + analyses + array(scratch_length))
         .value();
 }
 
-std::int32_t DCT4(env9_mem)(std::int32_t subLength, std::int32_t scratchLength) {
+std::int32_t DCT4(env9_mem)(std::int32_t sub_length, std::int32_t scratch_length) {
     const Wrapping node = aligned(sizeof(env9)) + list_heads(2);
-    if (DCT4(env9__chooseRule)(subLength) != 7) return node.value();
-    const std::int32_t split = DCT4(env7_mem)(subLength, scratchLength);
+    if (DCT4(env9__chooseRule)(sub_length) != 7) return node.value();
+    const std::int32_t split = DCT4(env7_mem)(sub_length, scratch_length);
     if (split < 0) return split;
     return (node + adds(2) + split).value();
 }

@@ -16,41 +16,41 @@ extern "C" {
 
 env1* DCT4(env1___init__)(env1* node, Arena* arena, std::int32_t length);
 env2* DCT4(env2___init__)(env2* node, Arena* arena, std::int32_t factor, std::int32_t length,
-                          std::int32_t twoFactor, std::int32_t blocks, std::int32_t length2,
-                          std::int32_t lastIndex, std::int32_t subLength,
+                          std::int32_t two_factor, std::int32_t blocks, std::int32_t length2,
+                          std::int32_t last_index, std::int32_t sub_length,
                           envfCompose* coefficients);
-env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t lastIndex, std::int32_t twoFactor, std::int32_t inner,
+env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
                           std::int32_t length2, std::int32_t factor);
-env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t lastIndex, std::int32_t twoFactor, std::int32_t inner,
+env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
                           std::int32_t length2, std::int32_t factor);
-env7* DCT4(env7___init__)(env7* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t scratchLength,
+env7* DCT4(env7___init__)(env7* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t length2, std::int32_t stride, std::int32_t scratch_length,
                           std::int32_t step);
-env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor, std::int32_t scratchLength,
-                          std::int32_t step, std::int32_t span, std::int32_t blocks,
-                          std::int32_t scratchLength2, std::int32_t halfLength,
-                          std::int32_t lastIndex, std::int32_t step2, std::int32_t quotient,
-                          envlambda* coefficients);
-env9* DCT4(env9___init__)(env9* node, Arena* arena, std::int32_t subLength, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t parentStride,
-                          std::int32_t factor, std::int32_t scratchLength, std::int32_t step,
-                          std::int32_t parentStep);
+env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor,
+                          std::int32_t scratch_length, std::int32_t step, std::int32_t span,
+                          std::int32_t blocks, std::int32_t scratch_length2,
+                          std::int32_t half_length, std::int32_t last_index, std::int32_t step2,
+                          std::int32_t quotient, envlambda* coefficients);
+env9* DCT4(env9___init__)(env9* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
+                          std::int32_t length2, std::int32_t stride, std::int32_t parent_stride,
+                          std::int32_t factor, std::int32_t scratch_length, std::int32_t step,
+                          std::int32_t parent_step);
 envlambda* DCT4(envlambda___init__)(envlambda* object, Arena* arena, std::int32_t numerator,
                                     std::int32_t denominator);
 envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena, std::int32_t columns,
-                                        std::int32_t angleBase, std::int32_t rowCount,
-                                        std::int32_t factor, std::int32_t rowStride);
+                                        std::int32_t angle_base, std::int32_t row_count,
+                                        std::int32_t factor, std::int32_t row_stride);
 
 // The rule of a node, from the one value that decides it: a length, or for env4 and env8 the
 // factor.
 
 std::int32_t DCT4(env1__chooseRule)(std::int32_t length);
 std::int32_t DCT4(env4__chooseRule)(std::int32_t factor);
-std::int32_t DCT4(env5__chooseRule)(std::int32_t subLength);
+std::int32_t DCT4(env5__chooseRule)(std::int32_t sub_length);
 std::int32_t DCT4(env8__chooseRule)(std::int32_t factor);
-std::int32_t DCT4(env9__chooseRule)(std::int32_t subLength);
+std::int32_t DCT4(env9__chooseRule)(std::int32_t sub_length);
 
 // qsvStatusOk or qsvStatusBadLength, which leaves standing what was built so far.
 
@@ -79,11 +79,11 @@ void DCT4(envfCompose___del__)(EnvObject* object);
 
 std::int32_t DCT4(env1_mem)(std::int32_t length);
 std::int32_t DCT4(env2_mem)(std::int32_t factor, std::int32_t blocks);
-std::int32_t DCT4(env3_mem)(std::int32_t subLength, std::int32_t factor,
-                            std::int32_t scratchLength);
-std::int32_t DCT4(env5_mem)(std::int32_t subLength, std::int32_t scratchLength);
-std::int32_t DCT4(env7_mem)(std::int32_t subLength, std::int32_t scratchLength);
-std::int32_t DCT4(env9_mem)(std::int32_t subLength, std::int32_t scratchLength);
+std::int32_t DCT4(env3_mem)(std::int32_t sub_length, std::int32_t factor,
+                            std::int32_t scratch_length);
+std::int32_t DCT4(env5_mem)(std::int32_t sub_length, std::int32_t scratch_length);
+std::int32_t DCT4(env7_mem)(std::int32_t sub_length, std::int32_t scratch_length);
+std::int32_t DCT4(env9_mem)(std::int32_t sub_length, std::int32_t scratch_length);
 
 Real DCT4(envlambda_at)(const CoefficientObject* object, std::int32_t i, std::int32_t j,
                         std::int32_t k);

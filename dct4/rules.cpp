@@ -28,16 +28,16 @@ std::int32_t DCT4(env4__chooseRule)(std::int32_t factor) {
     return logarithm == kNoRule ? kNoRule : logarithm + 1;
 }
 
-std::int32_t DCT4(env5__chooseRule)(std::int32_t subLength) {
-    return rule_of(subLength, 6, 7);
+std::int32_t DCT4(env5__chooseRule)(std::int32_t sub_length) {
+    return rule_of(sub_length, 6, 7);
 }
 
 std::int32_t DCT4(env8__chooseRule)(std::int32_t factor) {
     return rule_of(factor, 5, kNoRule);
 }
 
-std::int32_t DCT4(env9__chooseRule)(std::int32_t subLength) {
-    return rule_of(subLength, 6, 7);
+std::int32_t DCT4(env9__chooseRule)(std::int32_t sub_length) {
+    return rule_of(sub_length, 6, 7);
 }
 }
 }  // namespace dct4::QSVG_ELEMENT
