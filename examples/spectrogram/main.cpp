@@ -20,7 +20,7 @@ void DrawSpectrogram(const CommandLine& command_line) {
         recording.samples, [&](size_t done, size_t all) { progress.Report(done, all); });
     PrintSummary(std::cout, recording, spectra);
 
-    const PlotFiles files = PlotFilesFor(command_line.png);
+    const example::PlotFiles files = example::PlotFilesFor(command_line.png);
     Plot(files, "Spectrogram of " + command_line.recording.filename().string(), spectra,
          recording.sample_rate);
     std::cout << "picture      " << files.png.string() << '\n';

@@ -1,49 +1,16 @@
 #include "plot.hpp"
 
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-
-#include "common/error.hpp"
 
 namespace spectrogram {
 namespace {
 
-using example::Error;
-using example::ExitCode;
+using example::CloseChecked;
+using example::OpenForWriting;
+using example::Quoted;
 
 // About what the picture has pixels for: gnuplot would take minutes over each frame of a song.
 constexpr size_t kMaxColumns = 1200;
-
-std::ofstream OpenForWriting(const std::filesystem::path& path) {
-    std::ofstream stream(path);
-    if (!stream) {
-        throw Error(ExitCode::kFailed, "cannot write '" + path.string() + "': " +
-                                           std::strerror(errno) + "\nName a writable place by -o.");
-    }
-    return stream;
-}
-
-void CloseChecked(std::ofstream& stream, const std::filesystem::path& path) {
-    stream.close();
-    if (!stream) {
-        throw Error(ExitCode::kFailed,
-                    "cannot finish '" + path.string() + "'.\nIs there room on the disk?");
-    }
-}
-
-/** Gnuplot's single quotes take everything literally but the quote itself. */
-std::string Quoted(const std::string& text) {
-    std::string quoted = "'";
-    for (const char c : text) quoted += c == '\'' ? std::string("''") : std::string(1, c);
-    return quoted + "'";
-}
 
 /** Writes the columns and gives back the highest level, to which the colours are fitted. */
 double WriteData(const std::filesystem::path& path, std::span<const PowerSpectrum> spectra,
@@ -70,8 +37,8 @@ double WriteData(const std::filesystem::path& path, std::span<const PowerSpectru
     return peak;
 }
 
-void WriteScript(const PlotFiles& files, const std::string& title, double peak, double duration,
-                 int sample_rate) {
+void WriteScript(const example::PlotFiles& files, const std::string& title, double peak,
+                 double duration, int sample_rate) {
     constexpr double kDynamicRange = 80;
     std::ofstream script = OpenForWriting(files.script);
     script << "set terminal pngcairo size 1200,640 font 'sans,13'\n"
@@ -91,42 +58,15 @@ void WriteScript(const PlotFiles& files, const std::string& title, double peak, 
     CloseChecked(script, files.script);
 }
 
-void RunGnuplot(const std::filesystem::path& script) {
-    std::string program = "gnuplot";
-    std::string argument = script.string();
-    const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
-    pid_t child = 0;
-    const int error =
-        posix_spawnp(&child, program.c_str(), nullptr, nullptr, arguments.data(), environ);
-    if (error != 0) {
-        throw Error(ExitCode::kFailed,
-                    std::string("cannot start gnuplot: ") + std::strerror(error) +
-                        "\nInstall it (scripts/bootstrap does), then run this again.");
-    }
-    int status = 0;
-    if (waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        throw Error(ExitCode::kFailed,
-                    "gnuplot failed; its own message stands above.\nTry 'gnuplot " + argument +
-                        "' by hand.");
-    }
-}
-
 }  // namespace
 
-PlotFiles PlotFilesFor(const std::filesystem::path& png) {
-    PlotFiles files{.png = png, .data = png, .script = png};
-    files.data.replace_extension(".dat");
-    files.script.replace_extension(".gp");
-    return files;
-}
-
-void Plot(const PlotFiles& files, const std::string& title, std::span<const PowerSpectrum> spectra,
-          int sample_rate) {
+void Plot(const example::PlotFiles& files, const std::string& title,
+          std::span<const PowerSpectrum> spectra, int sample_rate) {
     const double duration =
         static_cast<double>((spectra.size() - 1) * kHop + kFrameLength) / sample_rate;
     const double peak = WriteData(files.data, spectra, sample_rate);
     WriteScript(files, title, peak, duration, sample_rate);
-    RunGnuplot(files.script);
+    example::RunGnuplot(files.script);
 }
 
 }  // namespace spectrogram
