@@ -82,10 +82,12 @@ void synthesise_direct(const env4& node, const Real* source, Real* destination) 
     }
 }
 
-/** Rows this far apart, which the plans of 64 to 4096 points have, are addressed by constants. */
+/** Rows this far apart, which the plans of 64 to 65536 points have, are addressed by constants:
+ * that is worth more than whole lines, even where rows share all their sets of the cache. */
 constexpr bool is_direct(int rule, int stride) {
     const int points = 1 << rule;
-    return rule >= 4 && (stride == points || stride == points / 2 || (rule == 6 && stride == 128));
+    return rule == 6 ? stride >= 32 && stride <= 2048
+                     : rule >= 4 && (stride == points || stride == points / 2);
 }
 
 template <int kRule>
@@ -105,7 +107,9 @@ void synthesise(const env4& node, const Real* source, Real* destination) {
     };
     if (direct.template operator()<8>() || direct.template operator()<16>() ||
         direct.template operator()<32>() || direct.template operator()<64>() ||
-        direct.template operator()<128>())
+        direct.template operator()<128>() || direct.template operator()<256>() ||
+        direct.template operator()<512>() || direct.template operator()<1024>() ||
+        direct.template operator()<2048>())
         return;
     synthesise_batches<kRule>(node, source, destination);
 }
