@@ -1,5 +1,6 @@
 /** @file @brief Compiled code gives the bits of the graphs, at the addresses of the formulas. */
 
+#include <algorithm>
 #include <cmath>
 
 #include "dct4/bodies.hpp"

@@ -1,7 +1,5 @@
 /** @file @brief Which memory a transform touches, and what does not depend on where it is. */
 
-#include <sys/mman.h>
-
 #include <algorithm>
 
 #include "support/dct4.hpp"
