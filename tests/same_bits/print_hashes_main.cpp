@@ -2,6 +2,8 @@
  * @file
  * @brief Prints a line "name hash" for each exported transform: print_hashes [--threads N]
  *
+ * Of the DCT-IV a name for each length that needs no sines and cosines of the C library, whose bits
+ * are not the library's to promise.
  * A hash is of the outputs of all data and all flags. Aligned arrays, unaligned ones and arrays in
  * place must give the same bits, and so must every thread; where they do not, the transform is
  * named on standard error and the exit status is 1.
@@ -84,6 +86,26 @@ void add_orders(Hashes& hashes) {
     }
 }
 
+template <class Element, class Plan>
+struct Dct4 {
+    QsvStatus (*init)(Plan** plan, std::int32_t length, std::uint8_t* buffer);
+    QsvStatus (*run)(const Element* src, Element* dst, Plan* plan);
+};
+
+template <class E, class Plan>
+void add_dct4(Hashes& hashes, const char* name, Dct4<typename E::Element, Plan> functions) {
+    for (const std::int32_t length : {2, 4, 8, 16, 32}) {
+        alignas(16) std::uint8_t buffer[224];
+        Plan* plan = nullptr;
+        functions.init(&plan, length, buffer);
+        const auto size = static_cast<std::size_t>(length);
+        const auto run = [&](const auto* src, auto* dst, std::int32_t) {
+            return functions.run(src, dst, plan);
+        };
+        hashes[name + ("_of_" + std::to_string(length))] = hash_of<E>(size, size, run);
+    }
+}
+
 Hashes all_hashes() {
     Hashes hashes;
     add_kernels<Single>(hashes);
@@ -92,6 +114,8 @@ Hashes all_hashes() {
     add_kernels<RealDouble>(hashes);
     add_orders<RealSingle>(hashes);
     add_orders<RealDouble>(hashes);
+    add_dct4<RealSingle, QsvDCT4Plan_32f>(hashes, "qsvgDCT4_32f", {qsvgDCT4Init_32f, qsvgDCT4_32f});
+    add_dct4<RealDouble, QsvDCT4Plan_64f>(hashes, "qsvgDCT4_64f", {qsvgDCT4Init_64f, qsvgDCT4_64f});
     return hashes;
 }
 
