@@ -104,8 +104,13 @@ Graph inline_two(Type type) {
     const Ref x1 = graph.load(type, 1);
     const Ref cosine = constant(graph, type, Exact::cosine(1, 16));
     const Ref sine = constant(graph, type, Exact::sine(1, 16));
-    graph.store(graph.add(graph.mul(x0, cosine), graph.mul(x1, sine)), 0);
-    graph.store(graph.sub(graph.mul(x0, sine), graph.mul(x1, cosine)), 1);
+    // One after the other, so that all compilers number the nodes alike.
+    const Ref x1_sine = graph.mul(x1, sine);
+    const Ref x0_cosine = graph.mul(x0, cosine);
+    graph.store(graph.add(x0_cosine, x1_sine), 0);
+    const Ref x1_cosine = graph.mul(x1, cosine);
+    const Ref x0_sine = graph.mul(x0, sine);
+    graph.store(graph.sub(x0_sine, x1_cosine), 1);
     return graph;
 }
 
@@ -203,7 +208,9 @@ Graph dft_body(Element element, int rule) {
     const int inner_table = 2 * s;
     const int outer_table = inner_table + inner_places(rule);
     const auto turned = [&](Complex z, int place) {
-        return rotated(graph, z, load(graph, element, place), load(graph, element, place + 1));
+        const Ref sine = load(graph, element, place + 1);
+        const Ref cosine = load(graph, element, place);
+        return rotated(graph, z, cosine, sine);
     };
     const Twiddle outer = [&](int r, Complex z) { return turned(z, outer_table + 2 * (r - 1)); };
     const auto inner = [&](int t1, int r1, Complex z) {

@@ -60,15 +60,22 @@ Ref constant(Graph& graph, Type type, const Exact& value) {
                           Lanes(static_cast<std::size_t>(kernelgen::lane_count(type)), value));
 }
 
+// Here and below: one after the other, so that all compilers number the nodes alike. The second
+// operand goes first, as it does in the bodies whose orders were settled by the clock.
 Complex rotated(Graph& graph, Complex z, Ref cosine, Ref sine) {
-    return {graph.sub(graph.mul(z.re, cosine), graph.mul(z.im, sine)),
-            graph.add(graph.mul(z.re, sine), graph.mul(z.im, cosine))};
+    const Ref im_sine = graph.mul(z.im, sine);
+    const Ref re_cosine = graph.mul(z.re, cosine);
+    const Ref re = graph.sub(re_cosine, im_sine);
+    const Ref im_cosine = graph.mul(z.im, cosine);
+    const Ref re_sine = graph.mul(z.re, sine);
+    return {re, graph.add(re_sine, im_cosine)};
 }
 
 Complex rotated(Graph& graph, Complex z, long numerator, long denominator) {
     const Type type = graph.node(z.re.id).type;
-    return rotated(graph, z, constant(graph, type, Exact::cosine(numerator, denominator)),
-                   constant(graph, type, Exact::sine(numerator, denominator)));
+    const Ref sine = constant(graph, type, Exact::sine(numerator, denominator));
+    const Ref cosine = constant(graph, type, Exact::cosine(numerator, denominator));
+    return rotated(graph, z, cosine, sine);
 }
 
 ComplexValues positive_dft(Graph& graph, const ComplexValues& y, SecondHalf second_half) {

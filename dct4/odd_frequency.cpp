@@ -20,8 +20,11 @@ ComplexValues analysis_of_one(Graph& graph, const Signal& g) {
 }
 
 ComplexValues analysis_of_two(Graph& graph, const Signal& g) {
-    const Ref a = times_cosine_of_eighth(graph, graph.add(g(1), g(-1)));
-    const Ref b = times_cosine_of_eighth(graph, graph.sub(g(1), g(-1)));
+    // One after the other, so that all compilers number the nodes alike.
+    const Ref behind = g(-1);
+    const Ref ahead = g(1);
+    const Ref a = times_cosine_of_eighth(graph, graph.add(ahead, behind));
+    const Ref b = times_cosine_of_eighth(graph, graph.sub(ahead, behind));
     return {{graph.add(g(0), a), graph.sub(b, g(-2))}, {graph.sub(g(0), a), graph.add(b, g(-2))}};
 }
 
