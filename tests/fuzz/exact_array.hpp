@@ -18,9 +18,7 @@ class ExactArray {
   public:
     /** `bytes` bytes, `offset` bytes behind a 16-byte boundary. */
     ExactArray(std::size_t bytes, std::size_t offset)
-        : bytes_(bytes),
-          block_(static_cast<std::uint8_t*>(std::malloc(bytes + offset))),
-          begin_(block_ + offset) {
+        : bytes_(bytes), block_(allocated(bytes + offset)), begin_(block_ + offset) {
         std::memset(block_, 0x5A, bytes + offset);
     }
     ~ExactArray() { std::free(block_); }
@@ -39,6 +37,12 @@ class ExactArray {
     }
 
   private:
+    static std::uint8_t* allocated(std::size_t bytes) {
+        void* block = nullptr;
+        if (posix_memalign(&block, 16, bytes) != 0) std::abort();
+        return static_cast<std::uint8_t*>(block);
+    }
+
     std::size_t bytes_;
     std::uint8_t* block_;
     std::uint8_t* begin_;
