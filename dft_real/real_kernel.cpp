@@ -29,7 +29,8 @@ bool is_sum(const Node& n) {
     return n.op == Op::Add || n.op == Op::Sub;
 }
 
-/** A nine-point stage of its own keeps its sums in binary32: the interface promises its bits. */
+/** Where they are settled: not in nine-point stages that are neither inside of a convolution nor of
+ * the transform of 27 points. */
 bool has_wide_sums(int length) {
     return length % 9 != 0 || length % 27 == 0;
 }
