@@ -1,16 +1,11 @@
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
-#include <stdexcept>
-#include <string_view>
-#include <utility>
 
 #include "batch_clock.hpp"
 #include "dct4_comparison.hpp"
-#include "environment.hpp"
 #include "fftw_peer.hpp"
+#include "program.hpp"
 
 namespace bench {
 namespace {
@@ -25,12 +20,6 @@ const char* const kUsage =
     "  --library=FILE   the build to measure, instead of the one built with this program\n"
     "  --out=STEM       write STEM.json\n"
     "  --help           this text\n";
-
-#ifdef __clang__
-constexpr const char* kOwnCompiler = __VERSION__;
-#else
-constexpr const char* kOwnCompiler = "GCC " __VERSION__;
-#endif
 
 using Ratio = double (Dct4Comparison::*)() const;
 
@@ -68,9 +57,7 @@ void PrintTable(const std::vector<Dct4Comparison>& comparisons, double per_nanos
 
 void WriteJson(const std::string& path, const std::vector<Dct4Comparison>& comparisons,
                double per_nanosecond) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    if (!folder.empty()) std::filesystem::create_directories(folder);
-    std::ofstream out(path);
+    std::ofstream out = Created(path);
     out << std::fixed << std::setprecision(4) << "{\n  \"results\": [";
     const char* separator = "";
     for (const Dct4Comparison& c : comparisons) {
@@ -81,37 +68,21 @@ void WriteJson(const std::string& path, const std::vector<Dct4Comparison>& compa
         separator = ",";
     }
     out << "\n  ]\n}\n";
-    if (!out.flush()) throw std::runtime_error("cannot write '" + path + "'");
+    Finish(out, path);
 }
 
 int Main(int argc, char** argv) {
     std::string library = DEFAULT_LIBRARY;
     std::string out;
     bool quick = false;
-    const std::pair<std::string_view, std::string*> texts[] = {{"--library=", &library},
-                                                               {"--out=", &out}};
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        bool known = argument == "--quick";
-        quick = quick || known;
-        if (argument == "--help") {
-            std::cout << kUsage;
-            return 0;
-        }
-        for (const auto& [name, text] : texts) {
-            if (!argument.starts_with(name)) continue;
-            *text = argument.substr(name.size());
-            known = true;
-        }
-        if (!known) throw std::invalid_argument("unknown option '" + std::string(argument) + "'");
-    }
+    const TextOptions texts = {{"--library=", &library}, {"--out=", &out}};
+    if (!ReadOptions(argc, argv, kUsage, texts, quick)) return 0;
 
     const TransformLibrary ours(library);
-    std::cout << "cpu             " << CpuName() << "\npinned          "
-              << (AllowedCpus() == 1 ? "yes" : "no") << "\nours            " << ours.path()
-              << "\nours built by   " << ours.Compiler() << "\npeer            "
-              << FftwSingle::Version() << "\nloops built by  " << kOwnCompiler << ", -O3\n";
-    if (quick) std::cout << "rounds          few: a first look, not a result\n";
+    PrintEnvironment(ours);
+    std::cout << "peer            " << FftwSingle::Version() << "\nloops built by  " << kOwnCompiler
+              << ", -O3\n";
+    PrintRounds(quick);
     const TscRate tsc_rate;
     const std::vector<Dct4Comparison> comparisons = CompareDct4(ours, quick);
     const double per_nanosecond = tsc_rate.CyclesPerNanosecond();
@@ -124,13 +95,5 @@ int Main(int argc, char** argv) {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-    try {
-        return bench::Main(argc, argv);
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "bench_dct4: " << error.what() << '\n' << bench::kUsage;
-        return 2;
-    } catch (const std::exception& error) {
-        std::cerr << "bench_dct4: " << error.what() << '\n';
-        return 1;
-    }
+    return bench::Run("bench_dct4", bench::kUsage, bench::Main, argc, argv);
 }

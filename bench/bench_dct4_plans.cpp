@@ -6,19 +6,15 @@
 #include <qsvgen.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <limits>
 #include <stdexcept>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include "batch_clock.hpp"
-#include "environment.hpp"
+#include "program.hpp"
 #include "transform_library.hpp"
 
 namespace bench {
@@ -118,9 +114,7 @@ void PrintTable(const std::vector<PlanCost>& costs, double per_nanosecond) {
 }
 
 void WriteJson(const std::string& path, const std::vector<PlanCost>& costs, double per_nanosecond) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    if (!folder.empty()) std::filesystem::create_directories(folder);
-    std::ofstream out(path);
+    std::ofstream out = Created(path);
     out << std::fixed << std::setprecision(1) << "{\n  \"results\": [";
     const char* separator = "";
     for (const PlanCost& c : costs) {
@@ -130,36 +124,19 @@ void WriteJson(const std::string& path, const std::vector<PlanCost>& costs, doub
         separator = ",";
     }
     out << "\n  ]\n}\n";
-    if (!out.flush()) throw std::runtime_error("cannot write '" + path + "'");
+    Finish(out, path);
 }
 
 int Main(int argc, char** argv) {
     std::string library = DEFAULT_LIBRARY;
     std::string out;
     bool quick = false;
-    const std::pair<std::string_view, std::string*> texts[] = {{"--library=", &library},
-                                                               {"--out=", &out}};
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        bool known = argument == "--quick";
-        quick = quick || known;
-        if (argument == "--help") {
-            std::cout << kUsage;
-            return 0;
-        }
-        for (const auto& [name, text] : texts) {
-            if (!argument.starts_with(name)) continue;
-            *text = argument.substr(name.size());
-            known = true;
-        }
-        if (!known) throw std::invalid_argument("unknown option '" + std::string(argument) + "'");
-    }
+    const TextOptions texts = {{"--library=", &library}, {"--out=", &out}};
+    if (!ReadOptions(argc, argv, kUsage, texts, quick)) return 0;
 
     const TransformLibrary ours(library);
-    std::cout << "cpu             " << CpuName() << "\npinned          "
-              << (AllowedCpus() == 1 ? "yes" : "no") << "\nours            " << ours.path()
-              << "\nours built by   " << ours.Compiler() << '\n';
-    if (quick) std::cout << "rounds          few: a first look, not a result\n";
+    PrintEnvironment(ours);
+    PrintRounds(quick);
     const TscRate tsc_rate;
     const std::vector<PlanCost> costs = MeasureAll(ours, quick);
     const double per_nanosecond = tsc_rate.CyclesPerNanosecond();
@@ -172,13 +149,5 @@ int Main(int argc, char** argv) {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-    try {
-        return bench::Main(argc, argv);
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "bench_dct4_plans: " << error.what() << '\n' << bench::kUsage;
-        return 2;
-    } catch (const std::exception& error) {
-        std::cerr << "bench_dct4_plans: " << error.what() << '\n';
-        return 1;
-    }
+    return bench::Run("bench_dct4_plans", bench::kUsage, bench::Main, argc, argv);
 }

@@ -1,14 +1,9 @@
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
-#include <stdexcept>
-#include <string_view>
-#include <utility>
 
 #include "batch_clock.hpp"
-#include "environment.hpp"
+#include "program.hpp"
 #include "wht_comparison.hpp"
 
 namespace bench {
@@ -24,12 +19,6 @@ const char* const kUsage =
     "  --out=STEM            write STEM.json\n"
     "  --peer-figures=FILE   instead of bench/peers.csv\n"
     "  --help                this text\n";
-
-#ifdef __clang__
-constexpr const char* kOwnCompiler = __VERSION__;
-#else
-constexpr const char* kOwnCompiler = "GCC " __VERSION__;
-#endif
 
 struct Run {
     std::vector<WhtComparison> comparisons;
@@ -73,9 +62,7 @@ void PrintTable(const Run& run) {
 }
 
 void WriteJson(const std::string& path, const Run& run) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    if (!folder.empty()) std::filesystem::create_directories(folder);
-    std::ofstream out(path);
+    std::ofstream out = Created(path);
     out << std::fixed << std::setprecision(4)
         << "{\n  \"core_cycles_per_tsc_cycle\": " << run.core_cycles
         << ",\n  \"geometric_mean_32f\": " << GeometricMean(run, "32f")
@@ -90,7 +77,7 @@ void WriteJson(const std::string& path, const Run& run) {
         separator = ",";
     }
     out << "\n  ]\n}\n";
-    if (!out.flush()) throw std::runtime_error("cannot write '" + path + "'");
+    Finish(out, path);
 }
 
 int Main(int argc, char** argv) {
@@ -98,30 +85,14 @@ int Main(int argc, char** argv) {
     std::string peer_figures = DEFAULT_PEER_FIGURES;
     std::string out;
     bool quick = false;
-    const std::pair<std::string_view, std::string*> texts[] = {
+    const TextOptions texts = {
         {"--library=", &library}, {"--out=", &out}, {"--peer-figures=", &peer_figures}};
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        bool known = argument == "--quick";
-        quick = quick || known;
-        if (argument == "--help") {
-            std::cout << kUsage;
-            return 0;
-        }
-        for (const auto& [name, text] : texts) {
-            if (!argument.starts_with(name)) continue;
-            *text = argument.substr(name.size());
-            known = true;
-        }
-        if (!known) throw std::invalid_argument("unknown option '" + std::string(argument) + "'");
-    }
+    if (!ReadOptions(argc, argv, kUsage, texts, quick)) return 0;
 
     const TransformLibrary ours(library);
-    std::cout << "cpu             " << CpuName() << "\npinned          "
-              << (AllowedCpus() == 1 ? "yes" : "no") << "\nours            " << ours.path()
-              << "\nours built by   " << ours.Compiler() << "\nloop built by   " << kOwnCompiler
-              << ", -O3\n";
-    if (quick) std::cout << "rounds          few: a first look, not a result\n";
+    PrintEnvironment(ours);
+    std::cout << "loop built by   " << kOwnCompiler << ", -O3\n";
+    PrintRounds(quick);
     const TscRate tsc_rate;
     Run run;
     run.comparisons = CompareWht(ours, peer_figures, quick);
@@ -136,13 +107,5 @@ int Main(int argc, char** argv) {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-    try {
-        return bench::Main(argc, argv);
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "bench_walsh_hadamard: " << error.what() << '\n' << bench::kUsage;
-        return 2;
-    } catch (const std::exception& error) {
-        std::cerr << "bench_walsh_hadamard: " << error.what() << '\n';
-        return 1;
-    }
+    return bench::Run("bench_walsh_hadamard", bench::kUsage, bench::Main, argc, argv);
 }

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "kernelgen/transpose.hpp"
+
 namespace dct4 {
 namespace {
 
@@ -35,24 +37,6 @@ void store_parts(Graph& graph, Element element, const ComplexValues& z) {
     }
 }
 
-/** (a0 a1) (b0 b1) -> (a0 b0) (a1 b1) */
-std::vector<Ref> transposed_pair(Graph& graph, const std::vector<Ref>& v) {
-    return {graph.shuffle(v[0], v[1], {0, 2}), graph.shuffle(v[0], v[1], {1, 3})};
-}
-
-std::vector<Ref> transposed_four(Graph& graph, const std::vector<Ref>& v) {
-    constexpr kernelgen::Selection kUnpackLow = {0, 4, 1, 5};
-    constexpr kernelgen::Selection kUnpackHigh = {2, 6, 3, 7};
-    constexpr kernelgen::Selection kLowHalves = {0, 1, 4, 5};
-    constexpr kernelgen::Selection kHighHalves = {2, 3, 6, 7};
-    const Ref low01 = graph.shuffle(v[0], v[1], kUnpackLow);
-    const Ref low23 = graph.shuffle(v[2], v[3], kUnpackLow);
-    const Ref high01 = graph.shuffle(v[0], v[1], kUnpackHigh);
-    const Ref high23 = graph.shuffle(v[2], v[3], kUnpackHigh);
-    return {graph.shuffle(low01, low23, kLowHalves), graph.shuffle(low01, low23, kHighHalves),
-            graph.shuffle(high01, high23, kLowHalves), graph.shuffle(high01, high23, kHighHalves)};
-}
-
 /** One vector for each column of as many rows as there are lanes. */
 std::vector<Ref> columns_of_rows(Graph& graph, Element element, int row) {
     const int width = lanes(element);
@@ -68,8 +52,8 @@ std::vector<Ref> columns_of_rows(Graph& graph, Element element, int row) {
         std::vector<Ref> block;
         for (int lane = 0; lane < width; ++lane)
             block.push_back(load(graph, element, lane * row_places + i));
-        for (Ref column : (width == 4 ? transposed_four : transposed_pair)(graph, block))
-            columns.push_back(column);
+        kernelgen::transpose(graph, block.data());
+        columns.insert(columns.end(), block.begin(), block.end());
     }
     return columns;
 }

@@ -6,10 +6,7 @@
  *     describe_dct4 --manifest FILE   one line a body
  */
 
-#include <cstdio>
-#include <exception>
 #include <string>
-#include <vector>
 
 #include "dct4/kernel_source.hpp"
 #include "kernelgen/generated_files.hpp"
@@ -40,20 +37,5 @@ void write_manifest(const std::filesystem::path& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
-    const bool manifest = words.size() == 2 && words[0] == "--manifest";
-    if (!manifest && (words.size() != 1 || words[0].starts_with("-"))) {
-        std::fprintf(stderr, "usage: %s FOLDER | --manifest FILE\n", argv[0]);
-        return 2;
-    }
-    try {
-        if (manifest)
-            write_manifest(words[1]);
-        else
-            write_sources(words[0]);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
-        return 1;
-    }
-    return 0;
+    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
 }

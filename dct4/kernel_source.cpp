@@ -1,9 +1,7 @@
 #include "dct4/kernel_source.hpp"
 
-#include <cstdint>
-#include <cstdio>
-
 #include "kernelgen/emission.hpp"
+#include "kernelgen/generated_files.hpp"
 
 namespace dct4 {
 namespace {
@@ -72,12 +70,6 @@ std::string place_body(const Kernel& kernel) {
     return text + code.statements + "    }\n};\n\n}\n";
 }
 
-std::uint64_t fnv1a(const std::string& text) {
-    std::uint64_t hash = 14695981039346656037ULL;
-    for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ULL;
-    return hash;
-}
-
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
@@ -98,11 +90,8 @@ std::string manifest_line(const Kernel& kernel) {
     std::string line = kernel.name();
     for (int value : {c.sums, c.differences, c.products, c.shuffles, c.loads, c.stores})
         line += "," + number(value);
-    char hash[20];
-    std::snprintf(hash, sizeof hash, "%016llx",
-                  static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));
     return line + "," + schedule.method + "," + number(schedule.traffic.stack_accesses) + "," +
-           hash;
+           kernelgen::hash_of(kernel_source(kernel));
 }
 
 }  // namespace dct4

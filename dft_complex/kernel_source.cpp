@@ -1,11 +1,9 @@
 #include "dft_complex/kernel_source.hpp"
 
-#include <cstdint>
-#include <cstdio>
-
 #include "dft_complex/short_lengths.hpp"
 #include "kernelgen/counts.hpp"
 #include "kernelgen/emission.hpp"
+#include "kernelgen/generated_files.hpp"
 #include "kernelgen/schedule.hpp"
 
 namespace dft_complex {
@@ -126,12 +124,6 @@ std::string transform_head(const Kernel& kernel) {
            arrays + s.vector + " scale) {\n";
 }
 
-std::uint64_t fnv1a(const std::string& text) {
-    std::uint64_t hash = 14695981039346656037ULL;
-    for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ULL;
-    return hash;
-}
-
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
@@ -176,10 +168,7 @@ std::string manifest_line(const Kernel& kernel) {
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses) + ",";
     for (const LaneChoice& choice : kernel.choices)
         line += (&choice == kernel.choices.data() ? "" : " ") + choice.to_string();
-    char hash[20];
-    std::snprintf(hash, sizeof hash, "%016llx",
-                  static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));
-    return line + "," + kernel.option + "," + hash;
+    return line + "," + kernel.option + "," + kernelgen::hash_of(kernel_source(kernel));
 }
 
 std::string dispatcher_source(Direction direction, Element element) {

@@ -1,9 +1,7 @@
 #include "dft_real/real_kernel_source.hpp"
 
-#include <cstdint>
-#include <cstdio>
-
 #include "kernelgen/emission.hpp"
+#include "kernelgen/generated_files.hpp"
 
 namespace dft_real {
 namespace {
@@ -55,12 +53,6 @@ std::string counts_comment(const RealKernel& kernel) {
            " products and one by the scale factor for each output, " +
            std::to_string(c.conversions) + " conversions, " + std::to_string(c.loads) + " loads, " +
            std::to_string(c.stores) + " stores";
-}
-
-std::uint64_t fnv1a(const std::string& text) {
-    std::uint64_t hash = 14695981039346656037ULL;
-    for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ULL;
-    return hash;
 }
 
 }  // namespace
@@ -130,10 +122,7 @@ std::string manifest_line(const RealKernel& kernel) {
         line += "," + std::to_string(number);
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses);
     line += "," + to_string(kernel.tuning.rounding) + "," + kernel.tuning.option;
-    char hash[20];
-    std::snprintf(hash, sizeof hash, "%016llx",
-                  static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));
-    return line + "," + hash;
+    return line + "," + kernelgen::hash_of(kernel_source(kernel));
 }
 
 }  // namespace dft_real

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "kernelgen/transpose.hpp"
+
 namespace walsh_hadamard {
 namespace {
 
@@ -45,34 +47,10 @@ void stage(Graph& graph, Values& v, std::size_t distance) {
     }
 }
 
-/** (a0 a1) (b0 b1) -> (a0 b0) (a1 b1) */
-void transpose_two(Graph& graph, Ref* v) {
-    const Ref a = v[0];
-    const Ref b = v[1];
-    v[0] = graph.shuffle(a, b, {0, 2});
-    v[1] = graph.shuffle(a, b, {1, 3});
-}
-
-void transpose_four(Graph& graph, Ref* v) {
-    constexpr kernelgen::Selection kUnpackLow = {0, 4, 1, 5};
-    constexpr kernelgen::Selection kUnpackHigh = {2, 6, 3, 7};
-    constexpr kernelgen::Selection kLowHalves = {0, 1, 4, 5};
-    constexpr kernelgen::Selection kHighHalves = {2, 3, 6, 7};
-    const Ref low01 = graph.shuffle(v[0], v[1], kUnpackLow);
-    const Ref low23 = graph.shuffle(v[2], v[3], kUnpackLow);
-    const Ref high01 = graph.shuffle(v[0], v[1], kUnpackHigh);
-    const Ref high23 = graph.shuffle(v[2], v[3], kUnpackHigh);
-    v[0] = graph.shuffle(low01, low23, kLowHalves);
-    v[1] = graph.shuffle(low01, low23, kHighHalves);
-    v[2] = graph.shuffle(high01, high23, kLowHalves);
-    v[3] = graph.shuffle(high01, high23, kHighHalves);
-}
-
 /** Every block of as many vectors as a vector has lanes. */
 void transpose(Graph& graph, Element element, Values& v) {
     const auto block = static_cast<std::size_t>(lanes(element));
-    for (std::size_t i = 0; i < v.size(); i += block)
-        (block == 4 ? transpose_four : transpose_two)(graph, &v[i]);
+    for (std::size_t i = 0; i < v.size(); i += block) kernelgen::transpose(graph, &v[i]);
 }
 
 }  // namespace

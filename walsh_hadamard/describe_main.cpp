@@ -6,10 +6,7 @@
  *     describe_walsh_hadamard --manifest FILE   one line a kernel
  */
 
-#include <cstdio>
-#include <exception>
 #include <string>
-#include <vector>
 
 #include "kernelgen/generated_files.hpp"
 #include "walsh_hadamard/kernel_source.hpp"
@@ -41,20 +38,5 @@ void write_manifest(const std::filesystem::path& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
-    const bool manifest = words.size() == 2 && words[0] == "--manifest";
-    if (!manifest && (words.size() != 1 || words[0].starts_with("-"))) {
-        std::fprintf(stderr, "usage: %s FOLDER | --manifest FILE\n", argv[0]);
-        return 2;
-    }
-    try {
-        if (manifest)
-            write_manifest(words[1]);
-        else
-            write_sources(words[0]);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
-        return 1;
-    }
-    return 0;
+    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
 }

@@ -1,9 +1,7 @@
 #include "walsh_hadamard/kernel_source.hpp"
 
-#include <cstdint>
-#include <cstdio>
-
 #include "kernelgen/emission.hpp"
+#include "kernelgen/generated_files.hpp"
 #include "walsh_hadamard/scales.hpp"
 
 namespace walsh_hadamard {
@@ -154,12 +152,6 @@ std::string functions(const Kernel& kernel) {
            checked_transform(kernel, "core::Aligned");
 }
 
-std::uint64_t fnv1a(const std::string& text) {
-    std::uint64_t hash = 14695981039346656037ULL;
-    for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ULL;
-    return hash;
-}
-
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
@@ -219,10 +211,7 @@ std::string manifest_line(const Kernel& kernel) {
     for (const Body& body : kernel.bodies)
         stack_accesses += schedule_of(body).traffic.stack_accesses;
     line += ",\"" + orders_text(kernel) + "\"," + number(stack_accesses) + "," + kernel.option;
-    char hash[20];
-    std::snprintf(hash, sizeof hash, "%016llx",
-                  static_cast<unsigned long long>(fnv1a(kernel_source(kernel))));
-    return line + "," + hash;
+    return line + "," + kernelgen::hash_of(kernel_source(kernel));
 }
 
 }  // namespace walsh_hadamard
