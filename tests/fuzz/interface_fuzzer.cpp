@@ -15,6 +15,7 @@
 
 #include "fuzz/bytes.hpp"
 #include "fuzz/exact_array.hpp"
+#include "support/dct4_interface.hpp"
 #include "support/kernel_table.hpp"
 #include "support/walsh_hadamard.hpp"
 
@@ -159,29 +160,11 @@ void ask_buffer_size(Bytes& bytes) {
     expect(size == wanted, "the size of a work buffer");
 }
 
-/** The functions of one type. */
-template <class E>
-struct Dct4;
-
-#define QSVG_DCT4(E, SUFFIX)                                           \
-    template <>                                                        \
-    struct Dct4<E> {                                                   \
-        using Plan = QsvDCT4Plan_##SUFFIX;                             \
-        static constexpr auto get_size = qsvgDCT4GetSize_##SUFFIX;     \
-        static constexpr auto init = qsvgDCT4Init_##SUFFIX;            \
-        static constexpr auto init_alloc = qsvgDCT4InitAlloc_##SUFFIX; \
-        static constexpr auto run = qsvgDCT4_##SUFFIX;                 \
-        static constexpr auto free = qsvgDCT4Free_##SUFFIX;            \
-    }
-QSVG_DCT4(RealSingle, 32f);
-QSVG_DCT4(RealDouble, 64f);
-#undef QSVG_DCT4
-
 /** Any length's size; what it says of a length that has no plan is in tests of its own. */
 template <class E>
 void ask_plan_size(Bytes& bytes) {
     std::int32_t size = -77;
-    const QsvStatus status = Dct4<E>::get_size(bytes.next<std::int32_t>(), &size);
+    const QsvStatus status = Dct4Interface<E>::kGetSize(bytes.next<std::int32_t>(), &size);
     expect(status == qsvStatusOk ? size > 0 : status == qsvStatusBadLength && size == -77,
            "a size query either tells a size or leaves it as it was");
 }
@@ -190,24 +173,24 @@ void ask_plan_size(Bytes& bytes) {
 template <class E>
 void call_dct4(Bytes& bytes) {
     using Element = typename E::Element;
-    using Functions = Dct4<E>;
+    using Functions = Dct4Interface<E>;
     // To 4096 the split of an analysis occurs; longer ones would take the time of many calls.
     const std::int32_t length = 1 << (1 + bytes.choice(12));
     std::int32_t size = 0;
-    expect(Functions::get_size(length, &size) == qsvStatusOk, "the size of a plan");
+    expect(Functions::kGetSize(length, &size) == qsvStatusOk, "the size of a plan");
     const bool allocates = bytes.one_in(4);
     // On 16-byte boundaries, where the told size is enough at every address.
     const ExactArray buffer(static_cast<std::size_t>(size), 0);
     typename Functions::Plan* plan = nullptr;
     if (bytes.one_in(16)) {
-        expect(Functions::init(&plan, length, nullptr) == qsvStatusNullPointer, "no buffer");
-        expect(Functions::init(nullptr, length, buffer.data()) == qsvStatusNullPointer, "no plan");
-        expect(Functions::init_alloc(nullptr, length) == qsvStatusNullPointer, "no plan");
-        expect(Functions::free(nullptr) == qsvStatusNullPointer, "nothing to free");
+        expect(Functions::kInit(&plan, length, nullptr) == qsvStatusNullPointer, "no buffer");
+        expect(Functions::kInit(nullptr, length, buffer.data()) == qsvStatusNullPointer, "no plan");
+        expect(Functions::kInitAlloc(nullptr, length) == qsvStatusNullPointer, "no plan");
+        expect(Functions::kFree(nullptr) == qsvStatusNullPointer, "nothing to free");
         return;
     }
-    const QsvStatus made = allocates ? Functions::init_alloc(&plan, length)
-                                     : Functions::init(&plan, length, buffer.data());
+    const QsvStatus made = allocates ? Functions::kInitAlloc(&plan, length)
+                                     : Functions::kInit(&plan, length, buffer.data());
     expect(made == qsvStatusOk, "a plan is made");
     const std::size_t array_bytes = static_cast<std::size_t>(length) * sizeof(Element);
     for (std::size_t calls = bytes.choice(3); calls > 0; --calls) {
@@ -216,11 +199,11 @@ void call_dct4(Bytes& bytes) {
         const QsvStatus wanted = no_plan ? qsvStatusNullPointer : arrays.status(qsvScaleNone);
         arrays.expect_status(
             wanted,
-            Functions::run(arrays.template source<Element>(),
-                           arrays.template destination<Element>(), no_plan ? nullptr : plan),
+            Functions::kRun(arrays.template source<Element>(),
+                            arrays.template destination<Element>(), no_plan ? nullptr : plan),
             "the DCT-IV");
     }
-    if (allocates) expect(Functions::free(plan) == qsvStatusOk, "a plan is freed");
+    if (allocates) expect(Functions::kFree(plan) == qsvStatusOk, "a plan is freed");
 }
 
 using Target = void (*)(Bytes&);

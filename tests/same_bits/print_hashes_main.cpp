@@ -20,6 +20,7 @@
 
 #include "same_bits/fixed_data.hpp"
 #include "same_bits/fnv.hpp"
+#include "support/dct4_interface.hpp"
 #include "support/kernel_table.hpp"
 #include "support/placed_array.hpp"
 #include "support/walsh_hadamard.hpp"
@@ -86,23 +87,19 @@ void add_orders(Hashes& hashes) {
     }
 }
 
-template <class Element, class Plan>
-struct Dct4 {
-    QsvStatus (*init)(Plan** plan, std::int32_t length, std::uint8_t* buffer);
-    QsvStatus (*run)(const Element* src, Element* dst, Plan* plan);
-};
-
-template <class E, class Plan>
-void add_dct4(Hashes& hashes, const char* name, Dct4<typename E::Element, Plan> functions) {
+template <class E>
+void add_dct4(Hashes& hashes) {
+    using Functions = Dct4Interface<E>;
     for (const std::int32_t length : {2, 4, 8, 16, 32}) {
         alignas(16) std::uint8_t buffer[224];
-        Plan* plan = nullptr;
-        functions.init(&plan, length, buffer);
+        typename Functions::Plan* plan = nullptr;
+        Functions::kInit(&plan, length, buffer);
         const auto size = static_cast<std::size_t>(length);
         const auto run = [&](const auto* src, auto* dst, std::int32_t) {
-            return functions.run(src, dst, plan);
+            return Functions::kRun(src, dst, plan);
         };
-        hashes[name + ("_of_" + std::to_string(length))] = hash_of<E>(size, size, run);
+        hashes[std::string("qsvgDCT4_") + E::kSuffix + "_of_" + std::to_string(length)] =
+            hash_of<E>(size, size, run);
     }
 }
 
@@ -114,8 +111,8 @@ Hashes all_hashes() {
     add_kernels<RealDouble>(hashes);
     add_orders<RealSingle>(hashes);
     add_orders<RealDouble>(hashes);
-    add_dct4<RealSingle, QsvDCT4Plan_32f>(hashes, "qsvgDCT4_32f", {qsvgDCT4Init_32f, qsvgDCT4_32f});
-    add_dct4<RealDouble, QsvDCT4Plan_64f>(hashes, "qsvgDCT4_64f", {qsvgDCT4Init_64f, qsvgDCT4_64f});
+    add_dct4<RealSingle>(hashes);
+    add_dct4<RealDouble>(hashes);
     return hashes;
 }
 
