@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dct4/bodies.hpp"
+#include "dct4/bodies/bodies.hpp"
 #include "kernelgen/bit_interpreter.hpp"
 #include "support/interpreted_plan.hpp"
 

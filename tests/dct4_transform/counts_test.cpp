@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "dct4/kernels.hpp"
+#include "dct4/bodies/kernels.hpp"
 #include "kernelgen/proof.hpp"
 
 namespace {

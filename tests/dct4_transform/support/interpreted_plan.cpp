@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "dct4/bodies.hpp"
+#include "dct4/bodies/bodies.hpp"
 #include "kernelgen/bit_interpreter.hpp"
 
 namespace qsvgen_test {

@@ -1,4 +1,4 @@
-#include "dct4/complex_values.hpp"
+#include "dct4/bodies/complex_values.hpp"
 
 #include <stdexcept>
 

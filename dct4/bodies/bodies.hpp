@@ -8,7 +8,7 @@
  * on. Which address a place has is for the loop to say. A table stands behind the inputs.
  */
 
-#include "dct4/odd_frequency.hpp"
+#include "dct4/bodies/odd_frequency.hpp"
 
 namespace dct4 {
 

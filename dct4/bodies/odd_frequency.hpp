@@ -17,7 +17,7 @@
 
 #include <functional>
 
-#include "dct4/complex_values.hpp"
+#include "dct4/bodies/complex_values.hpp"
 
 namespace dct4 {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "dct4/kernels.hpp"
+#include "dct4/bodies/kernels.hpp"
 
 namespace dct4 {
 

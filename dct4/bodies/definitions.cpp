@@ -1,6 +1,6 @@
-#include "dct4/definitions.hpp"
+#include "dct4/bodies/definitions.hpp"
 
-#include "dct4/bodies.hpp"
+#include "dct4/bodies/bodies.hpp"
 #include "kernelgen/proof.hpp"
 
 namespace dct4 {

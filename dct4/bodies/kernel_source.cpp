@@ -1,4 +1,4 @@
-#include "dct4/kernel_source.hpp"
+#include "dct4/bodies/kernel_source.hpp"
 
 #include "kernelgen/emission.hpp"
 #include "kernelgen/generated_files.hpp"

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "dct4/complex_values.hpp"
+#include "dct4/bodies/complex_values.hpp"
 
 namespace dct4 {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "dct4/bodies.hpp"
+#include "dct4/bodies/bodies.hpp"
 #include "kernelgen/counts.hpp"
 #include "kernelgen/schedule.hpp"
 

@@ -1,4 +1,4 @@
-#include "dct4/orders.hpp"
+#include "dct4/bodies/orders.hpp"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "dct4/bodies.hpp"
+#include "dct4/bodies/bodies.hpp"
 
 #include <stdexcept>
 

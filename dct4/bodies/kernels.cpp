@@ -1,7 +1,7 @@
-#include "dct4/kernels.hpp"
+#include "dct4/bodies/kernels.hpp"
 
-#include "dct4/definitions.hpp"
-#include "dct4/orders.hpp"
+#include "dct4/bodies/definitions.hpp"
+#include "dct4/bodies/orders.hpp"
 
 namespace dct4 {
 

@@ -1,4 +1,4 @@
-#include "dct4/odd_frequency.hpp"
+#include "dct4/bodies/odd_frequency.hpp"
 
 namespace dct4 {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "dct4/kernel_source.hpp"
+#include "dct4/bodies/kernel_source.hpp"
 #include "kernelgen/generated_files.hpp"
 
 namespace {
