@@ -81,7 +81,6 @@ std::int32_t DCT4(env5_mem)(std::int32_t sub_length, std::int32_t scratch_length
 std::int32_t DCT4(env7_mem)(std::int32_t sub_length, std::int32_t scratch_length) {
     std::int32_t factor = 0;
     if (divisorsIntNonTriv(&factor, sub_length / 2) != qsvStatusOk) return qsvStatusBadLength;
-    if (DCT4(env8__chooseRule)(factor) == 0) return qsvStatusBadLength;
     const std::int32_t analyses = DCT4(env9_mem)(sub_length / factor, scratch_length);
     if (analyses < 0) return analyses;
     const Wrapping env8_need = aligned(sizeof(env8)) + list_heads(1) +

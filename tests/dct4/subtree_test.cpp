@@ -169,6 +169,20 @@ TEST_F(Subtrees, WithARuleOutOfRangeReleaseNoTable) {
     }
 }
 
+TEST_F(Subtrees, ARootWithARuleOutOfRangeReleasesNoScratch) {
+    constexpr std::int32_t kLength = 64;
+    for (const std::int32_t rule : {6, 0, 7, -1, 1000}) {
+        PlanBuffer plan(kLength);
+        const bool is_known = rule == 6;
+        plan.root().rule = rule;
+        const std::int32_t size_of_root = plan.root().size;
+        plan.root().destroy(&plan.root());
+        EXPECT_EQ(aligned(size_of_root) + (is_known ? 0 : word(kLength * kElement)),
+                  plan.buffer().used())
+            << rule;
+    }
+}
+
 TEST_F(Subtrees, AnEnv7ReleasesItsScratchOnlyWhereItIsValid) {
     for (const std::int32_t valid : {1, 0, 2, -1}) {
         env7* const node = split(64, 512);

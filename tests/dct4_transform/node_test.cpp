@@ -1,8 +1,11 @@
 /** @file @brief Every rule of every node by itself, those that no plan reaches among them. */
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
+#include "dct4/batch.hpp"
+#include "dct4/recursion.hpp"
 #include "support/interpreted_plan.hpp"
 
 namespace qsvgen_test {
@@ -39,7 +42,7 @@ Signal as_signal(const Memory& y) {
 
 TEST(Dct4Nodes, AnalysesOfEveryRuleAndRowGiveThoseOfTheFormula) {
     for (int rule = 1; rule <= 6; ++rule) {
-        for (int groups : {1, 2, 3, 4, 5, 8}) {
+        for (int groups = 1; groups <= kBatch + 1; ++groups) {
             const int points = 1 << rule;
             const int m = groups * kLanes;
             const int length = points * m;
@@ -86,7 +89,7 @@ TEST(Dct4Nodes, AnalysesOfTwoPointsAreTheFirstAndZeroMinusTheLast) {
 
 TEST(Dct4Nodes, SynthesesOfEveryRuleGiveThoseOfTheFormula) {
     for (int rule = 1; rule <= 6; ++rule) {
-        for (int groups : {1, 2, 3, 4, 5, 8}) {
+        for (int groups = 1; groups <= kBatch + 1; ++groups) {
             const int points = 1 << rule;
             const int n = groups * kLanes;
             const int length = points * n;
@@ -110,6 +113,40 @@ TEST(Dct4Nodes, SynthesesOfEveryRuleGiveThoseOfTheFormula) {
             EXPECT_TRUE(same_bits<E>(as_signal(expected), destination.signal()))
                 << "rule " << rule << ", " << groups << " groups";
             EXPECT_TRUE(destination.margins_untouched()) << "rule " << rule;
+        }
+    }
+}
+
+// The kernels for rows of a plan's distance hold for rows without gaps alone.
+TEST(Dct4Nodes, SynthesesOfRowsWithGapsGiveThoseOfRowsWithout) {
+    for (int rule = 2; rule <= 6; ++rule) {  // rows of a whole vector or more
+        for (int groups : {2, 4, 8}) {
+            const int points = 1 << rule;
+            const int n = groups * kLanes;
+            const int length = points * n;
+            WorkSpace table(word(length), 7);
+            WorkSpace plain(word(length), 1);
+            WorkSpace gaps(word(2 * length), 2);
+            for (int row = 0; row < n; ++row) {
+                for (int i = 0; i < points; ++i)
+                    gaps.data()[2 * points * row + i] = plain.data()[points * row + i];
+            }
+            env4 node{};
+            node.rule = rule;
+            node.table = table.data();
+            node.twoFactor = points;
+            node.span = points * kLanes;
+            node.blocks = groups;
+            node.lastIndex = 2 * length - 1;
+            node.subLength = 2 * n;
+            WorkSpace expected(word(length));
+            EXPECT_EQ(qsvStatusOk, DCT4(env4_compute)(&node, plain.data(), expected.data()));
+            node.twoFactor = 2 * points;
+            node.span = 2 * points * kLanes;
+            WorkSpace destination(word(length));
+            EXPECT_EQ(qsvStatusOk, DCT4(env4_compute)(&node, gaps.data(), destination.data()));
+            EXPECT_TRUE(same_bits<E>(expected.signal(), destination.signal()))
+                << "rule " << rule << ", " << groups << " groups";
         }
     }
 }
@@ -150,34 +187,117 @@ TEST(Dct4Nodes, PartsOfAnAnalysisOfEveryRuleGiveThoseOfTheFormula) {
     }
 }
 
+/** What the formula gives for `groups` groups of columns, the rows of which are `stride` elements
+ * apart in the source and `spacing` in the scratch vector. */
+Memory expected_parts(int rule, int parts, int groups, int stride, int spacing, int length,
+                      const WorkSpace& source, std::size_t scratch_length) {
+    Memory expected(scratch_length, double{kUnwritten});
+    for (int c = 0; c < groups * kLanes; c += kLanes) {
+        for (int r = 0; r < parts; ++r)
+            interpret_analysis(
+                {1 << rule, parts * stride, c + r * stride, 2 * length - 1 - 2 * c - 2 * r * stride,
+                 c + r * spacing, parts * spacing},
+                source.memory(), expected);
+    }
+    return expected;
+}
+
+void expect_parts_of_the_formula(int rule, int parts, int groups, int stride, int spacing) {
+    const int length = (1 << rule) * parts * stride / 2;
+    const std::size_t scratch_length = word((1 << rule) * parts * spacing);
+    const env9 node = part_node(rule, parts, stride, spacing);
+    WorkSpace source(word(length), 1);
+    WorkSpace scratch(scratch_length);
+    EXPECT_EQ(qsvStatusOk,
+              run_parts(node, source.data(), scratch.data(), {0, 2 * length - 1, 0, groups}));
+    EXPECT_TRUE(same_bits<E>(as_signal(expected_parts(rule, parts, groups, stride, spacing, length,
+                                                      source, scratch_length)),
+                             scratch.signal()))
+        << "rule " << rule << ", " << groups << " groups, rows " << stride << " apart, in scratch "
+        << spacing;
+}
+
+TEST(Dct4Nodes, BatchesOfPartsOfEveryRuleAndSizeGiveThoseOfTheFormula) {
+    for (int rule = 1; rule <= 6; ++rule) {
+        for (int groups = 1; groups <= kBatch; ++groups)
+            expect_parts_of_the_formula(rule, 2, groups, 2 * groups * kLanes, groups * kLanes);
+    }
+}
+
+// Kernels for rows of one distance must not be taken for rows that are stored further apart.
+TEST(Dct4Nodes, PartsWithTheRowsOfAPlanAndAnotherSpacingGiveThoseOfTheFormula) {
+    for (int rule : {3, 4, 5}) {
+        for (int stride : {512 / 8, 1024 / 8}) {
+            for (int spacing : {stride / 2, stride})
+                expect_parts_of_the_formula(rule, 8, kBatch / 2, stride, spacing);
+        }
+    }
+}
+
+/** DFTs of three blocks whose rows are `spacing` elements apart. */
+class ThreeBlocks {
+  public:
+    ThreeBlocks(int rule, int spacing)
+        : rule_(rule),
+          spacing_(spacing),
+          table_(word(kBlocks * ((2 << rule) - 2) * kLanes), 5),
+          scratch_(length(), 1) {
+        const int s = 1 << rule;
+        node_.rule = rule;
+        node_.table = table_.data();
+        node_.factor = s;
+        node_.step = node_.step2 = spacing;
+        node_.span = 2 * s * spacing;
+        node_.blocks = kBlocks;
+        node_.halfLength = s * kBlocks;
+        node_.lastIndex = 2 * s * kBlocks - 1;
+        node_.quotient = 2 * kBlocks;
+    }
+    std::size_t length() const { return word((2 << rule_) * kBlocks * spacing_); }
+    const env8& node() const { return node_; }
+    Real* scratch() { return scratch_.data(); }
+    Signal expected(int groups) {
+        Memory memory(length(), double{kUnwritten});
+        for (int c = 0; c < groups * kLanes; c += kLanes)
+            interpret_dfts({rule_, kBlocks, spacing_, c}, table_.data(), scratch_.memory(), memory);
+        return as_signal(memory);
+    }
+
+  private:
+    static constexpr int kBlocks = 3;
+    int rule_;
+    int spacing_;
+    WorkSpace table_;
+    WorkSpace scratch_;
+    env8 node_{};
+};
+
 TEST(Dct4Nodes, DftsOfEveryRuleAndRowGiveThoseOfTheFormula) {
     for (int rule = 1; rule <= 5; ++rule) {
         for (int spacing : {kLanes, 2 * kLanes, 32, 64}) {
-            const int s = 1 << rule;
-            const int blocks = 3;
-            const int length = 2 * s * blocks * spacing;
-            WorkSpace table(word(blocks * (2 * s - 2) * kLanes), 5);
-            env8 node{};
-            node.rule = rule;
-            node.table = table.data();
-            node.factor = s;
-            node.step = node.step2 = spacing;
-            node.span = 2 * s * spacing;
-            node.blocks = blocks;
-            node.halfLength = s * blocks;
-            node.lastIndex = 2 * s * blocks - 1;
-            node.quotient = 2 * blocks;
-            WorkSpace scratch(word(length), 1);
-            WorkSpace destination(word(length));
-            Memory expected(word(length), double{kUnwritten});
+            ThreeBlocks dfts(rule, spacing);
+            WorkSpace destination(dfts.length());
             for (int c = 0; c < spacing; c += kLanes) {
-                EXPECT_EQ(qsvStatusOk,
-                          DCT4(env8_compute)(&node, scratch.data(), destination.data(), c, c));
-                interpret_dfts({rule, blocks, spacing, c}, table.data(), scratch.memory(),
-                               expected);
+                EXPECT_EQ(qsvStatusOk, DCT4(env8_compute)(&dfts.node(), dfts.scratch(),
+                                                          destination.data(), c, c));
             }
-            EXPECT_TRUE(same_bits<E>(as_signal(expected), destination.signal()))
+            EXPECT_TRUE(same_bits<E>(dfts.expected(spacing / kLanes), destination.signal()))
                 << "rule " << rule << ", rows of " << spacing;
+        }
+    }
+}
+
+TEST(Dct4Nodes, BatchesOfDftsOfEveryRuleRowAndSizeGiveThoseOfTheFormula) {
+    for (int rule = 1; rule <= 5; ++rule) {
+        for (int spacing : {32, 64}) {
+            for (int groups = 1; groups <= std::min(kBatch, spacing / kLanes); ++groups) {
+                ThreeBlocks dfts(rule, spacing);
+                WorkSpace destination(dfts.length());
+                EXPECT_EQ(qsvStatusOk, run_dfts(dfts.node(), dfts.scratch(), destination.data(),
+                                                {0, 0, 0, groups}));
+                EXPECT_TRUE(same_bits<E>(dfts.expected(groups), destination.signal()))
+                    << "rule " << rule << ", rows of " << spacing << ", " << groups << " groups";
+            }
         }
     }
 }
