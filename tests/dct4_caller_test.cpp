@@ -53,8 +53,6 @@ extern "C" {
 namespace qsvgen_test {
 namespace {
 
-// Each kind of tree: leaves, the stages alone, one split and two.
-constexpr std::int32_t kLengths[] = {2, 4, 8, 16, 32, 64, 128, 512, 2048, 4096, 131072};
 constexpr std::uint32_t kSkews[] = {0, 4, 8, 12};
 constexpr unsigned kMxcsrValues[] = {0x1F80, 0x9F80, 0x1FC0, 0x3F80, 0x5F80, 0x7F80, 0x1FBF};
 constexpr std::uint16_t kX87Values[] = {0x037F, 0x027F, 0x007F, 0x077F, 0x0B7F, 0x0F7F};
@@ -107,7 +105,7 @@ TYPED_TEST_SUITE(Dct4Caller, RealTypes, ElementNames);
 TYPED_TEST(Dct4Caller, MayComeWithAStackOfAnyWordAndFindsItsRegistersKept) {
     using Functions = typename TestFixture::Functions;
     using Plan = typename TestFixture::Plan;
-    for (const std::int32_t length : kLengths) {
+    for (const std::int32_t length : kPlanLengths) {
         const auto x = this->signal(length);
         Plan* usual = nullptr;
         ASSERT_EQ(0, Functions::kInitAlloc(&usual, length));
@@ -139,7 +137,7 @@ TYPED_TEST(Dct4Caller, MayComeWithAStackOfAnyWordAndFindsItsRegistersKept) {
 
 TYPED_TEST(Dct4Caller, FindsTheControlStateOfBothUnitsAsItWas) {
     using Functions = typename TestFixture::Functions;
-    for (const std::int32_t length : kLengths) {
+    for (const std::int32_t length : kPlanLengths) {
         const auto x = this->signal(length);
         auto y = x;
         const auto use = [&] {
@@ -176,7 +174,7 @@ TYPED_TEST(Dct4Caller, FindsTheControlStateOfBothUnitsAsItWas) {
 
 TYPED_TEST(Dct4Caller, PaysOneAllocationForAPlanAndNoneForARun) {
     using Functions = typename TestFixture::Functions;
-    for (const std::int32_t length : kLengths) {
+    for (const std::int32_t length : kPlanLengths) {
         core() = Core();
         std::int32_t size = 0;
         ASSERT_EQ(0, Functions::kGetSize(length, &size));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/accuracy_limit.hpp"
+#include "support/control_state.hpp"
 #include "support/reference_dft.hpp"
 #include "support/scale.hpp"
 #include "support/signals.hpp"
@@ -161,6 +162,21 @@ TYPED_TEST(ScaleFactor, FollowsTheFlagAndTheDirection) {
     EXPECT_EQ(1, s(Direction::Both, 8));
     EXPECT_EQ(s(Direction::Forward, 4), s(Direction::Inverse, 4));
     EXPECT_EQ(s(Direction::Forward, 4), s(Direction::Both, 4));
+}
+
+TEST(X87RegistersInUse, AreTheSameUnlessOneIsUsedPoppedOrChanged) {
+    const auto are_kept = [](const auto& call) {
+        X87Registers before;
+        X87Registers after;
+        with_all_x87_registers_in_use(call, before, after);
+        return before == after;
+    };
+    EXPECT_TRUE(are_kept([] {}));
+    EXPECT_FALSE(are_kept([] { asm volatile("fld1" : : : "memory"); }));
+    EXPECT_FALSE(are_kept([] { asm volatile("fstp %%st(0)" : : : "memory"); }));
+    EXPECT_FALSE(are_kept([] { asm volatile("fadd %%st(0), %%st(3)" : : : "memory"); }));
+    EXPECT_FALSE(are_kept([] { asm volatile("pxor %%mm5, %%mm5" : : : "memory"); }));
+    EXPECT_FALSE(are_kept([] { asm volatile("emms" : : : "memory"); }));
 }
 
 }  // namespace

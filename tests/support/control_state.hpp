@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace qsvgen_test {
 
@@ -48,6 +49,38 @@ inline std::uint16_t x87_tag_word() {
     // Storing the environment masks all exceptions, so it is loaded back.
     asm volatile("fnstenv %0\n\tfldenv %0" : "+m"(environment));
     return static_cast<std::uint16_t>(environment[2]);
+}
+
+/** What FXSAVE stores of the x87 unit. */
+class X87Registers {
+  public:
+    void save() { asm volatile("fxsave %0" : "=m"(image_)); }
+    /** A bit for each register. */
+    int in_use() const { return image_[4]; }
+    /** By control, status and tags, and the eight registers; not by where the last one was used. */
+    bool operator==(const X87Registers& other) const {
+        if (std::memcmp(image_.data(), other.image_.data(), 5) != 0) return false;
+        for (std::size_t i = 0; i < 8; ++i) {
+            const std::size_t place = 32 + 16 * i;
+            if (std::memcmp(&image_[place], &other.image_[place], 10) != 0) return false;
+        }
+        return true;
+    }
+
+  private:
+    alignas(16) std::array<std::uint8_t, 512> image_ = {};
+};
+
+/** `call` must not touch the x87 unit itself. */
+template <class Call>
+void with_all_x87_registers_in_use(const Call& call, X87Registers& before, X87Registers& after) {
+    std::array<std::uint32_t, 27> outside;
+    asm volatile("fnsave %0" : "=m"(outside));
+    asm volatile("fld1; fldl2t; fldl2e; fldpi; fldlg2; fldln2; fldz; fld1" : : : "memory");
+    before.save();
+    call();
+    after.save();
+    asm volatile("frstor %0" : : "m"(outside) : "memory");
 }
 
 }  // namespace qsvgen_test

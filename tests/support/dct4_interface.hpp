@@ -9,6 +9,9 @@
 
 namespace qsvgen_test {
 
+/** Each kind of tree: leaves, the stages alone, one split and two. */
+inline constexpr std::int32_t kPlanLengths[] = {2, 4, 8, 16, 32, 64, 128, 512, 2048, 4096, 131072};
+
 template <class E>
 struct Dct4Interface;
 
