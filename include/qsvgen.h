@@ -3,100 +3,31 @@
  * @brief Discrete transforms of small fixed sizes, and the DCT-IV by a plan: the whole exported
  *        interface, for C and C++.
  *
- * Complex DFT, lengths N = 2 to 64
- * --------------------------------
- *   forward  y[k] = s * sum over n of x[n] * exp(-2 pi i n k / N)
- *   inverse  y[k] = s * sum over n of x[n] * exp(+2 pi i n k / N)
+ * | family                           | sizes                         | functions             |
+ * |----------------------------------|-------------------------------|-----------------------|
+ * | @ref dft_complex "complex DFT"   | N = 2 to 64                   | qsvgDFTFwd_CToC_...   |
+ * | @ref dft_real "real-input DFT"   | N = 2 to 64                   | qsvgDFTFwd_RToCCS_... |
+ * | @ref hartley "Hartley"           | N = 2 to 64                   | qsvgHartley_...       |
+ * | @ref walsh_hadamard "Walsh-Hadamard" | N = 2^K, K = 1 to 13      | qsvgWHT_...           |
+ * | @ref dct4 "DCT-IV"               | N = 2^k from 2 on, by a plan  | qsvgDCT4_...          |
  *
- * Shapes     x and y hold N complex elements each, interleaved re, im, in natural order.
+ * A name ends with its element: _32fc Complex32, _64fc Complex64, _32f Real32, _64f Real64. Before
+ * that a kernel of one size has the size as a number; without one, the size is an argument.
  *
- * Real-input DFT, lengths N = 2 to 64
- * -----------------------------------
- *   forward  X[k] = s * sum over n of x[n] * exp(-2 pi i n k / N), X[k] = R[k] + i I[k]
- *   inverse  x[n] = s * sum over k = 0 to N-1 of X[k] * exp(+2 pi i n k / N)
+ * What holds for all of them:
  *
- * Shapes     x holds N real elements. Of the spectrum, whose bins above N/2 are the conjugates of
- *            those below, an array of real elements holds the rest in one of three layouts:
- *
- *              CCS   R0 0 R1 I1 R2 I2 ...            and for even N  R[N/2] 0 at the end
- *              Pack  R0 R1 I1 R2 I2 ...              and for even N  R[N/2] at the end
- *              Perm  R0 R[N/2] R1 I1 R2 I2 ...       for even N; for odd N as Pack
- *
- *            Pack and Perm have N elements, CCS has N + 2 for even and N + 1 for odd N. A forward
- *            transform writes the two zeros of CCS as +0, an inverse one does not read them.
- *
- * Hartley transform, lengths N = 2 to 64
- * --------------------------------------
- *   y[k] = s * sum over n of x[n] * (cos(2 pi n k / N) + sin(2 pi n k / N))
- *
- * Shapes     x and y hold N real elements each, in natural order. The transform is its own inverse
- *            up to the factor N.
- *
- * Walsh-Hadamard transform, orders K = 1 to 13, lengths N = 2^K
- * -------------------------------------------------------------
- *   y[k] = s * sum over n of (-1)^(number of ones in the binary digits of k AND n) * x[n]
- *
- * Shapes     x and y hold N real elements each, in natural (Hadamard) order, which is neither
- *            sequency nor bit-reversed order. The transform is its own inverse up to the factor N.
- * Rounding   Part of the contract. For the strides h = 1, 2, 4, ..., N/2 in this order each pair
- *            (a, b) = (x[j], x[j + h]), bit h of j clear, becomes (a + b, a - b), rounded to the
- *            element type; then every element is multiplied once by s. Every kernel gives the bits
- *            of that sequence.
- * Work       Orders 8 to 13 pass through a work buffer of the size that qsvgWHTGetBufferSize_32f or
- *            _64f tells, on a 16-byte boundary whatever the alignment of x and y. It holds nothing
- *            before or after a call and must not be shared by calls at the same time. Where it is
- *            null the kernel takes one block of that size from qsvMalloc of the platform core
- *            library and gives it back; a failure of qsvMalloc is not detected.
- * Method     B. J. Fino and V. R. Algazi, "Unified matrix treatment of the fast Walsh-Hadamard
- *            transform", IEEE Transactions on Computers C-25, 1976.
- *
- * DCT-IV, lengths N = 2^k from 2 on, by a plan
- * --------------------------------------------
- *   y[k] = sum over n of x[n] * cos(pi/N * (n + 1/2) * (k + 1/2))
- *
- * Shapes     x and y hold N real elements each, in natural order. They may be the same array, with
- *            the same bits; a partial overlap is not supported.
- * Scaling    None, and no flag. The matrix is symmetric, so that the transform is its own inverse
- *            up to the factor N/2.
- * Plan       Made once for a length and an element type and run any number of times, it lies in one
- *            buffer that must stay where it is, untouched. Making it takes all memory and evaluates
- *            all sines and cosines; running it does neither. There are two ways:
- *
- *              qsvgDCT4GetSize_32f, a buffer of the caller, qsvgDCT4Init_32f; no function ends it
- *              qsvgDCT4InitAlloc_32f, which allocates the buffer, and at last qsvgDCT4Free_32f
- *
- * Lengths    2^k up to 2^26 for Real32, up to 2^25 for Real64. What else the size query accepts is
- *            of no use: 2^k + 1 (from 33 on for Real32, from 9 on for Real64), whose plan may be
- *            made, but reads and writes element N, one past the arrays; and some lengths from 2^29
- *            on whose size has wrapped around, so that no buffer could hold their plan.
- * Precision  All sums, products and tables are of the element type.
- * Alignment  Source and destination may stand at any boundary of their element. A buffer of the
- *            told size is enough on each 16-byte boundary, and anywhere below the address 2^31; at
- *            other addresses a plan of length 2 to 32 may take up to 11 bytes more.
- * Threads    A plan of length 2 to 32 is only read when it runs, by any number of threads at once.
- *            Any other plan has work space in it and serves one call at a time. Different plans
- *            do not know of each other.
- * Errors     Null pointers are told before anything is looked at. Of a plan no more is checked than
- *            the rule of its first node; a buffer that is too small is overrun.
- * Method     Odd-frequency analyses and syntheses, in two stages. Z. Wang, "Fast algorithms for the
- *            discrete W transform and for the discrete Fourier transform", IEEE Transactions on
- *            Acoustics, Speech, and Signal Processing ASSP-32, 1984.
- *
- * All of the fixed sizes
- * ----------------------
- * Scaling    s is chosen by the flag (see QsvScaleFlag); every output is multiplied once by s.
- * Precision  Of complex elements as the kernels' names say. Real transforms of Real32 elements
- *            multiply by constants in binary64 and round to binary32 between their stages.
- * Aliasing   Source and destination may be the same array, with the same bits as out of place; it
- *            must then be large enough for both. A partial overlap is not supported.
- * Alignment  Any address of whole 32-bit words is accepted. Where both arrays of a complex or a
- *            Walsh-Hadamard transform stand on 16-byte boundaries a faster path runs, with the same
- *            bits.
- * Threads    Every function is a pure function of its arguments: no state, no lock, and no
- *            allocation but that for a null work buffer.
- * Errors     Checked in this order: length or order (dispatchers and size queries only), source and
- *            destination pointer, flag. A refused call has read, written and allocated nothing.
- *            Sample values are never examined.
+ * - Sizes are counts of elements; what a buffer needs is told in bytes. Arrays of other sizes than
+ *   stated are not noticed: of a longer one the rest is left alone, a shorter one is overrun.
+ * - Refusal: a refused call of a transform has read, written and allocated nothing. Sample values
+ *   are never examined: NaN, infinities and denormals go where the arithmetic takes them.
+ * - Threads: no function has state of its own or takes a lock.
+ * - Floating-point environment: every sum, product and conversion follows the caller's MXCSR
+ *   (rounding, denormals as zero), which is never read or changed but for the exception flags that
+ *   arithmetic raises. No transform uses an x87 or MMX register; making a plan may.
+ * - The same bits, in whatever way a size is reached: aligned or not, in place or not, by its own
+ *   name or by a size that is an argument, in any thread, built by GCC or Clang. That holds for
+ *   rounding to nearest and of the DCT-IV up to 32 elements, since longer ones take their tables
+ *   from the C library.
  */
 #ifndef QSVGEN_H
 #define QSVGEN_H
@@ -112,6 +43,11 @@ extern "C" {
 #else
 #define QSVG_API
 #endif
+
+/**
+ * @defgroup elements Elements, statuses and flags
+ * @{
+ */
 
 /** IEEE 754 binary32 sample. */
 typedef float Real32;
@@ -153,6 +89,13 @@ enum QsvScaleFlag {
     qsvScaleNone = 8     /**< all by 1 */
 };
 
+/** @} */
+
+/**
+ * @defgroup version Version
+ * @{
+ */
+
 /** What qsvgenGetLibVersion tells of the library. */
 typedef struct {
     int32_t majorVersion;    /**< major version */
@@ -168,6 +111,8 @@ typedef struct {
 /** The one constant record that identifies the library. Never null; not the caller's to free. */
 QSVG_API const LibraryVersion* qsvgenGetLibVersion(void);
 
+/** @} */
+
 /** Calls X(N) for each transform length N from 2 to 64. */
 /* clang-format off */
 #define QSVG_FOR_EACH_LENGTH(X) \
@@ -179,6 +124,33 @@ QSVG_API const LibraryVersion* qsvgenGetLibVersion(void);
     X(47) X(48) X(49) X(50) X(51) X(52) X(53) X(54) X(55) \
     X(56) X(57) X(58) X(59) X(60) X(61) X(62) X(63) X(64)
 /* clang-format on */
+
+/**
+ * @defgroup dft_complex Complex DFT, N = 2 to 64
+ *
+ *     forward  y[k] = s * sum over n of x[n] * exp(-2 pi i n k / N)
+ *     inverse  y[k] = s * sum over n of x[n] * exp(+2 pi i n k / N)
+ *
+ * **Scaling.** s is chosen by the flag (#QsvScaleFlag); every output is multiplied once by s.
+ *
+ * **Layout and sizes.** x (src) and y (dst) hold N complex elements each, re before im, in natural
+ * order.
+ *
+ * **Precision.** All arithmetic is of the element's own type.
+ *
+ * **Aliasing.** src and dst may be the same array, with the same bits as out of place. A partial
+ * overlap is not supported.
+ *
+ * **Alignment.** Any address of whole 32-bit words. Where both arrays stand on 16-byte boundaries a
+ * faster path runs, with the same bits.
+ *
+ * **Threads.** Each function is a pure function of its arguments.
+ *
+ * **Statuses,** in the order of the checks: #qsvStatusBadLength (where the length is an argument),
+ * #qsvStatusNullPointer (src or dst), #qsvStatusBadFlag.
+ *
+ * @{
+ */
 
 /**
  * Complex DFT of a length given at run time.
@@ -214,6 +186,47 @@ QSVG_API QsvStatus qsvgDFTInv_CToC_64fc(const Complex64* src, Complex64* dst, in
 QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_DFT_COMPLEX)
 #undef QSVG_DECLARE_DFT_COMPLEX
 
+/** @} */
+
+/** Declares both element types of a kernel of real input. */
+#define QSVG_DECLARE_REAL_KERNEL(FAMILY, N)                                                    \
+    QSVG_API QsvStatus qsvg##FAMILY##_##N##_32f(const Real32* src, Real32* dst, int32_t flag); \
+    QSVG_API QsvStatus qsvg##FAMILY##_##N##_64f(const Real64* src, Real64* dst, int32_t flag);
+
+/**
+ * @defgroup dft_real Real-input DFT, N = 2 to 64
+ *
+ *     forward  X[k] = s * sum over n of x[n] * exp(-2 pi i n k / N), X[k] = R[k] + i I[k]
+ *     inverse  x[n] = s * sum over k = 0 to N-1 of X[k] * exp(+2 pi i n k / N)
+ *
+ * **Scaling.** s is chosen by the flag (#QsvScaleFlag); every output is multiplied once by s.
+ *
+ * **Layouts and sizes.** x holds N real elements. Of the spectrum, whose bins above N/2 are the
+ * conjugates of those below, an array of real elements holds the rest in one of three layouts:
+ *
+ *     CCS   R0 0 R1 I1 R2 I2 ...        and for even N  R[N/2] 0 at the end
+ *     Pack  R0 R1 I1 R2 I2 ...          and for even N  R[N/2] at the end
+ *     Perm  R0 R[N/2] R1 I1 R2 I2 ...   for even N; for odd N as Pack
+ *
+ * Pack and Perm have N elements, CCS has N + 2 for even and N + 1 for odd N. A forward transform
+ * writes the two zeros of CCS as +0, an inverse one does not read them.
+ *
+ * **Precision.** Of Real32 elements, products by constants are formed in binary64 and rounded to
+ * binary32 between the stages; of Real64 elements all is binary64.
+ *
+ * **Aliasing.** src and dst may be the same array, if that is large enough for both, with the same
+ * bits as out of place. A partial overlap is not supported.
+ *
+ * **Alignment.** Any address of whole 32-bit words; there is one path.
+ *
+ * **Threads.** Each function is a pure function of its arguments.
+ *
+ * **Statuses,** in the order of the checks: #qsvStatusBadLength (where the length is an argument),
+ * #qsvStatusNullPointer (src or dst), #qsvStatusBadFlag.
+ *
+ * @{
+ */
+
 /**
  * Real-input DFT of a length given at run time, its spectrum in the CCS layout.
  * @param src    length elements, not null
@@ -247,15 +260,6 @@ QSVG_API QsvStatus qsvgDFTInv_PackToR_32f(const Real32* src, Real32* dst, int32_
 QSVG_API QsvStatus qsvgDFTInv_PermToR_32f(const Real32* src, Real32* dst, int32_t length,
                                           int32_t flag);
 
-/**
- * Hartley transform of a length given at run time.
- * @param src    length elements, not null
- * @param dst    length elements, not null; may be src
- * @param length 2 to 64, else qsvStatusBadLength
- * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
- */
-QSVG_API QsvStatus qsvgHartley_32f(const Real32* src, Real32* dst, int32_t length, int32_t flag);
-
 /** qsvgDFTFwd_RToCCS_32f in double precision. */
 QSVG_API QsvStatus qsvgDFTFwd_RToCCS_64f(const Real64* src, Real64* dst, int32_t length,
                                          int32_t flag);
@@ -274,25 +278,95 @@ QSVG_API QsvStatus qsvgDFTInv_PackToR_64f(const Real64* src, Real64* dst, int32_
 /** qsvgDFTInv_PermToR_32f in double precision. */
 QSVG_API QsvStatus qsvgDFTInv_PermToR_64f(const Real64* src, Real64* dst, int32_t length,
                                           int32_t flag);
-/** qsvgHartley_32f in double precision. */
-QSVG_API QsvStatus qsvgHartley_64f(const Real64* src, Real64* dst, int32_t length, int32_t flag);
-
-/** Real-input DFT and Hartley kernels of one length each: qsvgDFTFwd_RToCCS_2_32f and so on to
- *  qsvgHartley_64_64f. */
-#define QSVG_DECLARE_REAL_KERNEL(FAMILY, N)                                                    \
-    QSVG_API QsvStatus qsvg##FAMILY##_##N##_32f(const Real32* src, Real32* dst, int32_t flag); \
-    QSVG_API QsvStatus qsvg##FAMILY##_##N##_64f(const Real64* src, Real64* dst, int32_t flag);
-#define QSVG_DECLARE_REAL_KERNELS(N)            \
+/** Real-input DFT kernels of one length each: qsvgDFTFwd_RToCCS_2_32f to qsvgDFTInv_PermToR_64_64f.
+ */
+#define QSVG_DECLARE_DFT_REAL(N)                \
     QSVG_DECLARE_REAL_KERNEL(DFTFwd_RToCCS, N)  \
     QSVG_DECLARE_REAL_KERNEL(DFTFwd_RToPack, N) \
     QSVG_DECLARE_REAL_KERNEL(DFTFwd_RToPerm, N) \
     QSVG_DECLARE_REAL_KERNEL(DFTInv_CCSToR, N)  \
     QSVG_DECLARE_REAL_KERNEL(DFTInv_PackToR, N) \
-    QSVG_DECLARE_REAL_KERNEL(DFTInv_PermToR, N) \
-    QSVG_DECLARE_REAL_KERNEL(Hartley, N)
-QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_REAL_KERNELS)
-#undef QSVG_DECLARE_REAL_KERNELS
+    QSVG_DECLARE_REAL_KERNEL(DFTInv_PermToR, N)
+QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_DFT_REAL)
+#undef QSVG_DECLARE_DFT_REAL
+
+/** @} */
+
+/**
+ * @defgroup hartley Hartley transform, N = 2 to 64
+ *
+ *     y[k] = s * sum over n of x[n] * (cos(2 pi n k / N) + sin(2 pi n k / N))
+ *
+ * **Scaling.** s is chosen by the flag (#QsvScaleFlag); every output is multiplied once by s. The
+ * transform is its own inverse up to the factor N.
+ *
+ * **Layout and sizes.** x (src) and y (dst) hold N real elements each, in natural order.
+ *
+ * **Precision, aliasing, alignment, threads, statuses** as of the @ref dft_real "real-input DFT".
+ *
+ * @{
+ */
+
+/**
+ * Hartley transform of a length given at run time.
+ * @param src    length elements, not null
+ * @param dst    length elements, not null; may be src
+ * @param length 2 to 64, else qsvStatusBadLength
+ * @param flag   one of QsvScaleFlag, else qsvStatusBadFlag
+ */
+QSVG_API QsvStatus qsvgHartley_32f(const Real32* src, Real32* dst, int32_t length, int32_t flag);
+
+/** qsvgHartley_32f in double precision. */
+QSVG_API QsvStatus qsvgHartley_64f(const Real64* src, Real64* dst, int32_t length, int32_t flag);
+
+/** Hartley kernels of one length each: qsvgHartley_2_32f to qsvgHartley_64_64f. */
+#define QSVG_DECLARE_HARTLEY(N) QSVG_DECLARE_REAL_KERNEL(Hartley, N)
+QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_HARTLEY)
+#undef QSVG_DECLARE_HARTLEY
+
+/** @} */
+
 #undef QSVG_DECLARE_REAL_KERNEL
+
+/**
+ * @defgroup walsh_hadamard Walsh-Hadamard transform, N = 2^K, K = 1 to 13
+ *
+ *     y[k] = s * sum over n of (-1)^(number of ones in the binary digits of k AND n) * x[n]
+ *
+ * **Scaling.** s is chosen by the flag (#QsvScaleFlag); every output is multiplied once by s. The
+ * transform is its own inverse up to the factor N.
+ *
+ * **Layout and sizes.** x (src) and y (dst) hold N real elements each, in natural (Hadamard) order,
+ * which is neither sequency nor bit-reversed order.
+ *
+ * **Precision.** Rounding is part of the contract. For the strides h = 1, 2, 4, ..., N/2 in this
+ * order each pair (a, b) = (x[j], x[j + h]), bit h of j clear, becomes (a + b, a - b), rounded to
+ * the element type; then every element is multiplied once by s. Every kernel gives the bits of that
+ * sequence.
+ *
+ * **Work buffer.** Orders 8 to 13 pass through a work buffer of the size that
+ * qsvgWHTGetBufferSize_32f or _64f tells, on a 16-byte boundary whatever the alignment of src and
+ * dst. A larger one is used only that far, a smaller one is overrun. It holds nothing before or
+ * after a call and must not be shared by calls at the same time. Where it is null the kernel takes
+ * one block of that size from qsvMalloc of the platform core library and gives it back; a failure
+ * of qsvMalloc is not detected, so that the call then writes through a null pointer.
+ *
+ * **Aliasing.** src and dst may be the same array, with the same bits as out of place. A partial
+ * overlap, also with the work buffer, is not supported.
+ *
+ * **Alignment.** Any address of whole 32-bit words. Where both arrays stand on 16-byte boundaries a
+ * faster path runs, with the same bits.
+ *
+ * **Threads.** Each function is a pure function of its arguments.
+ *
+ * **Statuses,** in the order of the checks: #qsvStatusBadLength (where the order is an argument),
+ * #qsvStatusNullPointer (src or dst), #qsvStatusBadFlag.
+ *
+ * **Method.** B. J. Fino and V. R. Algazi, "Unified matrix treatment of the fast Walsh-Hadamard
+ * transform", IEEE Transactions on Computers C-25, 1976.
+ *
+ * @{
+ */
 
 /** Calls X(K) for each Walsh-Hadamard order K that needs no work buffer. */
 #define QSVG_FOR_EACH_SHORT_ORDER(X) X(1) X(2) X(3) X(4) X(5) X(6) X(7)
@@ -337,6 +411,56 @@ QSVG_FOR_EACH_SHORT_ORDER(QSVG_DECLARE_WHT)
                                          uint8_t* buffer);
 QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
 #undef QSVG_DECLARE_WHT
+
+/** @} */
+
+/**
+ * @defgroup dct4 DCT-IV, N = 2^k from 2 on, by a plan
+ *
+ *     y[k] = sum over n of x[n] * cos(pi/N * (n + 1/2) * (k + 1/2))
+ *
+ * **Scaling.** None, and no flag. The matrix is symmetric, so that the transform is its own inverse
+ * up to the factor N/2.
+ *
+ * **Layout and sizes.** x (src) and y (dst) hold N real elements each, in natural order. Lengths
+ * are 2^k up to 2^26 for Real32, up to 2^25 for Real64. What else the size query accepts is of no
+ * use: 2^k + 1 (from 33 on for Real32, from 9 on for Real64), whose plan may be made, but reads and
+ * writes element N, one past the arrays; and some lengths from 2^29 on whose size has wrapped
+ * around, so that no buffer could hold their plan.
+ *
+ * **Plan.** Made once for a length and an element type and run any number of times, it lies in one
+ * buffer that must stay where it is, untouched. Making it takes all memory and evaluates all sines
+ * and cosines; running it does neither. There are two ways:
+ *
+ * - qsvgDCT4GetSize_32f, a buffer of the caller, qsvgDCT4Init_32f; no function ends it
+ * - qsvgDCT4InitAlloc_32f, which allocates the buffer, and at last qsvgDCT4Free_32f
+ *
+ * A buffer larger than told is used only that far. A smaller one is overrun, when the plan is made
+ * and when it is run.
+ *
+ * **Precision.** All sums, products and tables are of the element type.
+ *
+ * **Aliasing.** src and dst may be the same array, with the same bits as out of place. A partial
+ * overlap, also with the plan, is not supported.
+ *
+ * **Alignment.** src and dst may stand at any boundary of their element. A buffer of the told size
+ * is enough on each 16-byte boundary, and anywhere below the address 2^31; at other addresses a
+ * plan of length 2 to 32 may take up to 11 bytes more.
+ *
+ * **Threads.** A plan of length 2, 4, 8, 16 or 32 is only read when it runs, by any number of
+ * threads at once. Any other plan has work space in it and serves one call at a time. Different
+ * plans do not know of each other.
+ *
+ * **Statuses.** #qsvStatusNullPointer before anything is looked at, then #qsvStatusBadLength where
+ * a length is an argument. Of a plan no more is checked than the rule of its first node
+ * (#qsvStatusBadPlan).
+ *
+ * **Method.** Odd-frequency analyses and syntheses, in two stages. Z. Wang, "Fast algorithms for
+ * the discrete W transform and for the discrete Fourier transform", IEEE Transactions on Acoustics,
+ * Speech, and Signal Processing ASSP-32, 1984.
+ *
+ * @{
+ */
 
 /** A plan of the DCT-IV of Real32 elements. */
 typedef struct QsvDCT4Plan_32f QsvDCT4Plan_32f;
@@ -393,6 +517,8 @@ QSVG_API QsvStatus qsvgDCT4InitAlloc_64f(QsvDCT4Plan_64f** plan, int32_t length)
 QSVG_API QsvStatus qsvgDCT4Free_64f(QsvDCT4Plan_64f* plan);
 /** qsvgDCT4_32f in double precision. */
 QSVG_API QsvStatus qsvgDCT4_64f(const Real64* src, Real64* dst, QsvDCT4Plan_64f* plan);
+
+/** @} */
 
 #ifdef __cplusplus
 }
