@@ -23,7 +23,7 @@ std::ofstream OpenForWriting(const std::filesystem::path& path) {
     std::ofstream stream(path);
     if (!stream) {
         throw Error(ExitCode::kFailed, "cannot write '" + path.string() + "': " +
-                                           std::strerror(errno) + "\nName a writable place by -o.");
+                                           std::strerror(errno) + "\nName a writable place.");
     }
     return stream;
 }

@@ -1,0 +1,143 @@
+#include "dft_real/kernels.hpp"
+#include "dft_real/transforms.hpp"
+#include "explain.hpp"
+#include "hartley/hartley_transform.hpp"
+#include "hartley/kernels.hpp"
+#include "kernel_facts.hpp"
+
+namespace qsvg_tool {
+namespace {
+
+using dft_real::Kind;
+using dft_real::Order;
+
+std::string Product(const Order& order) {
+    std::string text;
+    for (const int factor : order) text += (text.empty() ? "" : " x ") + std::to_string(factor);
+    return text;
+}
+
+std::string Indent(size_t depth) {
+    return std::string(2 * depth, ' ');
+}
+
+void AddOrder(Section& section, const Order& order, Kind kind, size_t depth);
+
+void AddConvolution(Section& section, int prime, const Order& inner, Kind kind, size_t depth) {
+    section.lines.push_back({Indent(depth) + std::to_string(prime) +
+                             ": Rader, a cyclic convolution of " + std::to_string(prime - 1)});
+    AddOrder(section, inner, kind, depth + 1);
+}
+
+/** What the network of a prime takes: for small ones a row of products for each bin. */
+void AddPrime(Section& section, int prime, Kind kind, size_t depth) {
+    const Order& inner = dft_real::row_of(prime).order_of(kind);
+    if (dft_real::length_of(inner) == prime)
+        section.lines.push_back({Indent(depth) + std::to_string(prime) + ": dense, a row a bin"});
+    else
+        AddConvolution(section, prime, inner, kind, depth);
+}
+
+/** `kind` is that of the real DFT: forward or inverse. */
+void AddOrder(Section& section, const Order& order, Kind kind, size_t depth) {
+    const int length = dft_real::length_of(order);
+    const std::string head =
+        Indent(depth) + std::to_string(length) + (order.size() > 1 ? " = " + Product(order) : "");
+    const dft_real::CoprimeParts parts = dft_real::coprime_parts(order);
+    if (!parts.second.empty()) {
+        const bool are_coprime =
+            dft_real::length_of(parts.first) % 2 != 0 || dft_real::length_of(parts.second) % 2 != 0;
+        if (!are_coprime) {
+            section.lines.push_back({head + ": the two stages of 4 points stand at the ends"});
+            AddOrder(section, {order.begin() + 1, order.end() - 1}, kind, depth + 1);
+            return;
+        }
+        section.lines.push_back({head + ": Good-Thomas (coprime parts), no twiddle factors"});
+        AddOrder(section, parts.first, kind, depth + 1);
+        AddOrder(section, parts.second, kind, depth + 1);
+    } else if (order.front() % 2 == 0) {
+        section.lines.push_back({head + (length <= 2             ? ": a sum and a difference"
+                                         : kind == Kind::Forward ? ": halves, odd bins by radix 4"
+                                                                 : ": split radix")});
+    } else if (order.size() > 1) {
+        section.lines.push_back({head + ": Cooley-Tukey, twiddle factors between"});
+    } else {
+        AddPrime(section, length, kind, depth);
+    }
+}
+
+Section RuleOf(int length, Kind kind) {
+    const Order& order = dft_real::row_of(length).order_of(kind);
+    Section section{"rule"};
+    section.lines.push_back({"order of stages", Product(order)});
+    Kind of_dft = kind;
+    if (kind == Kind::Hartley) {
+        const bool closing = hartley::pair_stage(length) == hartley::PairStage::Closing;
+        section.lines.push_back(
+            {closing ? "sums and differences of pairs of outputs, behind the forward real DFT of"
+                     : "sums and differences of pairs of inputs, before the inverse real DFT of"});
+        of_dft = closing ? Kind::Forward : Kind::Inverse;
+    }
+    if (dft_real::length_of(order) == length && order.size() == 1 && length % 2 != 0)
+        section.lines.push_back({std::to_string(length) + ": dense, a row a bin"});
+    else if (dft_real::length_of(order) == length)
+        AddOrder(section, order, of_dft, 0);
+    else
+        AddConvolution(section, length, order, of_dft, 0);
+    return section;
+}
+
+Section CountsOf(const dft_real::RealKernel& kernel) {
+    const dft_real::Cost cost = dft_real::network_cost(kernel.graph);
+    const bool is_single = kernel.element == dft_real::Element::Real32;
+    const kernelgen::Counts c = kernelgen::count(kernel.graph, is_single);
+    Section section{"counts (of single values)"};
+    section.Add("sums", cost.sums, "sums and differences");
+    section.Add("products", cost.products, "by constants; and one by the scale factor an output");
+    section.Add("outputs scaled in rows", dft_real::outputs_scaled_in_rows(kernel.graph),
+                "by the scale factor in binary64");
+    section.Add("doubled inputs", dft_real::doubled_inputs(kernel.graph));
+    section.Add("wide sums", dft_real::wide_sums(kernel.graph), "of two values, in binary64");
+    section.Add("conversions", c.conversions, "between binary32 and binary64");
+    section.Add("loads", c.loads);
+    section.Add("stores", c.stores);
+    return section;
+}
+
+Section CostOf(const dft_real::RealKernel& kernel) {
+    const dft_real::Cost table = dft_real::row_of(kernel.length).cost_of(kernel.family.kind);
+    Section section{"cost"};
+    section.Add("table sums", table.sums, "that the network may take");
+    section.Add("table products", table.products, "that it may take");
+    AddSchedule(section, dft_real::schedule_of(kernel));
+    section.lines.push_back({"rounding", dft_real::to_string(kernel.tuning.rounding),
+                             "how rows of binary64 become binary32"});
+    if (!kernel.tuning.option.empty())
+        section.lines.push_back({"option", kernel.tuning.option, "of GCC, for this kernel"});
+    AddCodeSize(section, kernel.name());
+    return section;
+}
+
+dft_real::RealKernel KernelOf(const Request& request) {
+    const auto element = request.is_double ? dft_real::Element::Real64 : dft_real::Element::Real32;
+    if (request.family == Family::kHartley) return hartley::hartley_kernel(request.length, element);
+    constexpr dft_real::Layout kLayouts[] = {dft_real::Layout::CCS, dft_real::Layout::Pack,
+                                             dft_real::Layout::Perm};
+    return dft_real::dft_kernel(
+        request.length,
+        request.is_inverse ? dft_real::Direction::Inverse : dft_real::Direction::Forward,
+        kLayouts[static_cast<size_t>(request.layout)], element);
+}
+
+}  // namespace
+
+Explanation ExplainRealTransform(const Request& request) {
+    const dft_real::RealKernel kernel = KernelOf(request);
+    std::string title = kernel.family.title;
+    title.replace(title.find("{N}"), 3, std::to_string(request.length));
+    return {kernel.name() + ": " + title + ", " + Precision(request.is_double),
+            {RuleOf(request.length, kernel.family.kind), CountsOf(kernel),
+             Constants(kernel.graph, request.length), CostOf(kernel)}};
+}
+
+}  // namespace qsvg_tool
