@@ -1,8 +1,10 @@
 #include <cmath>
 #include <iomanip>
 #include <iostream>
+#include <string>
 
 #include "batch_clock.hpp"
+#include "core_clock.hpp"
 #include "dct4_comparison.hpp"
 #include "fftw_peer.hpp"
 #include "program.hpp"
@@ -18,6 +20,7 @@ const char* const kUsage =
     "\n"
     "  --quick          fewer rounds and FFTW_MEASURE: a first look, not a result\n"
     "  --library=FILE   the build to measure, instead of the one built with this program\n"
+    "  --longest=N      the last length; 65536 if not given\n"
     "  --out=STEM       write STEM.json\n"
     "  --help           this text\n";
 
@@ -56,13 +59,14 @@ void PrintTable(const std::vector<Dct4Comparison>& comparisons, double per_nanos
 }
 
 void WriteJson(const std::string& path, const std::vector<Dct4Comparison>& comparisons,
-               double per_nanosecond) {
+               double per_nanosecond, double core_cycles) {
     std::ofstream out = Created(path);
-    out << std::fixed << std::setprecision(4) << "{\n  \"results\": [";
+    out << std::fixed << std::setprecision(4)
+        << "{\n  \"core_cycles_per_tsc_cycle\": " << core_cycles << ",\n  \"results\": [";
     const char* separator = "";
     for (const Dct4Comparison& c : comparisons) {
         out << separator << "\n    {\"type\": \"" << c.type << "\", \"length\": " << c.length
-            << ", \"ours_ns\": " << c.ours / per_nanosecond
+            << ", \"ours_ns\": " << c.ours / per_nanosecond << ", \"ours_cycles\": " << c.ours
             << ", \"redft11_ns\": " << c.redft11 / per_nanosecond
             << ", \"composed_ns\": " << c.composed / per_nanosecond << '}';
         separator = ",";
@@ -74,8 +78,10 @@ void WriteJson(const std::string& path, const std::vector<Dct4Comparison>& compa
 int Main(int argc, char** argv) {
     std::string library = DEFAULT_LIBRARY;
     std::string out;
+    std::string longest = "65536";
     bool quick = false;
-    const TextOptions texts = {{"--library=", &library}, {"--out=", &out}};
+    const TextOptions texts = {
+        {"--library=", &library}, {"--longest=", &longest}, {"--out=", &out}};
     if (!ReadOptions(argc, argv, kUsage, texts, quick)) return 0;
 
     const TransformLibrary ours(library);
@@ -84,10 +90,11 @@ int Main(int argc, char** argv) {
               << ", -O3\n";
     PrintRounds(quick);
     const TscRate tsc_rate;
-    const std::vector<Dct4Comparison> comparisons = CompareDct4(ours, quick);
+    const std::vector<Dct4Comparison> comparisons = CompareDct4(ours, std::stoi(longest), quick);
     const double per_nanosecond = tsc_rate.CyclesPerNanosecond();
     PrintTable(comparisons, per_nanosecond);
-    if (!out.empty()) WriteJson(out + ".json", comparisons, per_nanosecond);
+    if (!out.empty())
+        WriteJson(out + ".json", comparisons, per_nanosecond, CoreCyclesPerTscCycle());
     return 0;
 }
 

@@ -9,6 +9,7 @@
 
 #include "batch_clock.hpp"
 #include "comparison.hpp"
+#include "core_clock.hpp"
 #include "environment.hpp"
 #include "fftw_peer.hpp"
 #include "kernel_family.hpp"
@@ -149,6 +150,7 @@ int Run(Options options) {
         (is_single ? Measure<FftwSingle> : Measure<FftwDouble>)(options, families, libraries,
                                                                 report);
     report.cycles_per_nanosecond = tsc_rate.CyclesPerNanosecond();
+    report.core_cycles_per_tsc_cycle = CoreCyclesPerTscCycle();
     if (report.comparisons.empty()) throw std::runtime_error("nothing was measured");
 
     PrintTable(std::cout, report);

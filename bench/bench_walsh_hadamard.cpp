@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "batch_clock.hpp"
+#include "core_clock.hpp"
 #include "program.hpp"
 #include "wht_comparison.hpp"
 
@@ -70,6 +71,8 @@ void WriteJson(const std::string& path, const Run& run) {
     const char* separator = "";
     for (const WhtComparison& c : run.comparisons) {
         out << separator << "\n    {\"type\": \"" << c.type << "\", \"order\": " << c.order
+            << ", \"ours_ns\": " << c.ours / run.per_nanosecond
+            << ", \"loop_ns\": " << c.textbook / run.per_nanosecond
             << ", \"ours_tsc_cycles\": " << c.ours << ", \"loop_tsc_cycles\": " << c.textbook
             << ", \"ratio\": " << c.Ratio() << ", \"specialised_ratio\": " << c.specialised_ratio
             << ", \"ours_core_cycles\": " << run.CoreCycles(c) << ", \"bound\": " << c.Bound()

@@ -6,8 +6,8 @@ namespace bench {
 
 void Comparison::AddRound(const std::array<double, kParties>& round_cycles) {
     ++rounds;
-    for (size_t party = 0; party < kParties; ++party) {
-        if (party == kOther && !has_other) continue;
+    for (const Party party : {kOurs, kPeer, kKiss, kOther}) {
+        if (!Has(party)) continue;
         cycles[party] = std::min(cycles[party], round_cycles[party]);
     }
     round_ratios.push_back(round_cycles[kPeer] / round_cycles[kOurs]);

@@ -14,8 +14,6 @@
 namespace bench {
 namespace {
 
-constexpr int kLongest = 65536;
-
 /** The three parties at one length, on the same arrays. */
 template <typename Fftw>
 class Dct4Runner {
@@ -117,7 +115,7 @@ class Dct4Runner {
 };
 
 template <typename Fftw>
-void Compare(const TransformLibrary& library, const std::string& type, bool quick,
+void Compare(const TransformLibrary& library, const std::string& type, int longest, bool quick,
              std::vector<Dct4Comparison>& comparisons) {
     // A longest time for a plan, or the longest lengths would take minutes each.
     constexpr double kPlanSeconds = 20;
@@ -125,7 +123,7 @@ void Compare(const TransformLibrary& library, const std::string& type, bool quic
     const unsigned flags = quick ? FFTW_MEASURE : FFTW_PATIENT;
     std::vector<std::unique_ptr<Dct4Runner<Fftw>>> runners;
     const size_t first = comparisons.size();
-    for (int length = 2; length <= kLongest; length *= 2) {
+    for (int length = 2; length <= longest; length *= 2) {
         runners.push_back(std::make_unique<Dct4Runner<Fftw>>(library, type, length, flags));
         Dct4Comparison comparison;
         comparison.type = type;
@@ -145,10 +143,10 @@ void Compare(const TransformLibrary& library, const std::string& type, bool quic
 
 }  // namespace
 
-std::vector<Dct4Comparison> CompareDct4(const TransformLibrary& library, bool quick) {
+std::vector<Dct4Comparison> CompareDct4(const TransformLibrary& library, int longest, bool quick) {
     std::vector<Dct4Comparison> comparisons;
-    Compare<FftwSingle>(library, "32f", quick, comparisons);
-    Compare<FftwDouble>(library, "64f", quick, comparisons);
+    Compare<FftwSingle>(library, "32f", longest, quick, comparisons);
+    Compare<FftwDouble>(library, "64f", longest, quick, comparisons);
     return comparisons;
 }
 

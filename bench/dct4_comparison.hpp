@@ -23,9 +23,9 @@ struct Dct4Comparison {
 };
 
 /**
- * Powers of two from 2 to 65536 of both types, side by side in one run. Throws std::runtime_error
- * where the parties' results differ by more than rounding.
+ * Powers of two from 2 to `longest` of both types, side by side in one run. Throws
+ * std::runtime_error where the parties' results differ by more than rounding.
  */
-std::vector<Dct4Comparison> CompareDct4(const TransformLibrary& library, bool quick);
+std::vector<Dct4Comparison> CompareDct4(const TransformLibrary& library, int longest, bool quick);
 
 }  // namespace bench

@@ -9,7 +9,8 @@ namespace bench {
 const char* const kUsage =
     "usage: bench_transforms [OPTION]...\n"
     "\n"
-    "Times the transforms of one element type side by side with FFTW, for all lengths.\n"
+    "Times the transforms of one element type side by side with FFTW and, where it has them, with\n"
+    "KissFFT, for all lengths.\n"
     "\n"
     "  --type=TYPE           32fc (if not given) or 64fc: the complex DFT;\n"
     "                        32f or 64f: the real DFT and the Hartley transform\n"

@@ -39,6 +39,7 @@ bool HasOther(const Report& report) {
 }  // namespace
 
 double Report::Nanoseconds(const Comparison& comparison, Party party) const {
+    if (!comparison.Has(party)) return std::numeric_limits<double>::quiet_NaN();
     return comparison.cycles[party] / cycles_per_nanosecond;
 }
 
@@ -48,13 +49,16 @@ void PrintTable(std::ostream& out, const Report& report) {
     }
     const bool has_other = HasOther(report);
     out << "\nRatios above 1: ours is faster. Cycles are of the TSC, for one call.\n\n"
-        << "family              length   ours ns  ours cycles   FFTW ns  FFTW/ours  best/ours"
+        << "family              length   ours ns  ours cycles   FFTW ns  FFTW/ours  best/ours   "
+           "Kiss ns  Kiss/ours"
         << (has_other ? "  other ns  other/ours\n" : "\n");
     for (const Comparison& c : report.comparisons) {
         out << std::left << std::setw(18) << c.family << std::right << std::setw(8) << c.length
             << std::setw(10) << Fixed(report.Nanoseconds(c, kOurs), 1) << std::setw(13)
             << Fixed(c.cycles[kOurs], 0) << std::setw(10) << Fixed(report.Nanoseconds(c, kPeer), 1)
-            << std::setw(11) << Fixed(c.Ratio(), 2) << std::setw(11) << Fixed(c.BestRatio(), 2);
+            << std::setw(11) << Fixed(c.Ratio(), 2) << std::setw(11) << Fixed(c.BestRatio(), 2)
+            << std::setw(10) << Fixed(report.Nanoseconds(c, kKiss), 1) << std::setw(11)
+            << Fixed(c.KissRatio(), 2);
         if (has_other) {
             out << std::setw(10) << Fixed(report.Nanoseconds(c, kOther), 1) << std::setw(12)
                 << Fixed(c.OtherRatio(), 3);
@@ -78,7 +82,8 @@ void WriteJson(std::ostream& out, const Report& report) {
         out << separator << "\n    " << JsonString(key) << ": " << JsonString(value);
         separator = ",";
     }
-    out << "\n  },\n  \"results\": [";
+    out << "\n  },\n  \"core_cycles_per_tsc_cycle\": "
+        << JsonNumber(report.core_cycles_per_tsc_cycle) << ",\n  \"results\": [";
     separator = "";
     for (const Comparison& c : report.comparisons) {
         out << separator << "\n    {\"family\": " << JsonString(c.family)
@@ -89,7 +94,8 @@ void WriteJson(std::ostream& out, const Report& report) {
             << ", \"peer_cycles\": " << JsonNumber(c.cycles[kPeer])
             << ", \"ratio\": " << JsonNumber(c.Ratio())
             << ", \"ratio_median\": " << JsonNumber(c.MedianRatio())
-            << ", \"best_ratio\": " << JsonNumber(c.BestRatio());
+            << ", \"best_ratio\": " << JsonNumber(c.BestRatio())
+            << ", \"kissfft_ns\": " << JsonNumber(report.Nanoseconds(c, kKiss));
         if (c.has_other) {
             out << ", \"other_ns\": " << JsonNumber(report.Nanoseconds(c, kOther))
                 << ", \"other_cycles\": " << JsonNumber(c.cycles[kOther])

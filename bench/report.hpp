@@ -14,6 +14,7 @@ struct Report {
     std::vector<std::pair<std::string, std::string>> context;  ///< machine, compilers, peers
     std::vector<Comparison> comparisons;                       ///< the measured ones
     double cycles_per_nanosecond = 1;
+    double core_cycles_per_tsc_cycle = 1;
 
     double Nanoseconds(const Comparison& comparison, Party party) const;
 };

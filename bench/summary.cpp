@@ -45,6 +45,7 @@ std::vector<SummaryLine> Summarise(const Report& report) {
     const std::pair<const char*, RatioOf> ratios[] = {
         {"FFTW / ours", &Comparison::Ratio},
         {"best peer / ours", &Comparison::BestRatio},
+        {"KissFFT / ours", &Comparison::KissRatio},
         {"other build / ours", &Comparison::OtherRatio},
     };
     std::vector<SummaryLine> lines;

@@ -31,7 +31,4 @@ struct WhtComparison {
 std::vector<WhtComparison> CompareWht(const TransformLibrary& library,
                                       const std::string& peer_figures, bool quick);
 
-/** Core cycles in one cycle of the TSC, by a chain of additions that take one cycle each. */
-double CoreCyclesPerTscCycle();
-
 }  // namespace bench
