@@ -7,6 +7,7 @@
 
 #include "dct4/bodies/kernels.hpp"
 #include "kernelgen/proof.hpp"
+#include "tests/dct4_transform/support/expected_counts.hpp"
 
 namespace {
 
@@ -14,22 +15,10 @@ using namespace dct4;
 using kernelgen::Counts;
 using kernelgen::Graph;
 
-struct Row {
-    int rule;
-    int sums_and_differences;
-    int products;
-};
-
-constexpr Row kAnalyses[] = {{1, 1, 0},   {2, 6, 2},    {3, 24, 12},
-                             {4, 68, 32}, {5, 184, 96}, {6, 448, 224}};
-constexpr Row kSyntheses[] = {{1, 2, 4},   {2, 10, 10},   {3, 32, 28},
-                              {4, 88, 72}, {5, 224, 176}, {6, 512, 352}};
-constexpr Row kDfts[] = {{1, 6, 4}, {2, 22, 12}, {3, 66, 32}, {4, 176, 96}, {5, 440, 224}};
-
 template <std::size_t size>
-void expect_rows(Step step, const Row (&rows)[size]) {
+void expect_rows(Step step, const dct4_test::BodyCounts (&rows)[size]) {
     for (Element element : kElements) {
-        for (const Row& row : rows) {
+        for (const auto& row : rows) {
             const Kernel kernel = described_kernel({step, row.rule}, element);
             const Counts c = counts_of(kernel);
             EXPECT_EQ(row.sums_and_differences, c.sums + c.differences) << kernel.name();
@@ -40,28 +29,20 @@ void expect_rows(Step step, const Row (&rows)[size]) {
 }
 
 TEST(Dct4Counts, AnalysesCostWhatTheirSplitsSay) {
-    expect_rows(Step::Analysis, kAnalyses);
+    expect_rows(Step::Analysis, dct4_test::kAnalyses);
 }
 
 TEST(Dct4Counts, SynthesesWithTheirRotationsCostWhatTheirSplitsSay) {
-    expect_rows(Step::Synthesis, kSyntheses);
+    expect_rows(Step::Synthesis, dct4_test::kSyntheses);
 }
 
 TEST(Dct4Counts, DftsCostWhatTheirProductsAndLevelsSay) {
-    expect_rows(Step::Dft, kDfts);
+    expect_rows(Step::Dft, dct4_test::kDfts);
 }
 
 TEST(Dct4Counts, ShortTransformsHaveAsManySumsAsDifferencesButForTheLifting) {
-    struct InlineRow {
-        int rule;
-        int sums;
-        int differences;
-        int products;
-    };
     for (Element element : kElements) {
-        for (const InlineRow& row :
-             {InlineRow{1, 1, 1, 4}, InlineRow{2, 5, 7, 8}, InlineRow{3, 16, 16, 24},
-              InlineRow{4, 44, 44, 64}, InlineRow{5, 108, 108, 144}}) {
+        for (const auto& row : dct4_test::kInlines) {
             const Kernel kernel = described_kernel({Step::Inline, row.rule}, element);
             const Counts c = counts_of(kernel);
             EXPECT_EQ(row.sums, c.sums) << kernel.name();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "tests/walsh_hadamard/support/expected_counts.hpp"
 #include "walsh_hadamard/kernels.hpp"
 
 // What a kernel writes out, how it is divided, and the memory that follows from this.
@@ -10,53 +11,12 @@
 namespace {
 
 using namespace walsh_hadamard;
-
-struct Row {
-    int order;
-    std::vector<int> stages;
-    int sums;
-    int differences;
-    int products;
-    int buffer_bytes;
-};
-
-const std::vector<Row> kSingle = {
-    {1, {1}, 1, 1, 2, 0},
-    {2, {2}, 4, 4, 4, 0},
-    {3, {3}, 12, 12, 8, 0},
-    {4, {4}, 8, 8, 4, 0},
-    {5, {5}, 20, 20, 8, 0},
-    {6, {6}, 48, 48, 16, 0},
-    {7, {7}, 112, 112, 32, 0},
-    {8, {5, 3}, 32, 32, 8, 1024},
-    {9, {6, 3}, 60, 60, 8, 2048},
-    {10, {6, 4}, 80, 80, 16, 4096},
-    {11, {6, 5}, 128, 128, 32, 8192},
-    {12, {6, 3, 3}, 72, 72, 8, 18432},
-    {13, {6, 3, 4}, 92, 92, 16, 34816},
-};
-
-// Order 3 stands twice in its function.
-const std::vector<Row> kDouble = {
-    {1, {1}, 1, 1, 2, 0},
-    {2, {2}, 4, 4, 4, 0},
-    {3, {3}, 6, 6, 4, 0},
-    {4, {4}, 16, 16, 8, 0},
-    {5, {5}, 40, 40, 16, 0},
-    {6, {6}, 96, 96, 32, 0},
-    {7, {7}, 224, 224, 64, 0},
-    {8, {5, 3}, 52, 52, 8, 2048},
-    {9, {5, 4}, 72, 72, 16, 4096},
-    {10, {7, 3}, 236, 236, 8, 8192},
-    {11, {5, 3, 3}, 64, 64, 8, 18432},
-    {12, {5, 3, 4}, 84, 84, 16, 34816},
-    {13, {7, 3, 3}, 248, 248, 8, 73728},
-};
+using Row = walsh_hadamard_test::ExpectedCounts;
 
 template <class Check>
 void for_each_row(const Check& check) {
     for (Element element : kElements) {
-        for (const Row& row : element == Element::Real32 ? kSingle : kDouble)
+        for (const Row& row : walsh_hadamard_test::expected_counts(element == Element::Real32))
             check(row, described_kernel(row.order, element));
     }
 }
