@@ -1,6 +1,15 @@
 "use strict";
 // One panel of a chart: axes, lines, markers, and a cursor that tells the figures.
-const PANEL = { width: 620, height: 370, top: 30, right: 14, bottom: 48, left: 62 };
+const PANEL = { width: 620, height: 370, top: 30, right: 14, left: 62 };
+
+/** Where the horizontal axis stands: names of categories take more room than numbers. */
+function axisHeight(view) {
+  return PANEL.height - (hasManyNames(view) ? 82 : 48);
+}
+
+function hasManyNames(view) {
+  return view.x.kind === "category" && view.panels.some((panel) => xValues(panel).length > 5);
+}
 
 /** The values of the horizontal axis that any series has, in order. */
 function xValues(panel) {
@@ -30,7 +39,7 @@ function yScale(view, axis, isLog, hidden) {
   const values = view.panels.flatMap((panel) => panel.series.filter((s) => !hidden.has(s.name)))
     .flatMap((series) => series.points.map(([, y]) => y)).filter((y) => y !== null);
   if (axis.reference !== undefined) values.push(axis.reference);
-  const range = [PANEL.height - PANEL.bottom, PANEL.top];
+  const range = [axisHeight(view), PANEL.top];
   const positive = values.filter((y) => y > 0);
   if (positive.length === 0) return d3.scaleLinear().domain([0, 1]).range(range);
   if (isLog) {
@@ -47,11 +56,11 @@ function drawAxes(svg, view, panel, x, y, yAxis, isLog) {
     .call(d3.axisLeft(y).tickValues(yTicks).tickFormat("")
       .tickSize(PANEL.left + PANEL.right - PANEL.width));
   svg.append("g").attr("transform", `translate(${PANEL.left},0)`)
-    .call(d3.axisLeft(y).tickValues(yTicks).tickFormat(tickText));
-  const bottom = svg.append("g").attr("transform", `translate(0,${PANEL.height - PANEL.bottom})`)
-    .call(d3.axisBottom(x).tickValues(xTicks(view.x, values))
+    .call(d3.axisLeft(y).tickValues(yTicks).tickFormat(tickText).tickSizeOuter(0));
+  const bottom = svg.append("g").attr("transform", `translate(0,${axisHeight(view)})`)
+    .call(d3.axisBottom(x).tickSizeOuter(0).tickValues(xTicks(view.x, values))
       .tickFormat(view.x.kind === "category" ? null : tickText));
-  if (view.x.kind === "category" && values.length > 6) {
+  if (hasManyNames(view)) {
     bottom.selectAll("text").attr("text-anchor", "end").attr("transform", "translate(-9,5) rotate(-50)")
       .style("font-size", "11px");
   } else {
@@ -59,7 +68,7 @@ function drawAxes(svg, view, panel, x, y, yAxis, isLog) {
       .attr("x", (PANEL.left + PANEL.width) / 2).attr("y", PANEL.height - 10).text(view.x.label);
   }
   svg.append("text").attr("class", "axis-label").attr("text-anchor", "middle")
-    .attr("transform", `translate(14,${(PANEL.top + PANEL.height - PANEL.bottom) / 2}) rotate(-90)`)
+    .attr("transform", `translate(14,${(PANEL.top + axisHeight(view)) / 2}) rotate(-90)`)
     .text(yAxis.label);
   svg.append("text").attr("class", "panel-title").attr("x", PANEL.left).attr("y", 17)
     .text(panel.title);
@@ -88,7 +97,7 @@ function drawSeries(svg, view, series, x, y, isLog) {
 function addCursor(svg, view, panel, x, yAxis, figure, tooltip, hidden) {
   const values = xValues(panel);
   const cursor = svg.append("line").attr("class", "cursor").attr("y1", PANEL.top)
-    .attr("y2", PANEL.height - PANEL.bottom);
+    .attr("y2", axisHeight(view));
   let index = -1;
 
   function show(at, clientY) {

@@ -29,6 +29,6 @@ def charts(measurements):
         "accuracy", "Accuracy",
         "Relative error in the Euclidean norm, root mean square over random inputs that are uniform"
         " in [-1, 1], against an evaluation in 80-bit arithmetic that shares nothing with the"
-        " library; in units of eps = 2^-23 (single) and 2^-52 (double). Less is better.",
+        " library; in units of eps = 2\u207b\u00b2\u00b3 (single) and 2\u207b\u2075\u00b2 (double). Less is better.",
         {"label": "relative error / eps", "unit": "eps", "log": False},
         {family.id: _view(measurements, family) for family in FAMILIES})]

@@ -52,7 +52,8 @@ def _view(measurements, family):
         return [series("ours", "measured", [[x, rounded(cycles)] for x, cycles in by_x]),
                 series("ports", "bound by the ports", bound),
                 series("front_end", "bound by the front end", front)]
-    note = {"wht": "All passes counted. The functions hold loops, so no front-end bound is told.",
+    note = {"wht": "Of all passes together, and of half the additions, half the loads and the stores"
+                   " alone. The functions hold loops, so no front-end bound is told.",
             "dct4": "Operations of all stages of the plan, those that its tables feed among them;"
                     " the functions hold loops, so no front-end bound is told."}
     return view(family, [panel(family, precision, series_of(precision))

@@ -36,10 +36,10 @@ def _time_view(measurements, family):
 def _note(family):
     if family.id == "wht":
         return ("FFTW and KissFFT have no Walsh-Hadamard transform. The loop is a copy and three"
-                " nested loops in place, by the same compiler at -O3.")
+                " nested loops in place, by the same compiler at \u2011O3.")
     if family.id == "dct4":
         return ("KissFFT has no DCT-IV. REDFT11 is FFTW's own; the composed one is FFTW's complex"
-                " DFT of half the length between two loops of twiddle factors, at -O3.")
+                " DFT of half the length between two loops of twiddle factors, at \u2011O3.")
     if family.id == "hartley":
         return "KissFFT has no Hartley transform. FFTW's is its DHT."
     if family.id == "real_inv":

@@ -56,11 +56,12 @@ function logTicks([low, high]) {
     }
   }
   const decades = ticks.filter((tick) => Number.isInteger(Math.round(1e6 * Math.log10(tick)) / 1e6));
-  return ticks.length > 8 ? decades : ticks;
+  return ticks.length > 12 ? decades : ticks;
 }
 
 function tickText(value) {
-  return value >= 1e4 ? d3.format(",")(value).replace(/,/g, "\u202f") : String(value);
+  if (value >= 1e6) return `${value / 1e6}M`;
+  return value >= 1e4 ? `${value / 1e3}k` : String(value);
 }
 
 /** Beside the pointer, but inside the figure. */

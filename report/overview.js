@@ -12,9 +12,9 @@ function drawOverview(section, rows) {
     entry.append("span").text(name);
   }
 
-  const margin = { top: 10, right: 30, bottom: 46, left: 215 };
-  const rowHeight = 27;
-  const width = 1200;
+  const margin = { top: 8, right: 20, bottom: 36, left: 212 };
+  const rowHeight = 19;
+  const width = 900;
   const height = margin.top + margin.bottom + rows.length * rowHeight;
   const spreads = rows.flatMap((row) => row.peers.map((peer) => peer.spread));
   const domain = [Math.min(0.9, d3.min(spreads, (s) => s.least)) * 0.93,
@@ -28,9 +28,9 @@ function drawOverview(section, rows) {
   axis.selectAll("line").data(ticks).enter().append("line").attr("x1", x).attr("x2", x)
     .attr("y1", margin.top).attr("y2", height - margin.bottom);
   axis.selectAll("text").data(ticks).enter().append("text").attr("x", x)
-    .attr("y", height - margin.bottom + 18).attr("text-anchor", "middle").text(tickText);
+    .attr("y", height - margin.bottom + 14).attr("text-anchor", "middle").text(tickText);
   svg.append("text").attr("class", "axis-label").attr("text-anchor", "middle")
-    .attr("x", (margin.left + width - margin.right) / 2).attr("y", height - 8)
+    .attr("x", (margin.left + width - margin.right) / 2).attr("y", height - 5)
     .text("time of the peer / ours");
   svg.append("line").attr("class", "reference").attr("x1", x(1)).attr("x2", x(1))
     .attr("y1", margin.top).attr("y2", height - margin.bottom);
@@ -40,15 +40,15 @@ function drawOverview(section, rows) {
     svg.append("text").attr("x", margin.left - 12).attr("y", middle + 4).attr("text-anchor", "end")
       .text(row.label);
     row.peers.forEach((peer, position) => {
-      const y = middle + (position - (row.peers.length - 1) / 2) * 11;
+      const y = middle + (position - (row.peers.length - 1) / 2) * 8;
       const { mean, least, largest } = peer.spread;
       styleLine(svg.append("path").attr("d", `M${x(least)},${y}H${x(largest)}`), peer.role)
-        .attr("stroke-dasharray", null).attr("opacity", 0.45).attr("stroke-width", 5);
+        .attr("stroke-dasharray", null).attr("opacity", 0.45).attr("stroke-width", 3.5);
       styleMarker(svg.append("path").attr("class", "point").attr("data-row", row.label)
-        .attr("data-role", peer.role).attr("data-y", mean).attr("d", markPath(peer.role, 80))
+        .attr("data-role", peer.role).attr("data-y", mean).attr("d", markPath(peer.role, 45))
         .attr("transform", `translate(${x(mean)},${y})`), peer.role);
       svg.append("rect").attr("x", margin.left).attr("width", width - margin.left - margin.right)
-        .attr("y", y - 6).attr("height", 12).attr("fill", "transparent").attr("class", "target")
+        .attr("y", y - 4).attr("height", 8).attr("fill", "transparent").attr("class", "target")
         .on("mousemove", () => show(row, peer)).on("mouseleave", () => tooltip.classed("shown", false));
     });
   });
