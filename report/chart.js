@@ -40,18 +40,22 @@ function yScale(view, axis, isLog, hidden) {
     .flatMap((series) => series.points.map(([, y]) => y)).filter((y) => y !== null);
   if (axis.reference !== undefined) values.push(axis.reference);
   const range = [axisHeight(view), PANEL.top];
-  const positive = values.filter((y) => y > 0);
-  if (positive.length === 0) return d3.scaleLinear().domain([0, 1]).range(range);
-  if (isLog) {
-    return d3.scaleLog().domain([d3.min(positive) / 1.15, d3.max(positive) * 1.15]).range(range)
-      .clamp(true);
-  }
-  return d3.scaleLinear().domain([0, d3.max(values) * 1.05]).range(range);
+  const largest = d3.max(values) || 1;
+  if (!isLog) return d3.scaleLinear().domain([0, largest * 1.05]).range(range);
+  // No logarithm has a zero, but counts do: linear below 1, then.
+  if (!(d3.min(values) > 0)) return d3.scaleSymlog().domain([0, largest * 1.15]).range(range);
+  return d3.scaleLog().domain([d3.min(values) / 1.15, largest * 1.15]).range(range);
+}
+
+function yTicksOf(y, isLog) {
+  const [low, high] = y.domain();
+  if (!isLog) return y.ticks(7);
+  return low > 0 ? logTicks([low, high]) : [0, ...logTicks([1, high])];
 }
 
 function drawAxes(svg, view, panel, x, y, yAxis, isLog) {
   const values = xValues(panel);
-  const yTicks = isLog ? logTicks(y.domain()) : y.ticks(7);
+  const yTicks = yTicksOf(y, isLog);
   svg.append("g").attr("class", "grid").attr("transform", `translate(${PANEL.left},0)`)
     .call(d3.axisLeft(y).tickValues(yTicks).tickFormat("")
       .tickSize(PANEL.left + PANEL.right - PANEL.width));
@@ -79,8 +83,8 @@ function drawAxes(svg, view, panel, x, y, yAxis, isLog) {
   }
 }
 
-function drawSeries(svg, view, series, x, y, isLog) {
-  const drawable = ([, value]) => value !== null && (!isLog || value > 0);
+function drawSeries(svg, view, series, x, y) {
+  const drawable = ([, value]) => value !== null;
   if (view.x.kind !== "category") {
     const line = d3.line().defined(drawable).x(([at]) => x(at)).y(([, value]) => y(value));
     styleLine(svg.append("path").attr("class", "line").attr("d", line(series.points)), series.role);
@@ -148,6 +152,6 @@ function drawPanel(container, view, panel, yAxis, y, isLog, hidden, figure, tool
   drawAxes(svg, view, panel, x, y, yAxis, isLog);
   const visible = panel.series.filter((series) => !hidden.has(series.name));
   // The first series is ours: it goes on top.
-  for (const series of visible.slice().reverse()) drawSeries(svg, view, series, x, y, isLog);
+  for (const series of visible.slice().reverse()) drawSeries(svg, view, series, x, y);
   addCursor(svg, view, panel, x, yAxis, figure, tooltip, hidden);
 }

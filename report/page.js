@@ -56,7 +56,7 @@
       const container = this.section.select(".panels").text("").node();
       this.tooltip.classed("shown", false);
       for (const panel of this.view.panels) {
-        drawPanel(container, this.view, panel, this.chart.y, y, isLog && y.base !== undefined,
+        drawPanel(container, this.view, panel, this.chart.y, y, isLog,
           this.hidden, this.figure, this.tooltip);
       }
       this.drawLegend();
