@@ -39,7 +39,8 @@ def _note(family):
                 " nested loops in place, by the same compiler at \u2011O3.")
     if family.id == "dct4":
         return ("KissFFT has no DCT-IV. REDFT11 is FFTW's own; the composed one is FFTW's complex"
-                " DFT of half the length between two loops of twiddle factors, at \u2011O3.")
+                " DFT of half the length between two loops of twiddle factors, at \u2011O3."
+                " A plan of FFTW's may take 20 s.")
     if family.id == "hartley":
         return "KissFFT has no Hartley transform. FFTW's is its DHT."
     if family.id == "real_inv":
@@ -58,8 +59,8 @@ def charts(measurements):
               {"label": "time of the peer / ours", "unit": "×", "log": True, "reference": 1},
               {family.id: _ratio_view(measurements, family) for family in FAMILIES}),
         chart("time", "Time for one transform",
-              "Out of place, on aligned arrays in the cache, unscaled; the fastest of many batches"
-              " of calls.",
+              "Out of place, unscaled, on aligned arrays that earlier calls have brought into the"
+              " caches; the fastest of many batches of calls.",
               {"label": "nanoseconds", "unit": "ns", "log": True},
               {family.id: _time_view(measurements, family) for family in FAMILIES}),
     ]

@@ -41,7 +41,8 @@ def compose(folder, d3_path=D3):
                                      trim_blocks=True, lstrip_blocks=True,
                                      undefined=jinja2.StrictUndefined)
     return environment.get_template("page.html.j2").render(
-        machine=measurements.machine, context=measurements.context["32fc"], rows=rows,
+        machine=measurements.machine, clocks=measurements.clocks,
+        context=measurements.context["32fc"], rows=rows,
         charts=charts, families=FAMILIES, data=inline_json(data),
         style=(HERE / "style.css").read_text(), d3=d3_path.read_text(),
         scripts=[(HERE / name).read_text()

@@ -32,6 +32,7 @@ class Measurements:
         self.core_cycles = {}  # (family, precision) -> {x: cycles of the core}
         self.wht_bounds = {}  # (precision, order) -> cycles
         self.context = {}
+        self.clocks = []  # core cycles in one of the time stamp counter, of each run
         self._read_transforms()
         self._read_walsh_hadamard()
         self._read_dct4()
@@ -79,13 +80,16 @@ class Measurements:
             measured = self._json(f"transforms_{type_name}.json")
             self.context[type_name] = measured["context"]
             clock = measured["core_cycles_per_tsc_cycle"]
+            self.clocks.append(clock)
             for row in measured["results"]:
                 self._add(ids[row["family"]], type_name[:2], row["length"],
                           {"ours": row["ours_ns"], "fftw": row["peer_ns"],
                            "kissfft": row["kissfft_ns"]}, row["ours_cycles"] * clock)
 
     def _read_walsh_hadamard(self):
-        for row in self._json("walsh_hadamard.json")["results"]:
+        measured = self._json("walsh_hadamard.json")
+        self.clocks.append(measured["core_cycles_per_tsc_cycle"])
+        for row in measured["results"]:
             precision = row["type"][:2]
             self._add("wht", precision, row["order"],
                       {"ours": row["ours_ns"], "loop": row["loop_ns"]}, row["ours_core_cycles"])
@@ -94,6 +98,7 @@ class Measurements:
     def _read_dct4(self):
         measured = self._json("dct4.json")
         clock = measured["core_cycles_per_tsc_cycle"]
+        self.clocks.append(clock)
         for row in measured["results"]:
             self._add("dct4", row["type"][:2], row["length"],
                       {"ours": row["ours_ns"], "redft11": row["redft11_ns"],
