@@ -137,12 +137,12 @@ class DftAccuracy {
         return input;
     }
 
+    alignas(64) std::array<Real, kArray> src_ = {};
+    alignas(64) std::array<Real, kArray> dst_ = {};
     const Transform transform_;
     const int length_;
     const Definition definition_;
     Kernel* const ours_;
-    alignas(64) std::array<Real, kArray> src_ = {};
-    alignas(64) std::array<Real, kArray> dst_ = {};
     const typename Fftw::Plan plan_;
     const std::unique_ptr<KissPlan<Real>> kiss_;
     RelativeError ours_error_;
