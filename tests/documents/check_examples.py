@@ -84,7 +84,7 @@ def blocks_of(text):
     """Each block with what it must print, None where that is not told."""
     blocks = list(BLOCK.finditer(text))
     for block, following in zip(blocks, [*blocks[1:], None]):
-        if block["kind"] == "text":
+        if block["kind"] not in (*COMPILERS, "sh") and not block["origin"]:
             continue
         adjacent = (following and following["kind"] == "text"
                     and not text[block.end():following.start()].strip())
