@@ -40,19 +40,21 @@ class Batch {
     alignas(64) Real rows_[kPlaces][kBatchElements];
 };
 
-template <class Move, int... kIndices>
+template <class Move, int... kInner>
 [[gnu::always_inline]] inline void for_each_group(int groups, const Move& move,
-                                                  std::integer_sequence<int, kIndices...>) {
+                                                  std::integer_sequence<int, kInner...>) {
+    move(0);
     if (groups == kBatch)
-        (move(kIndices), ...);
+        (move(kInner + 1), ..., move(kBatch - 1));
     else
-        (void)((kIndices < groups && (move(kIndices), true)) && ...);
+        (void)((kInner + 1 < groups && (move(kInner + 1), true)) && ...);
 }
 
-/** `move(i)` for each group's vector of a row. Not a loop, which compilers take for memcpy. */
+/** `move(i)` for each of one to kBatch groups' vectors of a row. Not a loop, which compilers take
+ * for memcpy. */
 template <class Move>
 [[gnu::always_inline]] inline void for_each_group(int groups, const Move& move) {
-    for_each_group(groups, move, std::make_integer_sequence<int, kBatch>());
+    for_each_group(groups, move, std::make_integer_sequence<int, kBatch - 2>());
 }
 
 /** A row of the caller's array, which stands at any boundary. */

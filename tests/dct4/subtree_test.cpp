@@ -169,6 +169,21 @@ TEST_F(Subtrees, WithARuleOutOfRangeReleaseNoTable) {
     }
 }
 
+// A cosine and a sine for each row and column: as many elements as the length.
+TEST_F(Subtrees, RotationsWithARuleOutOfRangeReleaseNoTable) {
+    constexpr std::int32_t kLength = 64;
+    for (const std::int32_t rule : {1, 6, 0, 7, -1, 1000}) {
+        PlanBuffer plan(kLength);
+        const bool is_known = rule >= 1 && rule <= 6;
+        plan.rotations().rule = rule;
+        const std::int32_t size_of_root = plan.root().size;
+        plan.root().destroy(&plan.root());
+        EXPECT_EQ(aligned(size_of_root) + (is_known ? 0 : word(kLength * kElement)),
+                  plan.buffer().used())
+            << rule;
+    }
+}
+
 TEST_F(Subtrees, ARootWithARuleOutOfRangeReleasesNoScratch) {
     constexpr std::int32_t kLength = 64;
     for (const std::int32_t rule : {6, 0, 7, -1, 1000}) {
