@@ -64,9 +64,11 @@ TEST_F(ToolUsage, NamesTheLengthsOfTheFamily) {
         }
         for (const std::string length : {"0", "1", "3", "48", "16384"})
             expect_hint(command + " walsh-hadamard " + length + " 32f", "2, 4, 8, ... 8192");
-        for (const std::string length : {"0", "1", "3", "33", "65", "134217728"})
+        // The library tells a size for the last of them: it has wrapped around.
+        for (const std::string length : {"0", "1", "3", "33", "65", "134217728", "1073741824"})
             expect_hint(command + " dct4 " + length + " 32f", "67108864");
-        expect_hint(command + " dct4 67108864 64f", "33554432");
+        for (const std::string length : {"67108864", "536870912", "1073741824"})
+            expect_hint(command + " dct4 " + length + " 64f", "33554432");
     }
 }
 
