@@ -9,7 +9,7 @@ namespace bench {
 /**
  * KissFFT's plan for one transform and length. Single precision is the packaged library, which the
  * distribution compiles for the x87 unit; the package has no library of double precision, so that
- * is KissFFT's own C++ class, compiled with the options of KissFFT's own build.
+ * is KissFFT's own C++ class, compiled with the options of bench/CMakeLists.txt.
  */
 template <typename Real>
 class KissPlan {

@@ -1,5 +1,4 @@
-#include "dct4/bodies/kernels.hpp"
-#include "dct4_splits.hpp"
+#include "dct4_work.hpp"
 #include "explain.hpp"
 #include "kernel_facts.hpp"
 
@@ -8,31 +7,8 @@ namespace {
 
 using dct4::Step;
 
-/** A body and how often a transform runs it. */
-struct Work {
-    dct4::BodyKey key;
-    int runs;
-};
-
 std::string Number(int32_t value) {
     return std::to_string(value);
-}
-
-/** In the order in which they run. A run serves as many columns or blocks as a vector has lanes. */
-std::vector<Work> WorkOf(const Dct4Splits& splits, int32_t length, int lanes) {
-    if (splits.is_inline) return {{{Step::Inline, splits.inline_rule}, 1}};
-    int groups = splits.factor / lanes;
-    std::vector<Work> dfts;
-    for (const Dct4Splits::Split& split : splits.splits) {
-        dfts.insert(dfts.begin(),
-                    {{Step::Dft, split.dft_rule}, groups * (split.length / (2 * split.factor))});
-        groups *= split.factor;
-    }
-    std::vector<Work> work = {{{Step::Analysis, splits.analysis_rule}, groups}};
-    work.insert(work.end(), dfts.begin(), dfts.end());
-    const int blocks = length / (2 * splits.factor);
-    work.push_back({{Step::Synthesis, splits.synthesis_rule}, blocks / lanes});
-    return work;
 }
 
 Section RuleOf(const Dct4Splits& splits, int32_t length) {
@@ -79,10 +55,10 @@ Section BodySection(const dct4::Kernel& kernel, int runs) {
     return section;
 }
 
-Section TotalOf(const std::vector<Work>& work, dct4::Element element) {
+Section TotalOf(const std::vector<Dct4Work>& work, dct4::Element element) {
     long long sums = 0;
     long long products = 0;
-    for (const Work& item : work) {
+    for (const Dct4Work& item : work) {
         const kernelgen::Counts c = dct4::counts_of(dct4::described_kernel(item.key, element));
         sums += static_cast<long long>(item.runs) * (c.sums + c.differences);
         products += static_cast<long long>(item.runs) * c.products;
@@ -107,11 +83,11 @@ Section CostOf(const Request& request) {
 Explanation ExplainDct4(const Request& request) {
     const auto element = request.is_double ? dct4::Element::Real64 : dct4::Element::Real32;
     const Dct4Splits splits = SplitsOf(request.length);
-    const std::vector<Work> work = WorkOf(splits, request.length, dct4::lanes(element));
+    const std::vector<Dct4Work> work = WorkOf(splits, request.length, dct4::lanes(element));
     Explanation explanation{"DCT-IV of " + Number(request.length) + " real points, " +
                             Precision(request.is_double) + ", by a plan"};
     explanation.sections.push_back(RuleOf(splits, request.length));
-    for (const Work& item : work) {
+    for (const Dct4Work& item : work) {
         // The build has proven it, which takes a second for long ones.
         const dct4::Kernel kernel = dct4::described_kernel(item.key, element);
         explanation.sections.push_back(BodySection(kernel, item.runs));

@@ -8,15 +8,13 @@
 #include <iostream>
 #include <string>
 
-#include "dct4/bodies/kernels.hpp"
-#include "plan/factor_choice.hpp"
+#include "dct4_work.hpp"
 #include "tests/dct4_transform/support/expected_counts.hpp"
 #include "tests/walsh_hadamard/support/expected_counts.hpp"
 
 namespace {
 
 using dct4::Element;
-using dct4::Step;
 
 /** Writes records of a JSON array, a line each. */
 class Records {
@@ -82,32 +80,11 @@ struct Instructions {
     }
 };
 
-int logarithm(int power) {
-    int log = 0;
-    while (1 << log < power) ++log;
-    return log;
-}
-
-/** As the plans split: by divisorsIntNonTriv, and analyses of more than 64 points once more. */
-void add_analyses(Instructions& all, std::int64_t times, int points, Element element) {
-    if (points <= 64) return all.add(times, {Step::Analysis, logarithm(points)}, element);
-    std::int32_t factor = 0;
-    divisorsIntNonTriv(&factor, points / 2);
-    add_analyses(all, times * factor, points / factor, element);
-    all.add(times * (points / (2 * factor)), {Step::Dft, logarithm(factor)}, element);
-}
-
 Instructions plan_instructions(int length, Element element) {
     Instructions all;
-    if (length <= 32) {
-        all.add(1, {Step::Inline, logarithm(length)}, element);
-        return all;
-    }
-    const int lanes = element == Element::Real32 ? 4 : 2;
-    std::int32_t factor = 0;
-    divisorsIntNonTriv(&factor, length / 2);
-    add_analyses(all, factor / lanes, length / factor, element);
-    all.add(length / (2 * factor) / lanes, {Step::Synthesis, logarithm(2 * factor)}, element);
+    for (const auto& work :
+         qsvg_tool::WorkOf(qsvg_tool::SplitsOf(length), length, dct4::lanes(element)))
+        all.add(work.runs, work.key, element);
     return all;
 }
 

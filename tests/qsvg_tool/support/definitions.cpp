@@ -56,6 +56,19 @@ void add_complex(std::vector<ToolCase>& cases, int length, bool is_double) {
     }
 }
 
+/** A transform of a real signal without directions. */
+void add_own_inverse(std::vector<ToolCase>& cases, const std::string& family, int length,
+                     bool is_double, const std::function<Numbers(const Numbers&)>& definition) {
+    cases.push_back({{family, std::to_string(length), is_double ? "64f" : "32f"},
+                     false,
+                     length,
+                     length,
+                     is_double,
+                     false,
+                     false,
+                     definition});
+}
+
 void add_real(std::vector<ToolCase>& cases, int length, bool is_double) {
     const std::string number = std::to_string(length);
     const std::string type = is_double ? "64f" : "32f";
@@ -73,16 +86,9 @@ void add_real(std::vector<ToolCase>& cases, int length, bool is_double) {
                  [=](const Numbers& x) { return RealReference(direction, layout, length)(x); }});
         }
     }
-    cases.push_back({{"hartley", number, type},
-                     false,
-                     length,
-                     length,
-                     is_double,
-                     false,
-                     false,
-                     [=](const Numbers& x) {
-                         return RealReference(Direction::Both, Layout::Natural, length)(x);
-                     }});
+    add_own_inverse(cases, "hartley", length, is_double, [=](const Numbers& x) {
+        return RealReference(Direction::Both, Layout::Natural, length)(x);
+    });
 }
 
 }  // namespace
@@ -90,30 +96,15 @@ void add_real(std::vector<ToolCase>& cases, int length, bool is_double) {
 std::vector<ToolCase> all_tool_cases() {
     std::vector<ToolCase> cases;
     for (const bool is_double : {false, true}) {
-        const std::string type = is_double ? "64f" : "32f";
         for (const int length : {2, 15, 16, 47, 64}) {
             add_complex(cases, length, is_double);
             add_real(cases, length, is_double);
         }
         for (const int length : {2, 64, 512, 4096}) {
-            cases.push_back({{"walsh-hadamard", std::to_string(length), type},
-                             false,
-                             length,
-                             length,
-                             is_double,
-                             false,
-                             false,
-                             walsh_hadamard});
+            add_own_inverse(cases, "walsh-hadamard", length, is_double, walsh_hadamard);
         }
         for (const int length : {2, 32, 64, 1024}) {
-            cases.push_back({{"dct4", std::to_string(length), type},
-                             false,
-                             length,
-                             length,
-                             is_double,
-                             false,
-                             false,
-                             dct4});
+            add_own_inverse(cases, "dct4", length, is_double, dct4);
         }
     }
     return cases;
