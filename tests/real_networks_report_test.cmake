@@ -7,5 +7,5 @@ execute_process(COMMAND ${REPORT} OUTPUT_VARIABLE printed COMMAND_ERROR_IS_FATAL
 file(READ ${DOCUMENT} document)
 if(NOT printed STREQUAL document)
     message(FATAL_ERROR "${DOCUMENT} differs from what the networks cost now.\n"
-                        "Write it anew: build/gcc/bin/report_real_networks >docs/real_networks.md")
+                        "Write it anew: build/ia32-gcc/bin/report_real_networks >docs/real_networks.md")
 endif()
