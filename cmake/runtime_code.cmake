@@ -2,7 +2,7 @@
 
 add_library(runtime_code INTERFACE)
 target_compile_features(runtime_code INTERFACE cxx_std_20)
-target_include_directories(runtime_code INTERFACE ${PROJECT_SOURCE_DIR}
+target_include_directories(runtime_code INTERFACE ${PROJECT_SOURCE_DIR}/library
                                                   ${PROJECT_SOURCE_DIR}/include)
 target_compile_options(
     runtime_code

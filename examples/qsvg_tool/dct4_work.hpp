@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "dct4/bodies/kernels.hpp"
 #include "dct4_splits.hpp"
+#include "transforms/dct4/dct4_body.hpp"
 
 namespace qsvg_tool {
 

@@ -1,7 +1,7 @@
-#include "dft_complex/kernels.hpp"
 #include "explain.hpp"
 #include "kernel_facts.hpp"
-#include "kernelgen/counts.hpp"
+#include "kernelgen/graph/counts.hpp"
+#include "transforms/dft_complex/kernels/complex_kernel.hpp"
 
 namespace qsvg_tool {
 namespace {

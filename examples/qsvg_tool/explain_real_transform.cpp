@@ -1,9 +1,9 @@
-#include "dft_real/kernels.hpp"
-#include "dft_real/transforms.hpp"
 #include "explain.hpp"
-#include "hartley/hartley_transform.hpp"
-#include "hartley/kernels.hpp"
 #include "kernel_facts.hpp"
+#include "transforms/dft_real/decompositions/real_dft.hpp"
+#include "transforms/dft_real/kernels/real_dft_kernel.hpp"
+#include "transforms/hartley/hartley_kernel.hpp"
+#include "transforms/hartley/hartley_transform.hpp"
 
 namespace qsvg_tool {
 namespace {

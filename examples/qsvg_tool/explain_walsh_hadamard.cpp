@@ -2,8 +2,8 @@
 
 #include "explain.hpp"
 #include "kernel_facts.hpp"
-#include "walsh_hadamard/kernels.hpp"
-#include "walsh_hadamard/scales.hpp"
+#include "transforms/walsh_hadamard/scales.hpp"
+#include "transforms/walsh_hadamard/walsh_hadamard_kernel.hpp"
 
 namespace qsvg_tool {
 namespace {

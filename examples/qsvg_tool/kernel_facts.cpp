@@ -10,7 +10,7 @@
 #include <set>
 
 #include "columns.hpp"
-#include "kernelgen/emission.hpp"
+#include "kernelgen/emission/emission.hpp"
 
 namespace qsvg_tool {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "explanation.hpp"
-#include "kernelgen/graph.hpp"
-#include "kernelgen/schedule.hpp"
+#include "kernelgen/graph/graph.hpp"
+#include "kernelgen/schedule/schedule.hpp"
 
 namespace qsvg_tool {
 

@@ -1,4 +1,4 @@
-#include "kernelgen/bit_interpreter.hpp"
+#include "kernelgen/proof/bit_interpreter.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kernelgen/emission.hpp"
+#include "kernelgen/emission/emission.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kernelgen/exact_constant.hpp"
+#include "kernelgen/graph/exact_constant.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kernelgen/graph.hpp"
+#include "kernelgen/graph/graph.hpp"
 
 #include <gtest/gtest.h>
 

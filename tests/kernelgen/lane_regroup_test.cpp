@@ -1,4 +1,4 @@
-#include "kernelgen/lane_regroup.hpp"
+#include "kernelgen/graph/lane_regroup.hpp"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 #include <random>
 #include <sstream>
 
-#include "kernelgen/bit_interpreter.hpp"
-#include "kernelgen/counts.hpp"
-#include "kernelgen/emission.hpp"
+#include "kernelgen/emission/emission.hpp"
+#include "kernelgen/graph/counts.hpp"
+#include "kernelgen/proof/bit_interpreter.hpp"
 
 namespace {
 

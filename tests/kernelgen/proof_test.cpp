@@ -1,4 +1,4 @@
-#include "kernelgen/proof.hpp"
+#include "kernelgen/proof/proof.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "kernelgen/schedule.hpp"
+#include "kernelgen/schedule/schedule.hpp"
 
 #include <gtest/gtest.h>
 

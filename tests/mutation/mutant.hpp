@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-#include "kernelgen/graph.hpp"
+#include "kernelgen/graph/graph.hpp"
 
 namespace mutation {
 

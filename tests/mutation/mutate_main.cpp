@@ -16,14 +16,14 @@
 #include <string>
 #include <vector>
 
-#include "dft_complex/kernels.hpp"
-#include "dft_real/kernels.hpp"
-#include "hartley/kernels.hpp"
-#include "kernelgen/bit_interpreter.hpp"
-#include "kernelgen/proof.hpp"
+#include "kernelgen/proof/bit_interpreter.hpp"
+#include "kernelgen/proof/proof.hpp"
 #include "mutation/mutant.hpp"
 #include "same_bits/fixed_data.hpp"
-#include "walsh_hadamard/bodies.hpp"
+#include "transforms/dft_complex/kernels/complex_kernel.hpp"
+#include "transforms/dft_real/kernels/real_dft_kernel.hpp"
+#include "transforms/hartley/hartley_kernel.hpp"
+#include "transforms/walsh_hadamard/bodies.hpp"
 
 namespace {
 

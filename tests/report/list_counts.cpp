@@ -9,8 +9,8 @@
 #include <string>
 
 #include "dct4_work.hpp"
-#include "tests/dct4_transform/support/expected_counts.hpp"
-#include "tests/walsh_hadamard/support/expected_counts.hpp"
+#include "tests/dct4/white_box/transform/support/expected_counts.hpp"
+#include "tests/walsh_hadamard/white_box/support/expected_counts.hpp"
 
 namespace {
 

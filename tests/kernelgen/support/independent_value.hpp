@@ -13,7 +13,7 @@
 #include <map>
 #include <utility>
 
-#include "kernelgen/exact_constant.hpp"
+#include "kernelgen/graph/exact_constant.hpp"
 
 namespace kernelgen_test {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "kernelgen/graph.hpp"
+#include "kernelgen/graph/graph.hpp"
 
 namespace kernelgen_test {
 

@@ -25,7 +25,8 @@ std::vector<std::string> cells_of(const std::string& line) {
 }  // namespace
 
 std::map<std::string, ManifestRow> manifest_of(const std::string& folder) {
-    std::ifstream file(std::filesystem::path(QSVG_SOURCE_DIR) / folder / "manifest.csv");
+    std::ifstream file(std::filesystem::path(QSVG_SOURCE_DIR) / "transforms" / folder /
+                       "recorded/manifest.csv");
     std::string line;
     std::getline(file, line);
     const auto columns = cells_of(line);

@@ -1,0 +1,229 @@
+#include "kernelgen/emission/emission.hpp"
+
+#include <array>
+#include <cstdio>
+#include <map>
+#include <stdexcept>
+
+namespace kernelgen {
+namespace {
+
+std::string hexadecimal(double value) {
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%a", value);
+    return text.data();
+}
+
+enum class Memory { Arrays, Places };
+
+class Emitter {
+  public:
+    Emitter(const Graph& graph, const std::string& rounding, Memory memory)
+        : graph_(graph), rounding_(rounding), memory_(memory) {}
+
+    EmittedBody run(const Order& order) {
+        std::string statements;
+        for (NodeId id : order) statements += "    " + statement(id) + "\n";
+        return {definitions(), statements};
+    }
+
+  private:
+    static const char* type_name(Type type) {
+        switch (type) {
+            case Type::Binary32:
+                return "float";
+            case Type::Binary64:
+                return "double";
+            case Type::Binary32x4:
+                return "__m128";
+            case Type::Binary64x2:
+                return "__m128d";
+        }
+        return "";
+    }
+
+    std::string statement(NodeId id) {
+        const Node& n = graph_.node(id);
+        if (n.op == Op::Store || n.op == Op::StoreLow || n.op == Op::StoreHigh) return store(n);
+        const std::string name = "v" + std::to_string(names_.size());
+        std::string text =
+            std::string("const ") + type_name(n.type) + " " + name + " = " + expression(n) + ";";
+        names_[id] = name;
+        return text;
+    }
+
+    std::string store(const Node& n) {
+        const std::string value = operand(n.a);
+        if (memory_ == Memory::Places) return "y.store(" + place_of(n) + ", " + value + ");";
+        if (lane_count(n.type) == 1) return "y[" + std::to_string(n.offset) + "] = " + value + ";";
+        const std::string place = "y + " + std::to_string(n.offset);
+        switch (n.op) {
+            case Op::StoreLow:
+                return "store_low(" + place + ", " + value + ");";
+            case Op::StoreHigh:
+                return "store_high(" + place + ", " + value + ");";
+            default:
+                return access(n) + "::store(" + place + ", " + value + ");";
+        }
+    }
+
+    // A row that starts off a 16-byte boundary is moved unaligned on the aligned path as well.
+    static std::string access(const Node& n) {
+        return n.offset % lane_count(n.type) == 0 ? "Memory" : "Unaligned";
+    }
+
+    static std::string place_of(const Node& n) {
+        if (lane_count(n.type) == 1 || (n.op != Op::Load && n.op != Op::Store))
+            throw std::logic_error("only whole vectors have places");
+        return std::to_string(n.offset / lane_count(n.type));
+    }
+
+    std::string expression(const Node& n) {
+        const bool scalar = lane_count(n.type) == 1;
+        const std::string place = "x + " + std::to_string(n.offset);
+        switch (n.op) {
+            case Op::Load:
+                if (memory_ == Memory::Places) return "x.load(" + place_of(n) + ")";
+                if (scalar) return "x[" + std::to_string(n.offset) + "]";
+                return access(n) + "::load(" + place + ")";
+            case Op::LoadLow:
+                return "load_low(" + place + ")";
+            case Op::LoadHigh:
+                return "load_high(" + operand(n.a) + ", " + place + ")";
+            case Op::LoadScalar:
+                return "_mm_load_ss(" + place + ")";
+            case Op::Add:
+                return binary(n, "+", "add");
+            case Op::Sub:
+                return binary(n, "-", "sub");
+            case Op::Mul:
+                return binary(n, "*", "mul");
+            case Op::Flip:
+                return std::string("_mm_xor_") + suffix(n.type) + "(" + operand(n.a) + ", " +
+                       sign_mask(n) + ")";
+            case Op::Shuffle:
+                return shuffle(n);
+            case Op::Widen:
+                return "static_cast<double>(" + operand(n.a) + ")";
+            case Op::Round:
+                return rounding_ + "(" + operand(n.a) + ")";
+            default:
+                throw std::logic_error("this node is not a statement");
+        }
+    }
+
+    static const char* suffix(Type type) { return type == Type::Binary32x4 ? "ps" : "pd"; }
+
+    std::string binary(const Node& n, const char* sign, const char* word) {
+        if (lane_count(n.type) == 1) return operand(n.a) + " " + sign + " " + operand(n.b);
+        return std::string("_mm_") + word + "_" + suffix(n.type) + "(" + operand(n.a) + ", " +
+               operand(n.b) + ")";
+    }
+
+    std::string shuffle(const Node& n) {
+        const std::string a = operand(n.a);
+        const std::string b = operand(n.b);
+        const Selection& s = n.selection;
+        const std::logic_error no_instruction("no instruction picks these lanes");
+        if (n.type == Type::Binary64x2) {
+            if (s[0] > 1 || (s[1] < 2 && n.a != n.b)) throw no_instruction;
+            return "_mm_shuffle_pd(" + a + ", " + b + ", " + std::to_string(s[0] + 2 * (s[1] % 2)) +
+                   ")";
+        }
+        const auto is = [&](std::uint8_t i, std::uint8_t j, std::uint8_t k, std::uint8_t l) {
+            return s == Selection{i, j, k, l};
+        };
+        const std::string pair = "(" + a + ", " + b + ")";
+        if (is(4, 1, 2, 3)) return "_mm_move_ss" + pair;
+        if (is(4, 5, 2, 3)) return "move_low" + pair;
+        if (is(0, 4, 1, 5)) return "_mm_unpacklo_ps" + pair;
+        if (is(2, 6, 3, 7)) return "_mm_unpackhi_ps" + pair;
+        if (is(0, 1, 4, 5)) return "_mm_movelh_ps" + pair;
+        if (is(2, 3, 6, 7)) return "_mm_movehl_ps(" + b + ", " + a + ")";
+        if (s[0] > 3 || s[1] > 3 || s[2] < 4 || s[3] < 4) throw no_instruction;
+        return "_mm_shuffle_ps(" + a + ", " + b + ", _MM_SHUFFLE(" + std::to_string(s[3] - 4) +
+               ", " + std::to_string(s[2] - 4) + ", " + std::to_string(s[1]) + ", " +
+               std::to_string(s[0]) + "))";
+    }
+
+    std::string operand(NodeId id) {
+        const Node& n = graph_.node(id);
+        if (n.op == Op::Scale) return "scale";
+        if (n.op == Op::Zero && lane_count(n.type) == 1)
+            return is_binary32(n.type) ? literal(0.0F) : literal(0.0);
+        if (n.op == Op::Zero) return std::string("_mm_setzero_") + suffix(n.type) + "()";
+        if (n.op == Op::Constant) return constant(n);
+        return names_.at(id);
+    }
+
+    std::string constant(const Node& n) {
+        const Lanes& lanes = graph_.constants()[static_cast<std::size_t>(n.constant)];
+        if (lane_count(n.type) == 1) {
+            return is_binary32(n.type) ? literal(lanes[0].to_binary32())
+                                       : literal(lanes[0].to_binary64());
+        }
+        std::string values;
+        for (const Exact& lane : lanes) {
+            if (!values.empty()) values += ", ";
+            values +=
+                is_binary32(n.type) ? literal(lane.to_binary32()) : literal(lane.to_binary64());
+        }
+        return vector(n.type, values);
+    }
+
+    std::string sign_mask(const Node& n) {
+        std::string values;
+        for (int lane = 0; lane < lane_count(n.type); ++lane) {
+            if (lane > 0) values += ", ";
+            const bool change = n.selection[static_cast<std::size_t>(lane)] != 0;
+            values +=
+                is_binary32(n.type) ? literal(change ? -0.0F : 0.0F) : literal(change ? -0.0 : 0.0);
+        }
+        return vector(n.type, values);
+    }
+
+    std::string vector(Type type, const std::string& values) {
+        auto [entry, fresh] = vectors_.try_emplace(values, vectors_.size());
+        if (fresh) order_of_vectors_.push_back(values);
+        vector_type_ = type;
+        return std::string("_mm_load_") + suffix(type) + "(kConstants[" +
+               std::to_string(entry->second) + "])";
+    }
+
+    std::string definitions() const {
+        if (order_of_vectors_.empty()) return {};
+        const bool single = is_binary32(vector_type_);
+        std::string text = std::string("alignas(16) constexpr ") + (single ? "float" : "double") +
+                           " kConstants[][" + (single ? "4" : "2") + "] = {\n";
+        for (const std::string& values : order_of_vectors_) text += "    {" + values + "},\n";
+        return text + "};\n";
+    }
+
+    const Graph& graph_;
+    const std::string& rounding_;
+    const Memory memory_;
+    std::map<NodeId, std::string> names_;
+    std::map<std::string, std::size_t> vectors_;
+    std::vector<std::string> order_of_vectors_;
+    Type vector_type_ = Type::Binary32x4;
+};
+
+}  // namespace
+
+EmittedBody emit(const Graph& graph, const Order& order, const std::string& rounding) {
+    return Emitter(graph, rounding, Memory::Arrays).run(order);
+}
+
+EmittedBody emit_between_places(const Graph& graph, const Order& order) {
+    const std::string no_conversions;
+    return Emitter(graph, no_conversions, Memory::Places).run(order);
+}
+
+std::string literal(float value) {
+    return hexadecimal(static_cast<double>(value)) + "f";
+}
+std::string literal(double value) {
+    return hexadecimal(value);
+}
+
+}  // namespace kernelgen

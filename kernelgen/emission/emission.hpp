@@ -1,0 +1,39 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Writes a scheduled graph as C++ statements with SSE2 intrinsics.
+ *
+ * The statements stand in a function template over the memory access (`Memory::load`,
+ * `Memory::store` for whole vectors), with the arrays `x` and `y` of real elements and the factor
+ * `scale` in scope; aligned and unaligned kernels so share their arithmetic to the letter.
+ */
+
+#include <string>
+#include <vector>
+
+#include "kernelgen/graph/graph.hpp"
+#include "kernelgen/schedule/schedule.hpp"
+
+namespace kernelgen {
+
+struct EmittedBody {
+    std::string constants;   ///< definitions at namespace scope, or empty
+    std::string statements;  ///< one a line, indented by four spaces
+};
+
+/** `rounding` converts a binary64 value to binary32. */
+EmittedBody emit(const Graph& graph, const Order& order,
+                 const std::string& rounding = "static_cast<float>");
+
+/**
+ * The same for a graph of whole vectors whose places the surrounding loop knows: the vector at
+ * offset i times the lanes is `x.load(i)`, and `y.store(i, value)` stores one.
+ */
+EmittedBody emit_between_places(const Graph& graph, const Order& order);
+
+/** A literal that reads back as exactly this value: 0x1.bb67aep-1f, 0x1.bb67ae8584caap-1. */
+std::string literal(float value);
+std::string literal(double value);
+
+}  // namespace kernelgen

@@ -1,0 +1,163 @@
+#include "kernelgen/graph/graph.hpp"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace kernelgen {
+
+int lane_count(Type type) {
+    switch (type) {
+        case Type::Binary32x4:
+            return 4;
+        case Type::Binary64x2:
+            return 2;
+        default:
+            return 1;
+    }
+}
+
+bool is_binary32(Type type) {
+    return type == Type::Binary32 || type == Type::Binary32x4;
+}
+
+std::vector<NodeId> operands(const Node& node) {
+    std::vector<NodeId> result;
+    if (node.a != kNone) result.push_back(node.a);
+    if (node.b != kNone) result.push_back(node.b);
+    return result;
+}
+
+NodeId Graph::intern(const Node& node) {
+    auto [entry, fresh] = known_.try_emplace(node, static_cast<NodeId>(nodes_.size()));
+    if (fresh) nodes_.push_back(node);
+    return entry->second;
+}
+
+Ref Graph::load(Type type, int offset) {
+    return {intern({.op = Op::Load, .type = type, .offset = offset})};
+}
+
+Ref Graph::load_low(Type type, int offset) {
+    return {intern({.op = Op::LoadLow, .type = type, .offset = offset})};
+}
+
+Ref Graph::load_high(Ref low, int offset) {
+    const Type type = node(low.id).type;
+    return {intern({.op = Op::LoadHigh, .type = type, .a = low.id, .offset = offset}),
+            low.negative};
+}
+
+Ref Graph::load_scalar(Type type, int offset) {
+    return {intern({.op = Op::LoadScalar, .type = type, .offset = offset})};
+}
+
+Ref Graph::scale(Type type) {
+    return {intern({.op = Op::Scale, .type = type})};
+}
+
+Ref Graph::zero(Type type) {
+    return {intern({.op = Op::Zero, .type = type})};
+}
+
+Ref Graph::constant(Type type, const Lanes& lanes) {
+    std::string key;
+    for (const Exact& lane : lanes) key += lane.key() + ' ';
+    auto [entry, fresh] =
+        known_constants_.try_emplace(key, static_cast<std::int32_t>(constants_.size()));
+    if (fresh) constants_.push_back(lanes);
+    return {intern({.op = Op::Constant, .type = type, .constant = entry->second})};
+}
+
+Ref Graph::add(Ref a, Ref b) {
+    if (a.is_zero()) return b;
+    if (b.is_zero()) return a;
+    const Type type = node(a.id).type;
+    if (a.negative == b.negative) {
+        return {intern({.op = Op::Add,
+                        .type = type,
+                        .a = std::min(a.id, b.id),
+                        .b = std::max(a.id, b.id)}),
+                a.negative};
+    }
+    if (a.negative) std::swap(a, b);
+    return {intern({.op = Op::Sub, .type = type, .a = a.id, .b = b.id})};
+}
+
+Ref Graph::mul(Ref a, Ref b) {
+    if (a.is_zero() || b.is_zero()) return {};
+    return {intern({.op = Op::Mul, .type = node(a.id).type, .a = a.id, .b = b.id}),
+            a.negative != b.negative};
+}
+
+Ref Graph::mul(Ref a, const Lanes& lanes) {
+    if (a.is_zero()) return a;
+    const bool all_zero =
+        std::all_of(lanes.begin(), lanes.end(), [](const Exact& c) { return c.is_zero(); });
+    if (all_zero) return {};
+    const bool all_one =
+        std::all_of(lanes.begin(), lanes.end(), [](const Exact& c) { return c.is_one(); });
+    if (all_one) return a;
+    // A constant that is the same in all lanes is kept positive, its sign goes to the reference.
+    const bool uniform = std::all_of(
+        lanes.begin(), lanes.end(), [&](const Exact& c) { return c.key() == lanes.front().key(); });
+    if (uniform && lanes.front().is_negative()) {
+        return -mul(a, Lanes(lanes.size(), -lanes.front()));
+    }
+    return mul(a, constant(node(a.id).type, lanes));
+}
+
+Ref Graph::flip(Ref a, const Selection& lanes) {
+    if (a.is_zero()) return a;
+    return {intern({.op = Op::Flip, .type = node(a.id).type, .a = a.id, .selection = lanes}),
+            a.negative};
+}
+
+Ref Graph::shuffle(Ref a, Ref b, const Selection& selection) {
+    if (a.negative != b.negative)
+        throw std::logic_error("a shuffle joins operands of one sign only");
+    const Type type = node(a.id).type;
+    if (type == Type::Binary32x4 && selection == Selection{0, 1, 2, 3}) return a;
+    return {intern({.op = Op::Shuffle, .type = type, .a = a.id, .b = b.id, .selection = selection}),
+            a.negative};
+}
+
+Ref Graph::widen(Ref a) {
+    return {intern({.op = Op::Widen, .type = Type::Binary64, .a = a.id}), a.negative};
+}
+
+Ref Graph::round(Ref a) {
+    return {intern({.op = Op::Round, .type = Type::Binary32, .a = a.id}), a.negative};
+}
+
+void Graph::store_as(Op op, Ref value, int offset) {
+    if (value.is_zero() || value.negative)
+        throw std::logic_error("a store takes a positive value of the graph");
+    stores_.push_back(
+        intern({.op = op, .type = node(value.id).type, .a = value.id, .offset = offset}));
+}
+
+std::vector<NodeId> Graph::live() const {
+    std::vector<bool> needed(nodes_.size(), false);
+    for (NodeId store : stores_) needed[static_cast<std::size_t>(store)] = true;
+    // Operands have smaller numbers than their users, so one backward pass is enough.
+    for (std::size_t i = nodes_.size(); i-- > 0;) {
+        if (!needed[i]) continue;
+        for (NodeId operand : operands(nodes_[i])) needed[static_cast<std::size_t>(operand)] = true;
+    }
+    std::vector<NodeId> result;
+    for (std::size_t i = 0; i < nodes_.size(); ++i) {
+        if (needed[i]) result.push_back(static_cast<NodeId>(i));
+    }
+    return result;
+}
+
+void Graph::truncate(std::size_t size) {
+    while (nodes_.size() > size) {
+        known_.erase(nodes_.back());
+        nodes_.pop_back();
+    }
+    while (!stores_.empty() && static_cast<std::size_t>(stores_.back()) >= size) stores_.pop_back();
+}
+
+}  // namespace kernelgen

@@ -1,0 +1,137 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Expression graph of one kernel: typed, hash-consed nodes.
+ *
+ * A node is a load, a constant, an arithmetic operation, a rearrangement of lanes, a conversion or
+ * a store. Equal nodes are one node. A reference to a node carries a sign, so that a minus costs
+ * nothing until a sum takes it up; no node negates. Memory is addressed in real elements.
+ *
+ * The frame's scale factor is a node of its own: it stands for a run-time value that is 1 in proofs
+ * of the unscaled transform.
+ */
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "kernelgen/graph/exact_constant.hpp"
+
+namespace kernelgen {
+
+enum class Type : std::uint8_t { Binary32, Binary64, Binary32x4, Binary64x2 };
+
+int lane_count(Type type);
+bool is_binary32(Type type);
+
+enum class Op : std::uint8_t {
+    Load,        ///< all lanes from consecutive elements
+    LoadLow,     ///< the low 8 bytes from memory, zeros above
+    LoadHigh,    ///< low 8 bytes of the operand, high 8 bytes from memory
+    LoadScalar,  ///< lane 0 from memory, zeros above
+    Scale,       ///< the scale factor in every lane
+    Constant,    ///< one exact constant a lane
+    Zero,        ///< +0 in every lane
+    Add,
+    Sub,
+    Mul,
+    Flip,     ///< sign of some lanes changed (exclusive-or)
+    Shuffle,  ///< lanes picked from two operands
+    Widen,    ///< binary32 to binary64
+    Round,    ///< binary64 to binary32
+    Store,
+    StoreLow,   ///< the low 8 bytes
+    StoreHigh,  ///< the high 8 bytes
+};
+
+using NodeId = std::int32_t;
+inline constexpr NodeId kNone = -1;
+
+/** Where each lane of a shuffle comes from: 0..3 lanes of the first operand, 4..7 of the second. */
+using Selection = std::array<std::uint8_t, 4>;
+
+struct Node {
+    Op op;
+    Type type;
+    NodeId a = kNone;
+    NodeId b = kNone;
+    std::int32_t offset = 0;     ///< memory, in real elements
+    Selection selection = {};    ///< of a shuffle; of a flip, 1 in the lanes whose sign changes
+    std::int32_t constant = -1;  ///< index into Graph::constants()
+
+    auto operator<=>(const Node&) const = default;
+};
+
+/** A node with a sign. The structural zero (a value known to be absent) has no node. */
+struct Ref {
+    NodeId id = kNone;
+    bool negative = false;
+
+    bool is_zero() const { return id == kNone; }
+    Ref operator-() const { return {id, id != kNone && !negative}; }
+    auto operator<=>(const Ref&) const = default;
+};
+
+using Lanes = std::vector<Exact>;
+
+class Graph {
+  public:
+    Ref load(Type type, int offset);
+    Ref load_low(Type type, int offset);
+    Ref load_high(Ref low, int offset);
+    Ref load_scalar(Type type, int offset);
+    Ref scale(Type type);
+    Ref zero(Type type);
+    Ref constant(Type type, const Lanes& lanes);
+
+    /** Sums with signs taken up: x + 0 is x, x + (-y) is a difference. */
+    Ref add(Ref a, Ref b);
+    Ref sub(Ref a, Ref b) { return add(a, -b); }
+    Ref mul(Ref a, Ref b);
+    /** Times a constant for each lane; 1 in all lanes gives the operand, 0 the structural zero. */
+    Ref mul(Ref a, const Lanes& lanes);
+    Ref flip(Ref a, const Selection& lanes);
+    /** Both operands must carry the same sign. The identity selection gives the first operand. */
+    Ref shuffle(Ref a, Ref b, const Selection& selection);
+    Ref widen(Ref a);
+    Ref round(Ref a);
+
+    void store(Ref value, int offset) { store_as(Op::Store, value, offset); }
+    void store_low(Ref value, int offset) { store_as(Op::StoreLow, value, offset); }
+    void store_high(Ref value, int offset) { store_as(Op::StoreHigh, value, offset); }
+
+    /** What is stored is never what is loaded, so that loads may stand behind any store. */
+    void keep_arrays_apart() { arrays_are_apart_ = true; }
+    bool arrays_are_apart() const { return arrays_are_apart_; }
+
+    const Node& node(NodeId id) const { return nodes_[static_cast<std::size_t>(id)]; }
+    const std::vector<NodeId>& stores() const { return stores_; }
+    const std::vector<Lanes>& constants() const { return constants_; }
+    std::size_t size() const { return nodes_.size(); }
+
+    /** Nodes that a store needs, operands before users. */
+    std::vector<NodeId> live() const;
+
+    /** Forgets every node from `size` on, so that a trial can be taken back. */
+    void truncate(std::size_t size);
+
+  private:
+    NodeId intern(const Node& node);
+    void store_as(Op op, Ref value, int offset);
+
+    std::vector<Node> nodes_;
+    std::map<Node, NodeId> known_;
+    std::vector<Lanes> constants_;
+    std::map<std::string, std::int32_t> known_constants_;
+    std::vector<NodeId> stores_;
+    bool arrays_are_apart_ = false;
+};
+
+/** Operands of a node, zero to two of them. */
+std::vector<NodeId> operands(const Node& node);
+
+}  // namespace kernelgen

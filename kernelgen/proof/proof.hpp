@@ -1,0 +1,33 @@
+#pragma once
+
+/**
+ * @file
+ * @brief Shows that a kernel's graph is the matrix that defines its transform.
+ *
+ * A kernel is linear, so its values on the unit vectors are its matrix. They are computed with
+ * unrounded constants, where a right graph agrees to the last of some 60 digits.
+ */
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "kernelgen/graph/graph.hpp"
+
+namespace kernelgen {
+
+/** Entry of the defining matrix: what input `column` contributes to output `row`. */
+using Definition = std::function<Wide(int row, int column)>;
+
+/**
+ * Largest difference of the graph's matrix (unscaled, both ways in real elements) from `wanted`.
+ * `table` is what the graph finds behind its inputs and multiplies them by.
+ */
+Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
+               const std::vector<Wide>& table = {});
+
+/** Throws std::runtime_error that names `kernel` where the deviation exceeds 1e-28. */
+void prove(const std::string& kernel, const Graph& graph, int inputs, int outputs,
+           const Definition& wanted, const std::vector<Wide>& table = {});
+
+}  // namespace kernelgen

@@ -1,0 +1,41 @@
+/**
+ * @file
+ * @brief Writes the straight-line bodies of the DCT-IV.
+ *
+ *     describe_dct4 FOLDER            one header a body, in a folder for each element
+ *     describe_dct4 --manifest FILE   one line a body
+ */
+
+#include <string>
+
+#include "kernelgen/emission/generated_files.hpp"
+#include "transforms/dct4/dct4_body_source.hpp"
+
+namespace {
+
+using namespace dct4;
+
+void write_sources(const std::filesystem::path& folder) {
+    for (Element element : kElements) {
+        const std::filesystem::path place = folder / suffix(element) / "dct4_bodies";
+        std::filesystem::create_directories(place);
+        for (BodyKey key : all_bodies()) {
+            const Kernel kernel = proven_kernel(key, element);
+            kernelgen::write_if_changed(place / (kernel.stem() + ".hpp"), kernel_source(kernel));
+        }
+    }
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (BodyKey key : all_bodies()) lines += manifest_line(proven_kernel(key, element)) + "\n";
+    }
+    kernelgen::write_if_changed(file, lines);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
+}

@@ -1,0 +1,98 @@
+#include "transforms/dft_complex/kernels/complex_kernel.hpp"
+
+#include <stdexcept>
+
+#include "kernelgen/proof/proof.hpp"
+#include "transforms/dft_complex/decompositions/decompositions.hpp"
+#include "transforms/dft_complex/layouts/element_layout.hpp"
+#include "transforms/dft_complex/recorded/tuning.hpp"
+#include "transforms/dft_complex/small_transforms/short_lengths.hpp"
+
+namespace dft_complex {
+
+const TableRow& row_of(int length, Element element) {
+    if (length < kShortestLength || length > kLongestLength)
+        throw std::out_of_range("no kernel of length " + std::to_string(length));
+    const auto& table =
+        element == Element::Complex32 ? single_precision_table() : double_precision_table();
+    return table[static_cast<std::size_t>(length - kShortestLength)];
+}
+
+std::string Kernel::name() const {
+    return std::string(direction == Direction::Forward ? "qsvgDFTFwd" : "qsvgDFTInv") + "_CToC_" +
+           std::to_string(length) + "_" + suffix(element);
+}
+
+std::string Kernel::twin_name() const {
+    // Short kernels serve any array: scalars do by themselves, the others hold both copies.
+    if (length <= (element == Element::Complex32 ? 5 : 4)) return {};
+    return "owng" + name().substr(4) + "_unaligned";
+}
+
+bool Kernel::is_scalar() const {
+    return element == Element::Complex32 && length <= kLongestShortLength;
+}
+
+Kernel draft_kernel(int length, Direction direction, Element element,
+                    const std::vector<LaneChoice>& choices) {
+    const Rule& rule = row_of(length, element).rule;
+    Kernel kernel{length, direction, element, rule, {}};
+    if (length <= kLongestShortLength) {
+        kernel.graph = element == Element::Complex32 ? short_length(length, direction)
+                                                     : short_length_by_elements(length, direction);
+        return kernel;
+    }
+    Network network;
+    const Signal outputs = dft(network, rule, network.input(length));
+    if (element == Element::Complex64) {
+        kernel.graph = lay_out_by_elements(network, outputs, direction);
+        return kernel;
+    }
+    PackedKernel packed = lay_out_packed(network, outputs, direction, lane_policy(length), choices);
+    kernel.graph = std::move(packed.graph);
+    kernel.choices = std::move(packed.choices);
+    return kernel;
+}
+
+Kernel proven_kernel(int length, Direction direction, Element element) {
+    const Tuning tuning = tuning_of(length, element);
+    Kernel kernel = draft_kernel(length, direction, element, tuning.lanes);
+    kernel.order = tuning.order;
+    kernel.option = tuning.option;
+    prove_dft(kernel);
+    return kernel;
+}
+
+LanePolicy lane_policy(int length) {
+    const bool power_of_two = (length & (length - 1)) == 0;
+    return power_of_two ? LanePolicy::SplitOnly : LanePolicy::InterleavedEnds;
+}
+
+std::vector<int> batch_sizes(int length) {
+    Network network;
+    dft(network, row_of(length, Element::Complex32).rule, network.input(length));
+    std::vector<int> sizes;
+    for (const auto& batch : network.batches()) sizes.push_back(static_cast<int>(batch.size()));
+    return sizes;
+}
+
+kernelgen::Schedule schedule_of(const Kernel& kernel) {
+    if (kernel.order.empty()) return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::schedule_by(kernel.order, kernel.graph, kernelgen::kX86Sse2);
+}
+
+void prove_dft(const Kernel& kernel) {
+    const int length = kernel.length;
+    const auto entry = [&](int row, int column) -> kernelgen::Wide {
+        const long turns = static_cast<long>(row / 2) * (column / 2);
+        const ExactComplex w = ExactComplex::forward_root(
+            kernel.direction == Direction::Forward ? turns : -turns, length);
+        const bool real_row = row % 2 == 0;
+        const bool real_column = column % 2 == 0;
+        if (real_row == real_column) return w.re.value();
+        return real_row ? kernelgen::Wide(-w.im.value()) : w.im.value();
+    };
+    kernelgen::prove(kernel.name(), kernel.graph, 2 * length, 2 * length, entry);
+}
+
+}  // namespace dft_complex

@@ -1,0 +1,59 @@
+#pragma once
+
+/**
+ * @file
+ * @brief From a length to the proven graph of its kernel.
+ */
+
+#include <string>
+
+#include "kernelgen/schedule/schedule.hpp"
+#include "transforms/dft_complex/layouts/packed_layout.hpp"
+#include "transforms/dft_complex/rules/rules.hpp"
+#include "transforms/dft_complex/rules/variant.hpp"
+
+namespace dft_complex {
+
+inline constexpr int kShortestLength = 2;
+inline constexpr int kLongestLength = 64;
+
+struct Kernel {
+    int length;
+    Direction direction;
+    Element element;
+    Rule rule;
+    Graph graph;
+    std::vector<LaneChoice> choices = {};  ///< of Complex32
+    std::string order = {};   ///< method of the schedule, empty for the cheapest plain one
+    std::string option = {};  ///< of GCC for this kernel, without its "-f"
+
+    /** "qsvgDFTFwd_CToC_15_32fc" */
+    std::string name() const;
+    /** The hidden twin for unaligned arrays, or an empty text where there is none. */
+    std::string twin_name() const;
+    bool is_scalar() const;
+};
+
+/** The row of the rule table; throws std::out_of_range for a length without a kernel. */
+const TableRow& row_of(int length, Element element);
+
+/** The kernel of `length`, proven against the definition of the DFT. */
+Kernel proven_kernel(int length, Direction direction, Element element);
+
+/** Unproven, with given lane choices (of Complex32): for searches. */
+Kernel draft_kernel(int length, Direction direction, Element element,
+                    const std::vector<LaneChoice>& choices);
+
+/** Powers of two move lanes in loads, transposes and stores only, so they stay split throughout. */
+LanePolicy lane_policy(int length);
+
+/** Number of transforms in each batch of the length's network. */
+std::vector<int> batch_sizes(int length);
+
+/** The kernel's nodes in the order of its code. */
+kernelgen::Schedule schedule_of(const Kernel& kernel);
+
+/** Throws where the kernel's graph is not the DFT of its length and direction. */
+void prove_dft(const Kernel& kernel);
+
+}  // namespace dft_complex

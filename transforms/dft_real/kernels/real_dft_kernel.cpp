@@ -1,0 +1,98 @@
+#include "transforms/dft_real/kernels/real_dft_kernel.hpp"
+
+#include "transforms/dft_real/decompositions/real_dft.hpp"
+
+namespace dft_real {
+namespace {
+
+using kernelgen::ExactComplex;
+using kernelgen::Wide;
+
+// A prime whose convolution has an order of its own is its own order.
+Order order_of(int length, Kind kind) {
+    const Order& order = row_of(length).order_of(kind);
+    return length_of(order) == length ? order : Order{length};
+}
+
+Graph forward_network(int N, Layout layout) {
+    Graph graph;
+    RowArithmetic m(graph);
+    Reals x;
+    for (int n = 0; n < N; ++n) x.push_back(m.load(n));
+    const HalfSpectrum X = real_dft(m, order_of(N, Kind::Forward), x);
+    for (int k = 0; 2 * k <= N; ++k) {
+        m.store_scaled(X[at(k)].re, real_element(layout, N, k));
+        if (is_complex(N, k))
+            m.store_scaled(X[at(k)].im, imaginary_element(layout, N, k));
+        else if (layout == Layout::CCS)
+            m.store_zero(imaginary_element(layout, N, k));
+    }
+    return graph;
+}
+
+Graph inverse_network(int N, Layout layout) {
+    Graph graph;
+    RowArithmetic m(graph);
+    HalfSpectrum X;
+    for (int k = 0; 2 * k <= N; ++k) {
+        const Ref re = m.load(real_element(layout, N, k));
+        if (is_complex(N, k))
+            X.push_back({m.doubled(re), m.doubled(m.load(imaginary_element(layout, N, k)))});
+        else
+            X.push_back({re, {}});
+    }
+    const Reals x = inverse_real_dft(m, order_of(N, Kind::Inverse), X);
+    for (int n = 0; n < N; ++n) m.store_scaled(x[at(n)], n);
+    return graph;
+}
+
+/** What an element of a layout holds: a part of a bin, or nothing. */
+struct Part {
+    int bin;
+    bool imaginary;
+};
+
+std::vector<Part> parts_of(int N, Layout layout) {
+    std::vector<Part> parts(at(array_length(layout, N)), Part{-1, false});
+    for (int k = 0; 2 * k <= N; ++k) {
+        parts[at(real_element(layout, N, k))] = {k, false};
+        if (is_complex(N, k)) parts[at(imaginary_element(layout, N, k))] = {k, true};
+    }
+    return parts;
+}
+
+}  // namespace
+
+Family family_of(Direction direction, Layout layout) {
+    const std::string name = to_string(layout);
+    if (direction == Direction::Forward)
+        return {"DFTFwd_RTo" + name, "DFT of {N} real points into the " + name + " layout",
+                Kind::Forward};
+    return {"DFTInv_" + name + "ToR", "Inverse DFT of the " + name + " layout to {N} real points",
+            Kind::Inverse};
+}
+
+RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element) {
+    const Family family = family_of(direction, layout);
+    const std::vector<Part> parts = parts_of(N, layout);
+    const auto spectrum_length = static_cast<int>(parts.size());
+    if (direction == Direction::Forward) {
+        const auto entry = [&](int element_of_X, int n) -> Wide {
+            const Part part = parts[at(element_of_X)];
+            if (part.bin < 0) return 0;
+            const ExactComplex w = ExactComplex::forward_root(static_cast<long>(part.bin) * n, N);
+            return part.imaginary ? w.im.value() : w.re.value();
+        };
+        return proven(family, N, element, forward_network(N, layout), N, spectrum_length, entry);
+    }
+    const auto entry = [&](int n, int element_of_X) -> Wide {
+        const Part part = parts[at(element_of_X)];
+        if (part.bin < 0) return 0;
+        const ExactComplex w = ExactComplex::forward_root(-static_cast<long>(part.bin) * n, N);
+        const int times = is_complex(N, part.bin) ? 2 : 1;
+        return times * (part.imaginary ? Wide(-w.im.value()) : w.re.value());
+    };
+    return proven(family, N, element, inverse_network(N, layout), spectrum_length, N, entry);
+}
+
+}  // namespace dft_real

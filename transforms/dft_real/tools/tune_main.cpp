@@ -1,0 +1,94 @@
+/**
+ * @file
+ * @brief Writes a real kernel in its most promising forms: tune_real KIND LENGTH TYPE FOLDER
+ *
+ * KIND is forward (into CCS), inverse (from CCS) or hartley. FOLDER gets 0.cpp and so on; for each
+ * the row of dft_real/tuned_TYPE.inc is printed.
+ */
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <map>
+#include <stdexcept>
+
+#include "kernelgen/emission/generated_files.hpp"
+#include "transforms/dft_real/kernels/real_dft_kernel.hpp"
+#include "transforms/dft_real/kernels/real_kernel_source.hpp"
+#include "transforms/hartley/hartley_kernel.hpp"
+
+namespace {
+
+using namespace dft_real;
+
+constexpr int kSeeds = 8;
+constexpr std::size_t kOrders = 3;
+// Of GCC's register allocator and what runs before it; each is the best one for some kernels.
+constexpr const char* kOptions[] = {"", "no-tree-ter"};
+const std::map<std::string, Kind> kKinds = {
+    {"forward", Kind::Forward}, {"inverse", Kind::Inverse}, {"hartley", Kind::Hartley}};
+
+RealKernel kernel_of(Kind kind, int length, Element element) {
+    switch (kind) {
+        case Kind::Forward:
+            return dft_kernel(length, Direction::Forward, Layout::CCS, element);
+        case Kind::Inverse:
+            return dft_kernel(length, Direction::Inverse, Layout::CCS, element);
+        case Kind::Hartley:
+            break;
+    }
+    return hartley::hartley_kernel(length, element);
+}
+
+std::string row(const RealKernel& kernel) {
+    const char* kinds[] = {"Forward", "Inverse", "Hartley"};
+    const Tuning& t = kernel.tuning;
+    const std::string rounding =
+        t.rounding == Rounding::Conversion ? "Conversion" : "WholeRegister";
+    return std::string("{Kind::") + kinds[static_cast<int>(kernel.family.kind)] + ", " +
+           std::to_string(kernel.length) + ", {\"" + t.order + "\", Rounding::" + rounding +
+           ", \"" + t.option + "\"}},";
+}
+
+void write_forms(Kind kind, int length, Element element, const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    RealKernel kernel = kernel_of(kind, length, element);
+    std::vector<std::string> orders = {schedule_of(kernel).method};
+    for (const auto& found :
+         kernelgen::search_schedules(kernel.graph, kernelgen::kX86Sse2, kSeeds)) {
+        if (orders.size() < kOrders && found.method != orders.front())
+            orders.push_back(found.method);
+    }
+    std::vector<Rounding> roundings = {Rounding::Conversion};
+    if (element == Element::Real32) roundings.push_back(Rounding::WholeRegister);
+    int number = 0;
+    for (const std::string& order : orders) {
+        for (Rounding rounding : roundings) {
+            for (const char* option : kOptions) {
+                kernel.tuning = {order, rounding, option};
+                kernelgen::write_if_changed(folder / (std::to_string(number++) + ".cpp"),
+                                            kernel_source(kernel));
+                std::printf("%s\n", row(kernel).c_str());
+            }
+        }
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const auto kind = argc == 5 ? kKinds.find(argv[1]) : kKinds.end();
+    if (kind == kKinds.end()) {
+        std::fprintf(stderr, "usage: %s forward|inverse|hartley LENGTH 32f|64f FOLDER\n", argv[0]);
+        return 2;
+    }
+    try {
+        const Element element =
+            argv[3] == suffix(Element::Real32) ? Element::Real32 : Element::Real64;
+        write_forms(kind->second, std::stoi(argv[2]), element, argv[4]);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
+        return 1;
+    }
+    return 0;
+}

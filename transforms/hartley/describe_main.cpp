@@ -1,0 +1,43 @@
+/**
+ * @file
+ * @brief Writes the sources of the Hartley kernels.
+ *
+ *     describe_hartley FOLDER            the kernels and the dispatchers
+ *     describe_hartley --manifest FILE   one line a kernel
+ */
+
+#include <string>
+
+#include "kernelgen/emission/generated_files.hpp"
+#include "transforms/dft_real/kernels/real_kernel_source.hpp"
+#include "transforms/hartley/hartley_kernel.hpp"
+
+namespace {
+
+using namespace dft_real;
+
+void write_sources(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    for (Element element : kElements) {
+        const std::string end = suffix(element) + ".cpp";
+        for (int n = kShortestLength; n <= kLongestLength; ++n)
+            kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
+                                        kernel_source(hartley::hartley_kernel(n, element)));
+        kernelgen::write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
+    }
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (int n = kShortestLength; n <= kLongestLength; ++n)
+            lines += manifest_line(hartley::hartley_kernel(n, element)) + "\n";
+    }
+    kernelgen::write_if_changed(file, lines);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+/**
+ * @file
+ * @brief From a length to the proven graph of its Hartley kernel.
+ */
+
+#include "transforms/dft_real/kernels/real_kernel.hpp"
+
+namespace hartley {
+
+inline const dft_real::Family kFamily = {"Hartley", "Hartley transform of {N} real points",
+                                         dft_real::Kind::Hartley};
+
+/** The kernel of `length`, proven against the definition of the transform. */
+dft_real::RealKernel hartley_kernel(int length, dft_real::Element element);
+
+}  // namespace hartley

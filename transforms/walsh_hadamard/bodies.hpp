@@ -1,0 +1,40 @@
+#pragma once
+
+/**
+ * @file
+ * @brief The straight-line bodies that a Walsh-Hadamard kernel is made of.
+ *
+ * A stage of stride h replaces each pair (x[j], x[j + h]) by its sum and its difference; the
+ * stages of strides 1, 2, ..., N/2 in this order are the transform. Every sum is rounded, so
+ * neither their order nor which values meet is free: a body may only choose where values are.
+ *
+ * Fino and Algazi, "Unified matrix treatment of the fast Walsh-Hadamard transform", 1976.
+ */
+
+#include "kernelgen/graph/graph.hpp"
+
+namespace walsh_hadamard {
+
+/** binary32, "32f", or binary64, "64f". */
+enum class Element { Real32, Real64 };
+inline constexpr Element kElements[] = {Element::Real32, Element::Real64};
+
+/** Elements in a vector. */
+int lanes(Element element);
+
+/** Whether a body multiplies its outputs by the scale factor. */
+enum class Scaling { None, Last };
+
+/** All stages of 2^order elements, one value at a time. */
+kernelgen::Graph scalar_body(Element element, int order);
+
+/**
+ * The stages of strides 1 to 2^(stages - 1) of 2^stages contiguous elements in vectors. Strides
+ * shorter than a vector run between blocks of vectors that are transposed, and transposed back.
+ */
+kernelgen::Graph row_body(Element element, int stages, Scaling scaling);
+
+/** `stages` stages across 2^stages vectors that stand `stride` elements apart. */
+kernelgen::Graph column_body(Element element, int stages, int stride, Scaling scaling);
+
+}  // namespace walsh_hadamard

@@ -1,0 +1,42 @@
+/**
+ * @file
+ * @brief Writes the sources of the Walsh-Hadamard kernels.
+ *
+ *     describe_walsh_hadamard FOLDER            the kernels and the dispatchers
+ *     describe_walsh_hadamard --manifest FILE   one line a kernel
+ */
+
+#include <string>
+
+#include "kernelgen/emission/generated_files.hpp"
+#include "transforms/walsh_hadamard/walsh_hadamard_source.hpp"
+
+namespace {
+
+using namespace walsh_hadamard;
+
+void write_sources(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    for (Element element : kElements) {
+        const std::string end = suffix(element) + ".cpp";
+        for (int order = kLowestOrder; order <= kHighestOrder; ++order)
+            kernelgen::write_if_changed(folder / (std::to_string(order) + "_" + end),
+                                        kernel_source(proven_kernel(order, element)));
+        kernelgen::write_if_changed(folder / end, dispatcher_source(element));
+    }
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (int order = kLowestOrder; order <= kHighestOrder; ++order)
+            lines += manifest_line(proven_kernel(order, element)) + "\n";
+    }
+    kernelgen::write_if_changed(file, lines);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
+}

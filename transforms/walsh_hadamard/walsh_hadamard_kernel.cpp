@@ -1,0 +1,111 @@
+#include "transforms/walsh_hadamard/walsh_hadamard_kernel.hpp"
+
+#include <bit>
+#include <stdexcept>
+
+#include "kernelgen/proof/proof.hpp"
+#include "transforms/walsh_hadamard/recorded/settled_schedules.hpp"
+#include "transforms/walsh_hadamard/sequence.hpp"
+
+namespace walsh_hadamard {
+namespace {
+
+using kernelgen::Counts;
+using kernelgen::Graph;
+using kernelgen::Wide;
+
+/** Entry of the Hadamard matrix in natural order. */
+Wide hadamard(int row, int column) {
+    const auto common = static_cast<unsigned>(row & column);
+    return std::popcount(common) % 2 == 0 ? 1 : -1;
+}
+
+void prove_contiguous(const std::string& what, const Graph& graph, int stages) {
+    kernelgen::prove(what, graph, 1 << stages, 1 << stages, hadamard);
+}
+
+// The stride only says where vectors stand; side by side, their matrix has no gaps.
+void prove_columns(const std::string& what, Element element, int stages) {
+    const int width = lanes(element);
+    const auto entry = [&](int row, int column) -> Wide {
+        return row % width == column % width ? hadamard(row / width, column / width) : Wide(0);
+    };
+    kernelgen::prove(what, column_body(element, stages, width, Scaling::Last), width << stages,
+                     width << stages, entry);
+}
+
+}  // namespace
+
+std::string suffix(Element element) {
+    return element == Element::Real32 ? "32f" : "64f";
+}
+
+std::string Kernel::name() const {
+    return "qsvgWHT_" + std::to_string(order) + "_" + suffix(element);
+}
+
+std::string Kernel::twin_name() const {
+    if (!has_twin(order, element)) return {};
+    return "owngWHT_" + std::to_string(order) + "_" + suffix(element) + "_unaligned";
+}
+
+Kernel described_kernel(int order, Element element) {
+    Kernel kernel{order, element, stages_of(order, element)};
+    const std::vector<int>& s = kernel.stages;
+    if (is_scalar(order, element)) {
+        kernel.bodies = {{"transform", scalar_body(element, order), Scaling::Last}};
+    } else if (s.size() == 1) {
+        kernel.bodies = {{"transform", row_body(element, order, Scaling::Last), Scaling::Last}};
+    } else {
+        kernel.bodies.push_back({"row", row_body(element, s[0], Scaling::None), Scaling::None});
+        if (s.size() == 3)
+            kernel.bodies.push_back({"middle_columns",
+                                     column_body(element, s[1], 1 << s[0], Scaling::None),
+                                     Scaling::None});
+        kernel.bodies.push_back(
+            {"final_columns",
+             column_body(element, s.back(), 1 << (order - s.back()), Scaling::Last),
+             Scaling::Last});
+    }
+    for (Body& body : kernel.bodies) {
+        const SettledOrder settled = settled_order(order, element, body.name);
+        body.method = settled.method;
+        if (!settled.option.empty()) kernel.option = settled.option;
+    }
+    return kernel;
+}
+
+Kernel proven_kernel(int order, Element element) {
+    Kernel kernel = described_kernel(order, element);
+    for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
+        const std::string what = kernel.name() + ", " + kernel.bodies[i].name;
+        if (i == 0)
+            prove_contiguous(what, kernel.bodies[i].graph, kernel.stages[i]);
+        else
+            prove_columns(what, element, kernel.stages[i]);
+    }
+    if (sums_of_kernel(kernel) != sums_of_reference(order))
+        throw std::runtime_error(kernel.name() + " is not the reference sequence sum by sum");
+    return kernel;
+}
+
+Counts written_out(const Kernel& kernel) {
+    Counts all;
+    for (const Body& body : kernel.bodies) {
+        const Counts c = kernelgen::count(body.graph, kernel.element == Element::Real32);
+        all.sums += c.sums;
+        all.differences += c.differences;
+        all.products += c.products;
+        all.shuffles += c.shuffles;
+        all.loads += c.loads;
+        all.stores += c.stores;
+    }
+    return all;
+}
+
+kernelgen::Schedule schedule_of(const Body& body) {
+    if (body.method.empty()) return kernelgen::schedule(body.graph, kernelgen::kX86Sse2);
+    return kernelgen::schedule_by(body.method, body.graph, kernelgen::kX86Sse2);
+}
+
+}  // namespace walsh_hadamard

@@ -1,0 +1,54 @@
+#pragma once
+
+/** @file @brief A Walsh-Hadamard kernel: the proven graphs of its bodies. */
+
+#include <string>
+#include <vector>
+
+#include "kernelgen/graph/counts.hpp"
+#include "kernelgen/graph/graph.hpp"
+#include "kernelgen/schedule/schedule.hpp"
+#include "transforms/walsh_hadamard/passes.hpp"
+
+namespace walsh_hadamard {
+
+struct Body {
+    std::string name;  ///< of its function: transform, row, middle_columns, final_columns
+    kernelgen::Graph graph;
+    Scaling scaling;
+    std::string method = {};  ///< settled order of its nodes, or empty
+};
+
+struct Kernel {
+    int order;
+    Element element;
+    std::vector<int> stages;
+    std::vector<Body> bodies = {};  ///< one for each number of stages
+    std::string option = {};        ///< of GCC, or empty
+
+    /** "qsvgWHT_8_32f" */
+    std::string name() const;
+    /** "owngWHT_8_32f_unaligned", or empty where there is none */
+    std::string twin_name() const;
+    int length() const { return 1 << order; }
+    bool has_passes() const { return stages.size() > 1; }
+};
+
+std::string suffix(Element element);
+
+/** The kernel, before anything of it has been proven. */
+Kernel described_kernel(int order, Element element);
+
+/**
+ * The kernel, each body proven to be the Hadamard matrix, and the passes together to be the
+ * reference sequence sum by sum. Throws std::runtime_error.
+ */
+Kernel proven_kernel(int order, Element element);
+
+/** Operations as they are written out: each body once. */
+kernelgen::Counts written_out(const Kernel& kernel);
+
+/** A body's nodes in the order of its code. */
+kernelgen::Schedule schedule_of(const Body& body);
+
+}  // namespace walsh_hadamard
