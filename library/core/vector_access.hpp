@@ -47,22 +47,26 @@ struct Between {
     }
 };
 
-// Half vectors have no alignment of their own in either path.
+// Half vectors have no alignment of their own in either path. Two floats travel as one double, which
+// may stand for elements of any type: kernels read x[0] as a float and write y[0] as half a vector,
+// and the two are one element where a transform runs in place.
+using TwoFloats [[gnu::may_alias]] = double;
 
 inline __m128 load_low(const float* p) {
-    return _mm_castpd_ps(_mm_load_sd(reinterpret_cast<const double*>(p)));
+    return _mm_castpd_ps(_mm_set_sd(*reinterpret_cast<const TwoFloats*>(p)));
 }
 
 inline __m128 load_high(__m128 low, const float* p) {
-    return _mm_castpd_ps(_mm_loadh_pd(_mm_castps_pd(low), reinterpret_cast<const double*>(p)));
+    const __m128d halves = _mm_castps_pd(low);
+    return _mm_castpd_ps(__m128d{halves[0], *reinterpret_cast<const TwoFloats*>(p)});
 }
 
 inline void store_low(float* p, __m128 v) {
-    _mm_store_sd(reinterpret_cast<double*>(p), _mm_castps_pd(v));
+    *reinterpret_cast<TwoFloats*>(p) = _mm_castps_pd(v)[0];
 }
 
 inline void store_high(float* p, __m128 v) {
-    _mm_storeh_pd(reinterpret_cast<double*>(p), _mm_castps_pd(v));
+    *reinterpret_cast<TwoFloats*>(p) = _mm_castps_pd(v)[1];
 }
 
 /** Low half of `b`, high half of `a`. */
