@@ -5,6 +5,8 @@
 #include <map>
 #include <stdexcept>
 
+#include "kernelgen/schedule/order_check.hpp"
+
 namespace kernelgen {
 namespace {
 
@@ -22,6 +24,7 @@ class Emitter {
         : graph_(graph), rounding_(rounding), memory_(memory) {}
 
     EmittedBody run(const Order& order) {
+        check_order(graph_, order);
         std::string statements;
         for (NodeId id : order) statements += "    " + statement(id) + "\n";
         return {definitions(), statements};
@@ -44,7 +47,7 @@ class Emitter {
 
     std::string statement(NodeId id) {
         const Node& n = graph_.node(id);
-        if (n.op == Op::Store || n.op == Op::StoreLow || n.op == Op::StoreHigh) return store(n);
+        if (is_store(n.op)) return store(n);
         const std::string name = "v" + std::to_string(names_.size());
         std::string text =
             std::string("const ") + type_name(n.type) + " " + name + " = " + expression(n) + ";";
@@ -183,9 +186,11 @@ class Emitter {
     }
 
     std::string vector(Type type, const std::string& values) {
+        if (!order_of_vectors_.empty() && type != vector_type_)
+            throw std::logic_error("the constant vectors of a kernel are of one type");
+        vector_type_ = type;
         auto [entry, fresh] = vectors_.try_emplace(values, vectors_.size());
         if (fresh) order_of_vectors_.push_back(values);
-        vector_type_ = type;
         return std::string("_mm_load_") + suffix(type) + "(kConstants[" +
                std::to_string(entry->second) + "])";
     }

@@ -7,6 +7,9 @@
  * The statements stand in a function template over the memory access (`Memory::load`,
  * `Memory::store` for whole vectors), with the arrays `x` and `y` of real elements and the factor
  * `scale` in scope; aligned and unaligned kernels so share their arithmetic to the letter.
+ *
+ * An order that check_order refuses is not written, nor a graph whose constant vectors are of
+ * several types: std::logic_error.
  */
 
 #include <string>

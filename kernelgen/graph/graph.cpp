@@ -21,6 +21,26 @@ bool is_binary32(Type type) {
     return type == Type::Binary32 || type == Type::Binary32x4;
 }
 
+bool is_load(Op op) {
+    return op == Op::Load || op == Op::LoadLow || op == Op::LoadHigh || op == Op::LoadScalar;
+}
+
+bool is_store(Op op) {
+    return op == Op::Store || op == Op::StoreLow || op == Op::StoreHigh;
+}
+
+bool is_placeless(Op op) {
+    return op == Op::Constant || op == Op::Scale || op == Op::Zero;
+}
+
+Elements touched(const Node& node) {
+    const int whole = lane_count(node.type);
+    const bool half = node.op == Op::LoadLow || node.op == Op::LoadHigh ||
+                      node.op == Op::StoreLow || node.op == Op::StoreHigh;
+    const int count = node.op == Op::LoadScalar ? 1 : half ? whole / 2 : whole;
+    return {node.offset, node.offset + count};
+}
+
 std::vector<NodeId> operands(const Node& node) {
     std::vector<NodeId> result;
     if (node.a != kNone) result.push_back(node.a);
@@ -113,6 +133,10 @@ Ref Graph::flip(Ref a, const Selection& lanes) {
             a.negative};
 }
 
+Ref Graph::positive(Ref a) {
+    return a.negative ? flip(-a, {1, 1, 1, 1}) : a;
+}
+
 Ref Graph::shuffle(Ref a, Ref b, const Selection& selection) {
     if (a.negative != b.negative)
         throw std::logic_error("a shuffle joins operands of one sign only");
@@ -152,12 +176,20 @@ std::vector<NodeId> Graph::live() const {
     return result;
 }
 
-void Graph::truncate(std::size_t size) {
-    while (nodes_.size() > size) {
+void Graph::return_to(const Mark& mark) {
+    if (mark.nodes > nodes_.size() || mark.constants > constants_.size() ||
+        mark.stores > stores_.size())
+        throw std::invalid_argument("a graph returns to a state of its past only");
+    while (nodes_.size() > mark.nodes) {
         known_.erase(nodes_.back());
         nodes_.pop_back();
     }
-    while (!stores_.empty() && static_cast<std::size_t>(stores_.back()) >= size) stores_.pop_back();
+    const auto is_forgotten = [&](const auto& entry) {
+        return static_cast<std::size_t>(entry.second) >= mark.constants;
+    };
+    std::erase_if(known_constants_, is_forgotten);
+    constants_.resize(mark.constants);
+    stores_.resize(mark.stores);
 }
 
 }  // namespace kernelgen

@@ -48,6 +48,11 @@ enum class Op : std::uint8_t {
     StoreHigh,  ///< the high 8 bytes
 };
 
+bool is_load(Op op);
+bool is_store(Op op);
+/** Whether nodes need no place of their own in an order: constants stand where they are used. */
+bool is_placeless(Op op);
+
 using NodeId = std::int32_t;
 inline constexpr NodeId kNone = -1;
 
@@ -95,6 +100,9 @@ class Graph {
     /** Times a constant for each lane; 1 in all lanes gives the operand, 0 the structural zero. */
     Ref mul(Ref a, const Lanes& lanes);
     Ref flip(Ref a, const Selection& lanes);
+    /** `a` without a sign of its reference, as stores take values: one that no sum has taken up is
+     * applied to all lanes. */
+    Ref positive(Ref a);
     /** Both operands must carry the same sign. The identity selection gives the first operand. */
     Ref shuffle(Ref a, Ref b, const Selection& selection);
     Ref widen(Ref a);
@@ -116,8 +124,16 @@ class Graph {
     /** Nodes that a store needs, operands before users. */
     std::vector<NodeId> live() const;
 
-    /** Forgets every node from `size` on, so that a trial can be taken back. */
-    void truncate(std::size_t size);
+    /** A state to return to. */
+    struct Mark {
+        std::size_t nodes;
+        std::size_t constants;
+        std::size_t stores;
+    };
+    Mark mark() const { return {nodes_.size(), constants_.size(), stores_.size()}; }
+    /** Forgets whatever was made since: nodes, constants and stores, so that a trial leaves no
+     * trace. Throws std::invalid_argument where that state is not one of the past. */
+    void return_to(const Mark& mark);
 
   private:
     NodeId intern(const Node& node);
@@ -130,6 +146,15 @@ class Graph {
     std::vector<NodeId> stores_;
     bool arrays_are_apart_ = false;
 };
+
+/** Real elements that a load or a store touches: [first, past). */
+struct Elements {
+    int first;
+    int past;
+
+    bool overlap(const Elements& other) const { return first < other.past && other.first < past; }
+};
+Elements touched(const Node& node);
 
 /** Operands of a node, zero to two of them. */
 std::vector<NodeId> operands(const Node& node);

@@ -30,12 +30,12 @@ struct ExactArithmetic {
 
 }  // namespace
 
-Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
-               const std::vector<Wide>& table) {
+Deviation largest_deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
+                            const std::vector<Wide>& table) {
     Evaluation<ExactArithmetic> evaluation(graph);
     std::vector<Wide> source(static_cast<std::size_t>(inputs), Wide(0));
     source.insert(source.end(), table.begin(), table.end());
-    Wide worst = 0;
+    Deviation worst;
     for (int column = 0; column < inputs; ++column) {
         // An output that no store writes must be caught, so it starts far from any entry.
         std::vector<Wide> destination(static_cast<std::size_t>(outputs), Wide(1000));
@@ -43,20 +43,32 @@ Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wa
         evaluation.run(source, 1, destination);
         source[static_cast<std::size_t>(column)] = 0;
         for (int row = 0; row < outputs; ++row) {
-            const Wide error =
-                abs(destination[static_cast<std::size_t>(row)] - wanted(row, column));
-            if (error > worst) worst = error;
+            const Wide& got = destination[static_cast<std::size_t>(row)];
+            const Wide entry = wanted(row, column);
+            const Wide size = abs(got - entry);
+            if (size > worst.size) worst = {size, row, column, entry, got};
         }
     }
     return worst;
 }
 
+Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
+               const std::vector<Wide>& table) {
+    return largest_deviation(graph, inputs, outputs, wanted, table).size;
+}
+
 void prove(const std::string& kernel, const Graph& graph, int inputs, int outputs,
            const Definition& wanted, const std::vector<Wide>& table) {
-    const Wide worst = deviation(graph, inputs, outputs, wanted, table);
-    if (worst > Wide("1e-28"))
-        throw std::runtime_error(kernel + ": the graph differs from the definition by " +
-                                 worst.str(6, std::ios_base::scientific));
+    const Deviation worst = largest_deviation(graph, inputs, outputs, wanted, table);
+    if (worst.size <= Wide("1e-28")) return;
+    const auto digits = [](const Wide& value, int number) {
+        return value.str(number, std::ios_base::scientific);
+    };
+    throw std::runtime_error(kernel + ": the graph differs from the definition by " +
+                             digits(worst.size, 6) + " in row " + std::to_string(worst.row) +
+                             " (output), column " + std::to_string(worst.column) +
+                             " (input), of real elements: wanted " + digits(worst.wanted, 32) +
+                             ", got " + digits(worst.got, 32));
 }
 
 }  // namespace kernelgen

@@ -19,14 +19,29 @@ namespace kernelgen {
 /** Entry of the defining matrix: what input `column` contributes to output `row`. */
 using Definition = std::function<Wide(int row, int column)>;
 
+/** Where a graph's matrix is furthest from the one that is wanted. */
+struct Deviation {
+    Wide size = 0;
+    int row = 0;
+    int column = 0;
+    Wide wanted = 0;
+    Wide got = 0;
+};
+
 /**
- * Largest difference of the graph's matrix (unscaled, both ways in real elements) from `wanted`.
- * `table` is what the graph finds behind its inputs and multiplies them by.
+ * The largest difference of the graph's matrix (unscaled, both ways in real elements) from
+ * `wanted`. `table` is what the graph finds behind its inputs and multiplies them by.
  */
+Deviation largest_deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
+                            const std::vector<Wide>& table = {});
+
+/** Its size alone. */
 Wide deviation(const Graph& graph, int inputs, int outputs, const Definition& wanted,
                const std::vector<Wide>& table = {});
 
-/** Throws std::runtime_error that names `kernel` where the deviation exceeds 1e-28. */
+/** Throws std::runtime_error where the deviation exceeds 1e-28, which names `kernel` (and so the
+ * rule that it follows, where there is one), row, column, and what is wanted and what came out
+ * there. */
 void prove(const std::string& kernel, const Graph& graph, int inputs, int outputs,
            const Definition& wanted, const std::vector<Wide>& table = {});
 

@@ -10,19 +10,6 @@
 namespace kernelgen {
 namespace {
 
-bool is_load(Op op) {
-    return op == Op::Load || op == Op::LoadLow || op == Op::LoadHigh || op == Op::LoadScalar;
-}
-
-bool is_store(Op op) {
-    return op == Op::Store || op == Op::StoreLow || op == Op::StoreHigh;
-}
-
-/** Nodes that need no place of their own: constants stand where they are used. */
-bool is_placeless(Op op) {
-    return op == Op::Constant || op == Op::Scale || op == Op::Zero;
-}
-
 class Bisection {
   public:
     Bisection(const Graph& graph, const BisectionVariant& variant)
@@ -149,15 +136,6 @@ class Bisection {
     Order order_;
 };
 
-/** Real elements that a load or store touches: [first, past). */
-std::pair<int, int> touched(const Node& node) {
-    const int whole = lane_count(node.type);
-    const bool half = node.op == Op::LoadLow || node.op == Op::LoadHigh ||
-                      node.op == Op::StoreLow || node.op == Op::StoreHigh;
-    const int count = node.op == Op::LoadScalar ? 1 : half ? whole / 2 : whole;
-    return {node.offset, node.offset + count};
-}
-
 // Puts each load just before the first node that uses it, but before any store to its elements
 // where source and destination may be one array.
 Order with_lazy_loads(const Graph& graph, const Order& order) {
@@ -175,10 +153,8 @@ Order with_lazy_loads(const Graph& graph, const Order& order) {
             if (is_load(graph.node(operand).op)) self(self, operand);
         }
         if (is_store(node.op) && !graph.arrays_are_apart()) {
-            const auto [first, past] = touched(node);
             for (NodeId load : loads) {
-                const auto [load_first, load_past] = touched(graph.node(load));
-                if (load_first < past && first < load_past) self(self, load);
+                if (touched(graph.node(load)).overlap(touched(node))) self(self, load);
             }
         }
         result.push_back(id);

@@ -17,6 +17,7 @@ namespace {
 
 using kernelgen::Exact;
 using kernelgen::Graph;
+using kernelgen::Lanes;
 using kernelgen::literal;
 using kernelgen::Ref;
 using kernelgen::Selection;
@@ -356,6 +357,14 @@ TEST(Emission, OnlyWholeVectorsHavePlaces) {
     scalar.store(scalar.load(Type::Binary32, 0), 0);
     EXPECT_THROW(kernelgen::emit_between_places(scalar, kernelgen::source_order(scalar)),
                  std::logic_error);
+}
+
+TEST(Emission, ConstantVectorsOfTwoTypesAreRefused) {
+    Graph g;
+    const Exact c = Exact::cosine(1, 5);
+    g.store(g.mul(g.load(Type::Binary32x4, 0), Lanes(4, c)), 0);
+    g.store(g.mul(g.load(Type::Binary64x2, 8), Lanes(2, c)), 8);
+    EXPECT_THROW(kernelgen::emit(g, kernelgen::source_order(g)), std::logic_error);
 }
 
 }  // namespace

@@ -207,32 +207,67 @@ TEST_F(GraphTest, LiveNodesStandAfterTheirOperands) {
     }
 }
 
-TEST_F(GraphTest, TruncateForgetsNodesAndStores) {
+TEST_F(GraphTest, AReturnForgetsNodesAndStores) {
     g_.store(x_, 0);
-    const std::size_t mark = g_.size();
+    const Graph::Mark mark = g_.mark();
     const Ref sum = g_.add(x_, y_);
     g_.store(sum, 4);
-    g_.truncate(mark);
-    EXPECT_EQ(g_.size(), mark);
+    g_.return_to(mark);
+    EXPECT_EQ(g_.size(), mark.nodes);
     EXPECT_EQ(g_.stores().size(), 1U);
     // A node that is still known under its old number would be handed out without being there.
     const Ref other = g_.mul(x_, y_);
-    EXPECT_EQ(static_cast<std::size_t>(other.id), mark);
+    EXPECT_EQ(static_cast<std::size_t>(other.id), mark.nodes);
     const Ref again = g_.add(x_, y_);
     ASSERT_LT(static_cast<std::size_t>(again.id), g_.size());
     EXPECT_EQ(node(again).op, Op::Add);
 }
 
-TEST_F(GraphTest, ConstantsMadeAnewAfterTruncateAreTheRightOnes) {
-    const std::size_t mark = g_.size();
+TEST_F(GraphTest, AReturnForgetsTheConstantsMadeSince) {
+    g_.mul(x_, all(Exact::cosine(1, 9)));
+    const Graph::Mark mark = g_.mark();
     g_.mul(x_, all(Exact::cosine(1, 5)));
-    g_.truncate(mark);
-    const Exact wanted = Exact::cosine(1, 7);
-    g_.mul(x_, all(wanted));
-    const Ref second = g_.mul(x_, all(Exact::cosine(1, 5)));
-    const auto& lanes =
-        g_.constants().at(static_cast<std::size_t>(g_.node(node(second).b).constant));
-    EXPECT_EQ(lanes[0].key(), Exact::cosine(1, 5).key());
+    g_.mul(x_, all(Exact::cosine(1, 9)));
+    g_.return_to(mark);
+    ASSERT_EQ(g_.constants().size(), 1U);
+    EXPECT_EQ(g_.constants().front().front().key(), Exact::cosine(1, 9).key());
+}
+
+TEST_F(GraphTest, AGraphThatReturnedIsTheGraphThatWasNeverTried) {
+    const auto build = [&](Graph& g) {
+        const Ref x = g.load(Type::Binary32x4, 0);
+        g.store(g.mul(g.mul(x, all(Exact::cosine(1, 7))), all(Exact::cosine(1, 5))), 0);
+    };
+    Graph plain;
+    build(plain);
+    Graph tried;
+    const Graph::Mark mark = tried.mark();
+    tried.store(tried.mul(tried.load(Type::Binary32x4, 4), all(Exact::cosine(1, 5))), 4);
+    tried.return_to(mark);
+    build(tried);
+    ASSERT_EQ(tried.size(), plain.size());
+    for (std::size_t i = 0; i < plain.size(); ++i)
+        EXPECT_EQ(tried.node(static_cast<NodeId>(i)), plain.node(static_cast<NodeId>(i)))
+            << "node " << i;
+    ASSERT_EQ(tried.constants().size(), plain.constants().size());
+    for (std::size_t i = 0; i < plain.constants().size(); ++i)
+        EXPECT_EQ(tried.constants()[i].front().key(), plain.constants()[i].front().key());
+}
+
+TEST_F(GraphTest, AGraphDoesNotReturnToItsFuture) {
+    const Graph::Mark before = g_.mark();
+    g_.add(x_, y_);
+    const Graph::Mark after = g_.mark();
+    g_.return_to(before);
+    EXPECT_THROW(g_.return_to(after), std::invalid_argument);
+}
+
+TEST_F(GraphTest, APositiveValueIsTurnedOverWhereItsReferenceIsNegative) {
+    EXPECT_EQ(g_.positive(x_), x_);
+    const Ref turned = g_.positive(-x_);
+    EXPECT_FALSE(turned.negative);
+    EXPECT_EQ(node(turned).op, Op::Flip);
+    EXPECT_EQ(node(turned).selection, (kernelgen::Selection{1, 1, 1, 1}));
 }
 
 }  // namespace

@@ -12,6 +12,8 @@ namespace {
 
 using kernelgen::BisectionVariant;
 using kernelgen::Graph;
+using kernelgen::is_load;
+using kernelgen::is_placeless;
 using kernelgen::NodeId;
 using kernelgen::Op;
 using kernelgen::operands;
@@ -43,13 +45,6 @@ std::vector<Method> methods() {
                    [](const Graph& g) { return kernelgen::schedule(g, kernelgen::kX86Sse2).order; },
                    false});
     return all;
-}
-
-bool is_placeless(Op op) {
-    return op == Op::Constant || op == Op::Scale || op == Op::Zero;
-}
-bool is_load(Op op) {
-    return op == Op::Load || op == Op::LoadLow || op == Op::LoadHigh || op == Op::LoadScalar;
 }
 
 /** Runs `check` for every method on graphs from tiny to larger than any leaf. */

@@ -27,9 +27,7 @@ ComplexVector load_element(Graph& graph, int n) {
 }
 
 void store_element(Graph& graph, const ComplexVector& value, int k) {
-    // A store takes values as they are, so a sign that no sum has taken up is applied here.
-    const Ref positive = value.re.negative ? graph.flip(-value.re, {1, 1}) : value.re;
-    graph.store(graph.mul(positive, graph.scale(kVector)), 2 * k);
+    graph.store(graph.mul(graph.positive(value.re), graph.scale(kVector)), 2 * k);
 }
 
 }  // namespace dft_complex

@@ -57,13 +57,13 @@ class PackedLayout {
     LaneChoice cheapest_choice(const std::vector<int>& batch, BatchPlace batch_place) {
         LaneChoice best;
         double best_cost = -1;
-        const std::size_t mark = graph_.size();
+        const Graph::Mark mark = graph_.mark();
         for (const LaneChoice& choice :
              choices_for(static_cast<int>(batch.size()), batch_place, policy_)) {
             const Homes homes = homes_;
             place(batch, choice);
-            const double cost = port_cost(graph_, mark, graph_.size());
-            graph_.truncate(mark);
+            const double cost = port_cost(graph_, mark.nodes, graph_.size());
+            graph_.return_to(mark);
             homes_ = homes;
             if (best_cost < 0 || cost < best_cost) {
                 best_cost = cost;

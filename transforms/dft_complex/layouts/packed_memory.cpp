@@ -49,11 +49,6 @@ void store_pair(Graph& g, Ref pair, int first, int second) {
     if (second >= 0) g.store_high(scaled, 2 * second);
 }
 
-// A store takes values as they are, so a sign that no sum has taken up is applied here.
-Ref positive(Graph& g, Ref value) {
-    return value.negative ? g.flip(-value, {1, 1, 1, 1}) : value;
-}
-
 }  // namespace
 
 ComplexVector load_elements(Graph& g, Layout layout, std::vector<int> elements, bool backward) {
@@ -84,12 +79,12 @@ ComplexVector load_elements(Graph& g, Layout layout, std::vector<int> elements, 
 
 void store_elements(Graph& g, const StoredVector& stored, bool backward) {
     const std::vector<int>& e = stored.elements;
-    const Ref re = positive(g, stored.vector.re);
+    const Ref re = g.positive(stored.vector.re);
     if (stored.layout == Layout::Interleaved) {
         store_pair(g, re, e[0], e[1]);
         return;
     }
-    const Ref im = positive(g, stored.vector.im);
+    const Ref im = g.positive(stored.vector.im);
     const Ref first = backward ? im : re;
     const Ref second = backward ? re : im;
     if (e[0] >= 0 || e[1] >= 0) store_pair(g, g.shuffle(first, second, {0, 4, 1, 5}), e[0], e[1]);
