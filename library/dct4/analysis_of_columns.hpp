@@ -4,43 +4,58 @@
 
 #include "dct4/batch.hpp"
 #include "dct4/bodies_of_analysis.hpp"
+#include "dct4/recursion.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 
 /**
- * What is analysed and where the results go, for the first of some columns: with i = j modulo 2n,
- * g[j] is source[stride i] in the first half and source[mirror - stride i] in the second, where the
- * next column is one element lower. Re Z[a] goes to destination[2 spacing a], Im Z[a] to the
- * element `spacing` behind it.
+ * What is analysed and where the results go: with i = j modulo 2n, g[j] of the first column is
+ * source[offset + stride i] in the first half and source[offset + mirror - stride i] in the second,
+ * where the next column is one element lower. Re Z[a] goes to destination[column + 2 spacing a], Im
+ * Z[a] to the element `spacing` behind it.
  */
 struct AnalysisOfColumns {
     const Real* source;
-    std::int32_t mirror;
-    std::int32_t stride;
     Real* destination;
+    std::int32_t stride;
     std::int32_t spacing;
 };
 
-/** Of one to kBatch groups of columns, whatever the strides are. */
+/** Index of the element that the second half begins with, of 2^rule points. */
 template <int kRule>
-[[gnu::always_inline]] inline void analyse_batch(const AnalysisOfColumns& columns, int groups) {
+[[gnu::always_inline]] inline std::int32_t first_backward(std::int32_t stride,
+                                                          const ColumnGroups& where) {
+    return where.offset + where.mirror - stride * ((1 << kRule) - 1);
+}
+
+/** What a batch of columns is analysed in. */
+template <int kRule>
+struct AnalysisBatches {
+    Batch<1 << kRule> in;
+    Batch<1 << kRule> out;
+};
+
+/** Of one to kBatch groups of columns, whatever the strides are. A function of its own, which keeps
+ * a register for each array. */
+template <int kRule>
+[[gnu::noinline]] void analyse_batch(const AnalysisOfColumns& columns, const ColumnGroups& where,
+                                     AnalysisBatches<kRule>& batches) {
     constexpr int kPlaces = 1 << kRule;
     constexpr int kHalf = kPlaces / 2;
-    Batch<kPlaces> in;
-    Batch<kPlaces> out;
-    const Real* forward = columns.source;
-    const Real* backward = columns.source + columns.mirror - columns.stride * (kPlaces - 1);
+    const int groups = where.groups;
+    std::int32_t forward = where.offset;
+    std::int32_t backward = first_backward<kRule>(columns.stride, where);
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < kHalf; ++i) {
-        gather(forward, in.row(i), groups);
-        gather_backward(backward, in.row(kHalf + i), groups);
+        gather(columns.source + forward, batches.in.row(i), groups);
+        gather_backward(columns.source + backward, batches.in.row(kHalf + i), groups);
         forward += columns.stride;
         backward += columns.stride;
     }
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups; ++i)
-        Analysis<kRule>::run(in.group(i), out.group(i));
-    Real* to = columns.destination;
+        Analysis<kRule>::run(batches.in.group(i), batches.out.group(i));
+    std::int32_t to = where.column;
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < kPlaces; ++i) {
-        move_row(out.row(i), to, groups);
+        move_row(batches.out.row(i), columns.destination + to, groups);
         to += columns.spacing;
     }
 }
@@ -62,15 +77,16 @@ struct DirectColumns {
 };
 
 template <int kRule, int kRow>
-[[gnu::always_inline]] inline void analyse_direct(const AnalysisOfColumns& columns, int groups) {
-    DirectColumns<kRule, kRow> direct{
-        columns.source, columns.source + columns.mirror - kRow * ((1 << kRule) - 1) - (kLanes - 1),
-        columns.destination};
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups; ++i) {
+[[gnu::always_inline]] inline void analyse_direct(const AnalysisOfColumns& columns,
+                                                  const ColumnGroups& where) {
+    const Real* const forward = columns.source + where.offset;
+    const Real* const backward =
+        columns.source + (first_backward<kRule>(kRow, where) - (kLanes - 1));
+    Real* const row = columns.destination + where.column;
+    const std::int32_t end = where.groups * kLanes;
+    QSVG_WRITTEN_OUT_ONCE for (std::int32_t i = 0; i < end; i += kLanes) {
+        const DirectColumns<kRule, kRow> direct{forward + i, backward - i, row + i};
         Analysis<kRule>::run(direct, direct);
-        direct.forward += kLanes;
-        direct.backward -= kLanes;
-        direct.row += kLanes;
     }
 }
 

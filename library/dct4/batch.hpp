@@ -24,7 +24,7 @@ constexpr int kBatchElements = kBatch * kLanes;
 template <int kPlaces>
 class Batch {
   public:
-    Real* row(int place) { return rows_[place]; }
+    Real* row(int place) { return elements_ + place * kBatchElements; }
 
     /** Vectors of one group, as a body moves them. */
     struct Group {
@@ -34,10 +34,10 @@ class Batch {
             QSVG_ELEMENT::store(begin + place * kBatchElements, v);
         }
     };
-    Group group(int index) { return {rows_[0] + index * kLanes}; }
+    Group group(int index) { return {elements_ + index * kLanes}; }
 
   private:
-    alignas(64) Real rows_[kPlaces][kBatchElements];
+    alignas(64) Real elements_[kPlaces * kBatchElements];
 };
 
 template <class Move, int... kInner>

@@ -8,15 +8,14 @@ namespace {
 
 template <class Analyse>
 [[gnu::always_inline]] inline void for_each_part(const env9& node, const Real* source,
-                                                 Real* scratch, const ColumnGroups& where,
+                                                 Real* scratch, ColumnGroups where,
                                                  const Analyse& analyse) {
-    AnalysisOfColumns columns{source + where.offset, where.mirror, node.stride,
-                              scratch + where.column, node.step};
+    const AnalysisOfColumns columns{source, scratch, node.stride, node.step};
     QSVG_WRITTEN_OUT_ONCE for (int r = 0; r < node.factor; ++r) {
-        analyse(columns, where.groups);
-        columns.source += node.parentStride;
-        columns.mirror -= 2 * node.parentStride;
-        columns.destination += node.parentStep;
+        analyse(columns, where);
+        where.offset += node.parentStride;
+        where.mirror -= 2 * node.parentStride;
+        where.column += node.parentStep;
     }
 }
 
@@ -32,7 +31,11 @@ void analyse_parts(const env9& node, const Real* source, Real* scratch, const Co
         if (node.stride == 1024 && node.step == 512)
             return for_each_part(node, source, scratch, where, analyse_direct<kRule, 1024>);
     }
-    for_each_part(node, source, scratch, where, analyse_batch<kRule>);
+    AnalysisBatches<kRule> batches;
+    for_each_part(node, source, scratch, where,
+                  [&](const AnalysisOfColumns& columns, const ColumnGroups& part) {
+                      analyse_batch<kRule>(columns, part, batches);
+                  });
 }
 
 void split_parts(const env9& node, const Real* source, Real* scratch, ColumnGroups where) {

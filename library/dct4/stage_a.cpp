@@ -10,33 +10,35 @@ constexpr bool is_direct(int rule, int row) {
     return row >= 16 && row <= 64 && row >= 1 << rule && row <= 2 << rule;
 }
 
+/** The batch that begins with group `first`. */
+ColumnGroups batch_of(const env5& node, int first) {
+    const std::int32_t column = first * kLanes;
+    return {column, node.lastIndex - 2 * column, column, groups_from(first, node.inner)};
+}
+
 template <int kRule>
 void analyse(const env5& node, const Real* source, Real* destination) {
     const int row = node.twoFactor;
-    AnalysisOfColumns columns{source, node.lastIndex, row, destination, row / 2};
+    const AnalysisOfColumns columns{source, destination, row, row / 2};
+    const ColumnGroups all{0, node.lastIndex, 0, node.inner};
     if constexpr (is_direct(kRule, 16)) {
-        if (row == 16) return analyse_direct<kRule, 16>(columns, node.inner);
+        if (row == 16) return analyse_direct<kRule, 16>(columns, all);
     }
     if constexpr (is_direct(kRule, 32)) {
-        if (row == 32) return analyse_direct<kRule, 32>(columns, node.inner);
+        if (row == 32) return analyse_direct<kRule, 32>(columns, all);
     }
     if constexpr (is_direct(kRule, 64)) {
-        if (row == 64) return analyse_direct<kRule, 64>(columns, node.inner);
+        if (row == 64) return analyse_direct<kRule, 64>(columns, all);
     }
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch) {
-        analyse_batch<kRule>(columns, groups_from(i, node.inner));
-        columns.source += kBatchElements;
-        columns.mirror -= 2 * kBatchElements;
-        columns.destination += kBatchElements;
-    }
+    AnalysisBatches<kRule> batches;
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch)
+        analyse_batch<kRule>(columns, batch_of(node, i), batches);
 }
 
 void analyse_recursively(const env5& node, const Real* source, Real* destination) {
     const auto& child = *static_cast<const env7*>(EnvList_get(node.stage, 0));
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch) {
-        const std::int32_t column = i * kLanes;
-        run_split(child, source, destination,
-                  {column, node.lastIndex - 2 * column, column, groups_from(i, node.inner)});
+        run_split(child, source, destination, batch_of(node, i));
     }
 }
 

@@ -38,14 +38,14 @@ void synthesise_batches(const env4& node, const Real* source, Real* destination)
             rows.table += kPoints * kLanes;
         }
         // First the one half, then the other: where the length is no power of two, they overlap.
-        Real* forward = destination + i * kLanes;
+        std::int32_t forward = i * kLanes;
         QSVG_WRITTEN_OUT_ONCE for (int j = 0; j < kHalf; ++j) {
-            spread(out.row(j), forward, groups);
+            spread(out.row(j), destination + forward, groups);
             forward += stride;
         }
-        Real* last = destination + node.lastIndex - (kPoints - 1) * stride - i * kLanes;
+        std::int32_t last = node.lastIndex - (kPoints - 1) * stride - i * kLanes;
         QSVG_WRITTEN_OUT_ONCE for (int j = 0; j < kHalf; ++j) {
-            spread_backward(out.row(kHalf + j), last, groups);
+            spread_backward(out.row(kHalf + j), destination + last, groups);
             last += stride;
         }
     }
@@ -71,8 +71,8 @@ template <int kRule, int kStride>
 void synthesise_direct(const env4& node, const Real* source, Real* destination) {
     constexpr int kPoints = 1 << kRule;
     RowsOfBlocks<kRule> rows{source, kPoints, node.table};
-    DirectBlocks<kRule, kStride> blocks{
-        destination, destination + node.lastIndex - (kPoints - 1) * kStride - (kLanes - 1)};
+    const std::int32_t backward = node.lastIndex - (kPoints - 1) * kStride - (kLanes - 1);
+    DirectBlocks<kRule, kStride> blocks{destination, destination + backward};
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.blocks; ++i) {
         Synthesis<kRule>::run(rows, blocks);
         rows.rows += kPoints * kLanes;

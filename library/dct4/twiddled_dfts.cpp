@@ -59,34 +59,31 @@ struct DirectRows {
     }
 };
 
+/** The DFTs of all blocks of a node, for some groups of columns. */
 template <int kRule>
 class BlocksOfDfts {
   public:
     static constexpr int kPoints = 1 << kRule;
     using Table = TablePlaces<kRule>;
 
-    BlocksOfDfts(const env8& node, const Real* scratch, Real* destination, int groups)
-        : node_(node),
-          scratch_(scratch),
-          destination_(destination),
-          groups_(groups),
-          inner_(node.table),
-          outer_(node.table + node.blocks * Table::kInner * kLanes) {}
+    BlocksOfDfts(const env8& node, Real* destination, int groups)
+        : node_(node), destination_(destination), groups_(groups) {}
 
-    void run() {
+    void run(const Real* scratch) {
+        const Real* const outer = node_.table + node_.blocks * Table::kInner * kLanes;
         QSVG_WRITTEN_OUT_ONCE for (int block = 0; block < node_.blocks; ++block) {
+            const Block at{scratch + block * node_.span,
+                           node_.table + block * Table::kInner * kLanes,
+                           outer + block * Table::kOuter * kLanes};
             if (kIsDirect && node_.step == kTopRow && node_.quotient == kTopQuotient) {
-                transform_direct(block);
+                transform_direct(at, block);
             } else {
                 if (node_.step == kTopRow)
-                    transform_adjacent_rows();
+                    transform_adjacent_rows(at);
                 else
-                    transform_distant_rows();
+                    transform_distant_rows(at);
                 spread_block(block);
             }
-            scratch_ += node_.span;
-            inner_ += Table::kInner * kLanes;
-            outer_ += Table::kOuter * kLanes;
         }
     }
 
@@ -96,37 +93,44 @@ class BlocksOfDfts {
     static constexpr int kTopQuotient = 16;
     static constexpr bool kIsDirect = kRule == 3;
 
-    void transform_direct(int block) {
+    /** Where the rows of one block begin, and its parts of the table. */
+    struct Block {
+        const Real* rows;
+        const Real* inner;
+        const Real* outer;
+    };
+
+    void transform_direct(const Block at, int block) const {
         DirectRows<kRule, kTopRow, 2 * kTopRow * kTopQuotient> rows{
             destination_ + 2 * kTopRow * block,
             destination_ + 2 * kTopRow * (kTopQuotient - 1 - block)};
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
             const BlockSource<kRule, AdjacentRows<kTopRow>> source{
-                {scratch_ + i * kLanes}, inner_, outer_};
+                {at.rows + i * kLanes}, at.inner, at.outer};
             Dft<kRule>::run(source, rows);
             rows.forward += kLanes;
             rows.backward += kLanes;
         }
     }
 
-    void transform_adjacent_rows() {
+    [[gnu::noinline]] void transform_adjacent_rows(const Block at) {
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
             const BlockSource<kRule, AdjacentRows<kTopRow>> source{
-                {scratch_ + i * kLanes}, inner_, outer_};
+                {at.rows + i * kLanes}, at.inner, at.outer};
             Dft<kRule>::run(source, out_.group(i));
         }
     }
 
-    void transform_distant_rows() {
+    [[gnu::noinline]] void transform_distant_rows(const Block at) {
         Batch<2 * kPoints> in;
-        const Real* from = scratch_;
+        std::int32_t row = 0;
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < 2 * kPoints; ++i) {
-            move_row(from, in.row(i), groups_);
-            from += node_.step;
+            move_row(at.rows + row, in.row(i), groups_);
+            row += node_.step;
         }
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
-            const BlockSource<kRule, typename Batch<2 * kPoints>::Group> source{in.group(i), inner_,
-                                                                                outer_};
+            const BlockSource<kRule, typename Batch<2 * kPoints>::Group> source{in.group(i),
+                                                                                at.inner, at.outer};
             Dft<kRule>::run(source, out_.group(i));
         }
     }
@@ -135,44 +139,41 @@ class BlocksOfDfts {
      * rows that mirror these. */
     void spread_block(int block) {
         const std::int32_t between = 2 * node_.step * node_.quotient;
-        Real* forward = destination_ + 2 * node_.step * block;
-        Real* backward = destination_ + 2 * node_.step * (node_.quotient - 1 - block);
+        std::int32_t forward = 2 * node_.step * block;
+        std::int32_t backward = 2 * node_.step * (node_.quotient - 1 - block);
         QSVG_WRITTEN_OUT_ONCE for (int q = 0; q < kPoints / 2; ++q) {
-            move_row(out_.row(2 * q), forward, groups_);
-            move_row(out_.row(2 * q + 1), forward + node_.step, groups_);
+            move_row(out_.row(2 * q), destination_ + forward, groups_);
+            move_row(out_.row(2 * q + 1), destination_ + forward + node_.step, groups_);
             const int last = kPoints - 1 - q;
-            move_row(out_.row(2 * last), backward, groups_);
-            move_row(out_.row(2 * last + 1), backward + node_.step, groups_);
+            move_row(out_.row(2 * last), destination_ + backward, groups_);
+            move_row(out_.row(2 * last + 1), destination_ + backward + node_.step, groups_);
             forward += between;
             backward += between;
         }
     }
 
     const env8& node_;
-    const Real* scratch_;
-    Real* destination_;
+    Real* const destination_;
     const int groups_;
-    const Real* inner_;
-    const Real* outer_;
     Batch<2 * kPoints> out_;
 };
 
 QsvStatus transform_blocks(const env8& node, const Real* scratch, Real* destination, int groups) {
     switch (node.rule) {
         case 1:
-            BlocksOfDfts<1>(node, scratch, destination, groups).run();
+            BlocksOfDfts<1>(node, destination, groups).run(scratch);
             break;
         case 2:
-            BlocksOfDfts<2>(node, scratch, destination, groups).run();
+            BlocksOfDfts<2>(node, destination, groups).run(scratch);
             break;
         case 3:
-            BlocksOfDfts<3>(node, scratch, destination, groups).run();
+            BlocksOfDfts<3>(node, destination, groups).run(scratch);
             break;
         case 4:
-            BlocksOfDfts<4>(node, scratch, destination, groups).run();
+            BlocksOfDfts<4>(node, destination, groups).run(scratch);
             break;
         case 5:
-            BlocksOfDfts<5>(node, scratch, destination, groups).run();
+            BlocksOfDfts<5>(node, destination, groups).run(scratch);
             break;
         default:
             return qsvStatusBadPlan;
