@@ -426,7 +426,7 @@ QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
  * are 2^k up to 2^26 for Real32, up to 2^25 for Real64. What else the size query accepts is of no
  * use: 2^k + 1 (from 33 on for Real32, from 9 on for Real64), whose plan may be made, but reads and
  * writes element N, one past the arrays; and some lengths from 2^29 on whose size has wrapped
- * around, so that no buffer could hold their plan.
+ * around, so that no buffer could hold their plan: none is made.
  *
  * **Plan.** Made once for a length and an element type and run any number of times, it lies in one
  * buffer that must stay where it is, untouched. Making it takes all memory and evaluates all sines
@@ -486,7 +486,8 @@ QSVG_API QsvStatus qsvgDCT4Init_32f(QsvDCT4Plan_32f** plan, int32_t length, uint
 /**
  * Makes a plan in a buffer from qsvMalloc of the platform core library.
  * @param plan   receives the plan; stays as it was on failure; not null
- * @param length a supported length, else qsvStatusBadLength and nothing is allocated
+ * @param length a supported length, else qsvStatusBadLength; nothing is allocated then, or where
+ * the size has wrapped around, what was is freed
  * @return qsvStatusNullPointer also where memory has run out
  */
 QSVG_API QsvStatus qsvgDCT4InitAlloc_32f(QsvDCT4Plan_32f** plan, int32_t length);

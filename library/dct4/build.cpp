@@ -1,7 +1,8 @@
 /**
  * @file
  * @brief How each node decides its rule and builds what is below it. Whatever a rule decides or
- * takes is foretold in memory.cpp: whoever changes one changes both.
+ * takes is foretold in memory.cpp: whoever changes one changes both. Lengths whose size has no 32
+ * bits are refused here alone: what memory.cpp tells of them is negative or has wrapped around.
  *
  * A parent first takes its child's memory, and that of the child's coefficients right behind it;
  * then it enters both in its lists, coefficients first; scratch is taken when all children stand.
@@ -18,6 +19,9 @@ namespace dct4::QSVG_ELEMENT {
 using plan::Wrapping;
 
 namespace {
+
+/** The longest power of two whose plan takes less than 2^31 bytes, and one. */
+constexpr std::int32_t kLongestLength = (1 << (sizeof(Real) == 4 ? 26 : 25)) + 1;
 
 /** Enters a child that `children` owns into the list of the stage that runs it. */
 void add_child(EnvList* children, EnvList* stage, EnvObject* child) {
@@ -78,6 +82,7 @@ QsvStatus DCT4(env1_plan)(EnvObject* object) {
     auto* const node = static_cast<env1*>(object);
     node->rule = DCT4(env1__chooseRule)(node->length);
     node->scratch = nullptr;
+    if (node->length > kLongestLength) return qsvStatusBadLength;
     return node->rule == 6 ? split_root(node) : qsvStatusOk;
 }
 

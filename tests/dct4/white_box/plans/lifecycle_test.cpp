@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <thread>
 
+#include "support/address_space.hpp"
+#include "support/expected_plan.hpp"
+#include "support/fault.hpp"
 #include "support/plan_buffer.hpp"
 #include "support/platform_core.hpp"
 
@@ -14,17 +18,36 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr std::array<std::int32_t, 12> kRefused = {
-    0, 1, -1, 3, 5, 6, 7, 48, 192, -64, INT32_MIN, kSingle ? 1 << 27 : 1 << 26};
+constexpr std::int32_t kLongest = kSingle ? 1 << 26 : 1 << 25;
 
-/** Those of them that Init can look at in a buffer of some kilobytes. */
-constexpr std::array<std::int32_t, 11> kRefusedByInit = {0, 1,  -1,  3,   5,        6,
-                                                         7, 48, 192, -64, INT32_MIN};
+constexpr std::array<std::int32_t, 14> kRefused = {
+    0, 1, -1, 3, 5, 6, 7, 48, 192, -64, INT32_MIN, 2 * kLongest, 2 * kLongest + 1, 3 * kLongest};
+
+/** Powers of two whose plan's size has wrapped around, and one more. */
+std::vector<std::int32_t> wrapped_lengths() {
+    std::vector<std::int32_t> lengths = {1 << 30, (1 << 30) + 1};
+    if (!kSingle) lengths.insert(lengths.end(), {1 << 29, (1 << 29) + 1});
+    return lengths;
+}
+
+/** What the tables and scratch vectors of a tree take, as no arithmetic of 32 bits can tell. */
+std::int64_t bytes_of_arrays(std::int32_t length) {
+    std::int64_t splits = 0;
+    std::int64_t twiddles = 0;
+    for (std::int32_t points = length / ExpectedPlan::factor_of(length); points > 64;) {
+        const std::int32_t factor = ExpectedPlan::factor_of(points);
+        ++splits;
+        twiddles += std::int64_t{2 * factor - 2} * 16 * (points / (2 * factor));
+        points /= factor;
+    }
+    return (2 + splits) * length * static_cast<std::int64_t>(sizeof(Real)) + twiddles;
+}
 
 class Lifecycle : public testing::Test {
   protected:
     Lifecycle() { core() = PlatformCore(); }
     ~Lifecycle() override {
+        if (core().only_block != nullptr) core().blocks.clear();
         for (void* block : core().blocks) std::free(block);
         core() = PlatformCore();
     }
@@ -64,7 +87,7 @@ TEST_F(Lifecycle, FreeRefusesANullPointer) {
 }
 
 TEST_F(Lifecycle, InitRefusesUnsupportedLengthsAndLeavesThePlanPointer) {
-    for (const std::int32_t length : kRefusedByInit) {
+    for (const std::int32_t length : kRefused) {
         ArenaBuffer buffer(1 << 16);
         Plan* plan = marked();
         EXPECT_EQ(-6, EXPORTED(DCT4Init)(&plan, length, buffer.head())) << length;
@@ -92,7 +115,7 @@ TEST_F(Lifecycle, InitAllocRefusesUnsupportedLengthsBeforeItAllocates) {
 
 TEST_F(Lifecycle, AFailedAllocationIsToldAsANullPointerAndFreesNull) {
     core().refuses = true;
-    for (const std::int32_t length : {2, 32, 64, 4096, 1 << 30}) {
+    for (const std::int32_t length : {2, 32, 64, 4096, 1 << 30, (1 << 30) + 1}) {
         core().sizes.clear();
         core().freed.clear();
         Plan* plan = marked();
@@ -100,6 +123,64 @@ TEST_F(Lifecycle, AFailedAllocationIsToldAsANullPointerAndFreesNull) {
         EXPECT_EQ(marked(), plan) << length;
         EXPECT_EQ(std::vector<std::int32_t>{size_of_plan(length)}, core().sizes) << length;
         EXPECT_EQ(std::vector<void*>{nullptr}, core().freed) << length;
+    }
+}
+
+// The size query tells them apart by nothing: what it tells holds no plan.
+TEST_F(Lifecycle, TheToldSizeHoldsTheArraysOfAllLengthsButThoseWhereItHasWrappedAround) {
+    for (std::int32_t power = 64; power > 0; power = power > 1 << 29 ? 0 : 2 * power) {
+        for (const std::int32_t length : {power, power + 1}) {
+            std::int32_t size = 0;
+            const bool told = EXPORTED(DCT4GetSize)(length, &size) == qsvStatusOk;
+            const std::vector<std::int32_t> wrapped = wrapped_lengths();
+            const bool is_wrapped =
+                std::find(wrapped.begin(), wrapped.end(), length) != wrapped.end();
+            EXPECT_EQ(told, power <= kLongest || is_wrapped) << length;
+            if (told)
+                EXPECT_EQ(size < bytes_of_arrays(length), is_wrapped) << length;
+            else
+                EXPECT_GT(bytes_of_arrays(length), INT32_MAX) << length;
+        }
+    }
+}
+
+TEST_F(Lifecycle, InitRefusesLengthsThatNothingHasSizedBeforeItTakesABlock) {
+    std::vector<std::int32_t> lengths = wrapped_lengths();
+    lengths.insert(lengths.end(), {2 * kLongest, 2 * kLongest + 1, kLongest + 2, INT32_MAX});
+    for (const std::int32_t length : lengths) {
+        const FencedMemory memory(Half::Lower, 4096);
+        ASSERT_TRUE(memory.there());
+        Plan* plan = marked();
+        volatile QsvStatus status = qsvStatusOk;
+        FaultCatcher catcher;
+        EXPECT_FALSE(catcher.faults([&] {
+            status = EXPORTED(DCT4Init)(&plan, length, memory.begin());
+        })) << length;
+        EXPECT_EQ(-6, status) << length;
+        EXPECT_EQ(marked(), plan) << length;
+        const std::uint8_t* const behind_root = memory.begin() + 64 + 160;
+        EXPECT_EQ(memory.end(),
+                  std::find_if(behind_root, const_cast<const std::uint8_t*>(memory.end()),
+                               [](std::uint8_t byte) { return byte != FencedMemory::kUnwritten; }))
+            << length;
+    }
+}
+
+TEST_F(Lifecycle, InitAllocGivesBackTheBlockOfALengthWhoseSizeHasWrappedAround) {
+    for (const std::int32_t length : wrapped_lengths()) {
+        const FencedMemory memory(Half::Lower, 4096);
+        ASSERT_TRUE(memory.there());
+        core() = PlatformCore();
+        core().only_block = memory.begin();
+        Plan* plan = marked();
+        volatile QsvStatus status = qsvStatusOk;
+        FaultCatcher catcher;
+        EXPECT_FALSE(catcher.faults([&] { status = EXPORTED(DCT4InitAlloc)(&plan, length); }))
+            << length;
+        EXPECT_EQ(-6, status) << length;
+        EXPECT_EQ(marked(), plan) << length;
+        EXPECT_EQ(std::vector<std::int32_t>{size_of_plan(length)}, core().sizes) << length;
+        EXPECT_EQ(std::vector<void*>{memory.begin()}, core().freed) << length;
     }
 }
 

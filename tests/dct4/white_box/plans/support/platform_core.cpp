@@ -17,8 +17,9 @@ extern "C" {
 [[gnu::visibility("default")]] void* qsvMalloc(std::int32_t size) {
     auto& core = qsvgen_test::platform_core();
     core.sizes.push_back(size);
-    void* block = nullptr;
-    if (!core.refuses && posix_memalign(&block, 16, static_cast<std::size_t>(size)) != 0)
+    void* block = core.only_block;
+    if (block == nullptr && !core.refuses &&
+        posix_memalign(&block, 16, static_cast<std::size_t>(size)) != 0)
         block = nullptr;
     core.blocks.push_back(block);
     return block;

@@ -9,6 +9,7 @@ namespace qsvgen_test {
 
 struct PlatformCore {
     bool refuses = false;
+    void* only_block = nullptr;       ///< handed out whatever size is asked for
     std::vector<std::int32_t> sizes;  ///< asked for
     std::vector<void*> blocks;        ///< handed out
     std::vector<void*> freed;
