@@ -4,7 +4,7 @@
 
 #include "dct4/batch.hpp"
 #include "dct4/bodies_of_analysis.hpp"
-#include "dct4/recursion.hpp"
+#include "dct4/compute.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 

@@ -44,17 +44,33 @@ QsvStatus split_root(env1* node) {
 
     auto* const stage_b = allocate<env2>(arena);
     auto* const compose = allocate<envfCompose>(arena);
-    DCT4(envfCompose___init__)
-    (compose, arena, two_factor, (Wrapping(8) * length).value(), blocks, factor, two_factor);
-    EnvList_add(node->children, compose);
-    DCT4(env2___init__)
-    (stage_b, arena, factor, length, two_factor, blocks, length, last_index, sub_length, compose);
+    const envfCompose_parameters rotations{.columns = two_factor,
+                                           .angleBase = (Wrapping(8) * length).value(),
+                                           .rowCount = blocks,
+                                           .factor = factor,
+                                           .rowStride = two_factor};
+    EnvList_add(node->children, DCT4(envfCompose___init__)(compose, arena, rotations));
+    const env2_parameters syntheses{.factor = factor,
+                                    .length = length,
+                                    .twoFactor = two_factor,
+                                    .blocks = blocks,
+                                    .length2 = length,
+                                    .lastIndex = last_index,
+                                    .subLength = sub_length,
+                                    .coefficients = compose};
+    DCT4(env2___init__)(stage_b, arena, syntheses);
     add_child(node->children, node->stage1, stage_b);
     if (plan_only_child(node->stage1, DCT4(env2_plan)) != qsvStatusOk) return qsvStatusBadLength;
 
     auto* const stage_a = allocate<env3>(arena);
-    DCT4(env3___init__)
-    (stage_a, arena, sub_length, length, last_index, two_factor, factor, length, factor);
+    const env3_parameters analyses{.subLength = sub_length,
+                                   .length = length,
+                                   .lastIndex = last_index,
+                                   .twoFactor = two_factor,
+                                   .inner = factor,
+                                   .length2 = length,
+                                   .factor = factor};
+    DCT4(env3___init__)(stage_a, arena, analyses);
     add_child(node->children, node->stage2, stage_a);
     if (plan_only_child(node->stage2, DCT4(env3_plan)) != qsvStatusOk) return qsvStatusBadLength;
 
@@ -67,9 +83,13 @@ template <class Node>
 QsvStatus split_analyses(Node* node, std::int32_t stride, std::int32_t scratch_length,
                          std::int32_t step) {
     auto* const split = allocate<env7>(node->arena);
-    DCT4(env7___init__)
-    (split, node->arena, node->subLength, node->length, node->length2, stride, scratch_length,
-     step);
+    const env7_parameters parameters{.subLength = node->subLength,
+                                     .length = node->length,
+                                     .length2 = node->length2,
+                                     .stride = stride,
+                                     .scratchLength = scratch_length,
+                                     .step = step};
+    DCT4(env7___init__)(split, node->arena, parameters);
     add_child(node->children, node->stage, split);
     return plan_only_child(node->stage, DCT4(env7_plan));
 }
@@ -105,15 +125,15 @@ QsvStatus DCT4(env2_plan)(EnvObject* object) {
     rotations->plan = DCT4(env4_plan);
     rotations->arena = arena;
     rotations->children = empty_list(arena);
-    rotations->factor = node->factor;
-    rotations->length = node->length;
-    rotations->twoFactor = node->twoFactor;
-    rotations->span = node->twoFactor * kLanes;
-    rotations->blocks = blocks;
-    rotations->length2 = node->length2;
-    rotations->lastIndex = node->lastIndex;
-    rotations->subLength = node->subLength;
-    rotations->coefficients = split;
+    static_cast<env4_parameters&>(*rotations) = {.factor = node->factor,
+                                                 .length = node->length,
+                                                 .twoFactor = node->twoFactor,
+                                                 .span = node->twoFactor * kLanes,
+                                                 .blocks = blocks,
+                                                 .length2 = node->length2,
+                                                 .lastIndex = node->lastIndex,
+                                                 .subLength = node->subLength,
+                                                 .coefficients = split};
     add_child(node->children, node->stage, rotations);
     if (plan_only_child(node->stage, DCT4(env4_plan)) != qsvStatusOk) return qsvStatusBadLength;
     node->done = 0;
@@ -126,9 +146,9 @@ QsvStatus DCT4(env3_plan)(EnvObject* object) {
     if (node->valid != 1) return qsvStatusBadLength;
 
     auto* const analyses = allocate<env5>(node->arena);
-    DCT4(env5___init__)
-    (analyses, node->arena, node->subLength, node->length, node->lastIndex, node->twoFactor,
-     node->inner / kLanes, node->length2, node->factor);
+    env5_parameters parameters = *node;
+    parameters.inner /= kLanes;
+    DCT4(env5___init__)(analyses, node->arena, parameters);
     add_child(node->children, node->stage, analyses);
     if (plan_only_child(node->stage, DCT4(env5_plan)) != qsvStatusOk) return qsvStatusBadLength;
     node->done = 0;
@@ -167,18 +187,32 @@ QsvStatus DCT4(env7_plan)(EnvObject* object) {
     auto* const twiddles = allocate<env8>(arena);
     auto* const lambda = allocate<envlambda>(arena);
     EnvList_add(node->children, DCT4(envlambda___init__)(lambda, arena, points, factor));
-    DCT4(env8___init__)
-    (twiddles, arena, factor, node->scratchLength, node->step,
-     (Wrapping(2) * factor * node->step).value(), points / (2 * factor), node->scratchLength,
-     points / 2, points - 1, node->step, points / factor, lambda);
+    const env8_parameters dfts{.factor = factor,
+                               .scratchLength = node->scratchLength,
+                               .step = node->step,
+                               .span = (Wrapping(2) * factor * node->step).value(),
+                               .blocks = points / (2 * factor),
+                               .scratchLength2 = node->scratchLength,
+                               .halfLength = points / 2,
+                               .lastIndex = points - 1,
+                               .step2 = node->step,
+                               .quotient = points / factor,
+                               .coefficients = lambda};
+    DCT4(env8___init__)(twiddles, arena, dfts);
     add_child(node->children, node->stage1, twiddles);
     plan_only_child(node->stage1, DCT4(env8_plan));  // each factor that is chosen has a kernel
 
     auto* const analyses = allocate<env9>(arena);
-    DCT4(env9___init__)
-    (analyses, arena, points / factor, node->length, node->length2,
-     (Wrapping(factor) * node->stride).value(), node->stride, factor, node->scratchLength,
-     (Wrapping(factor) * node->step).value(), node->step);
+    const env9_parameters parts{.subLength = points / factor,
+                                .length = node->length,
+                                .length2 = node->length2,
+                                .stride = (Wrapping(factor) * node->stride).value(),
+                                .parentStride = node->stride,
+                                .factor = factor,
+                                .scratchLength = node->scratchLength,
+                                .step = (Wrapping(factor) * node->step).value(),
+                                .parentStep = node->step};
+    DCT4(env9___init__)(analyses, arena, parts);
     add_child(node->children, node->stage2, analyses);
     if (plan_only_child(node->stage2, DCT4(env9_plan)) != qsvStatusOk) return qsvStatusBadLength;
 

@@ -16,15 +16,10 @@ envlambda* DCT4(envlambda___init__)(envlambda* object, Arena* arena, std::int32_
     return object;
 }
 
-envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena, std::int32_t columns,
-                                        std::int32_t angle_base, std::int32_t row_count,
-                                        std::int32_t factor, std::int32_t row_stride) {
+envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena,
+                                        const envfCompose_parameters& parameters) {
     *object = {{{DCT4(envfCompose___del__), sizeof(envfCompose)}, DCT4(envfCompose_at), arena},
-               columns,
-               angle_base,
-               row_count,
-               factor,
-               row_stride};
+               parameters};
     return object;
 }
 

@@ -12,6 +12,18 @@
 
 namespace dct4::QSVG_ELEMENT {
 
+/** Where the first of some groups of columns stands. Groups of as many columns as a vector has
+ * lanes follow one another. */
+struct ColumnGroups {
+    std::int32_t offset; /**< of the source (O) */
+    /** What the index of a mirrored element and that of its image sum up to, less twice `offset`
+     * (2N
+     * - 1 - 2 O at the top). */
+    std::int32_t mirror;
+    std::int32_t column; /**< of the results (Q) */
+    int groups;          /**< from 1 to kBatch */
+};
+
 extern "C" {
 
 /** For each column c the analysis of g[j] = source[mirror(j; 2m, c)], where mirror(j; S, O) is S j
@@ -22,20 +34,17 @@ QsvStatus DCT4(env5_compute)(const env5* node, const Real* source, Real* destina
 /** For each row b the rotations and the synthesis, to destination[mirror(j; 2n, b)]. */
 QsvStatus DCT4(env4_compute)(const env4* node, const Real* source, Real* destination);
 
-// Of one group of columns: `offset` is that of the source (O), `mirror` what the index of a
-// mirrored element and that of its image sum up to, less twice `offset` (2N - 1 - 2 O at the top),
-// `column` (Q) where the results begin.
-
+/** Analyses of a few groups of columns, split in two steps: */
 QsvStatus DCT4(env7_compute)(const env7* node, const Real* source, Real* destination,
-                             std::int32_t offset, std::int32_t mirror, std::int32_t column);
+                             const ColumnGroups& where);
 
-/** The analyses of every factor-th value, to rows of the scratch vector of env7. */
+/** the analyses of every factor-th value, to rows of the scratch vector of env7, */
 QsvStatus DCT4(env9_compute)(const env9* node, const Real* source, Real* scratch,
-                             std::int32_t offset, std::int32_t mirror, std::int32_t column);
+                             const ColumnGroups& where);
 
-/** The DFTs behind them. */
+/** and the DFTs behind them, which read and write at `where.column`. */
 QsvStatus DCT4(env8_compute)(const env8* node, const Real* scratch, Real* destination,
-                             std::int32_t scratch_column, std::int32_t column);
+                             const ColumnGroups& where);
 }
 
 }  // namespace dct4::QSVG_ELEMENT

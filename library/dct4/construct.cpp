@@ -39,102 +39,49 @@ env1* DCT4(env1___init__)(env1* node, Arena* arena, std::int32_t length) {
     return node;
 }
 
-env2* DCT4(env2___init__)(env2* node, Arena* arena, std::int32_t factor, std::int32_t length,
-                          std::int32_t two_factor, std::int32_t blocks, std::int32_t length2,
-                          std::int32_t last_index, std::int32_t sub_length,
-                          envfCompose* coefficients) {
+env2* DCT4(env2___init__)(env2* node, Arena* arena, const env2_parameters& parameters) {
     set_head(node, DCT4(env2___del__), DCT4(env2_plan), arena);
-    node->factor = factor;
-    node->length = length;
-    node->twoFactor = two_factor;
-    node->blocks = blocks;
-    node->length2 = length2;
-    node->lastIndex = last_index;
-    node->subLength = sub_length;
-    node->coefficients = coefficients;
+    static_cast<env2_parameters&>(*node) = parameters;
     set_lists(node);
     return node;
 }
 
-env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
-                          std::int32_t length2, std::int32_t factor) {
+env3* DCT4(env3___init__)(env3* node, Arena* arena, const env3_parameters& parameters) {
     set_head(node, DCT4(env3___del__), DCT4(env3_plan), arena);
-    node->subLength = sub_length;
-    node->length = length;
-    node->lastIndex = last_index;
-    node->twoFactor = two_factor;
-    node->inner = inner;
-    node->length2 = length2;
-    node->factor = factor;
+    static_cast<env3_parameters&>(*node) = parameters;
     set_lists(node);
     return node;
 }
 
-env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
-                          std::int32_t length2, std::int32_t factor) {
+env5* DCT4(env5___init__)(env5* node, Arena* arena, const env5_parameters& parameters) {
     set_head(node, DCT4(env5___del__), DCT4(env5_plan), arena);
-    node->subLength = sub_length;
-    node->length = length;
-    node->lastIndex = last_index;
-    node->twoFactor = two_factor;
-    node->inner = inner;
-    node->length2 = length2;
-    node->factor = factor;
+    static_cast<env5_parameters&>(*node) = parameters;
     set_lists(node);
     return node;
 }
 
-env7* DCT4(env7___init__)(env7* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t scratch_length,
-                          std::int32_t step) {
+env7* DCT4(env7___init__)(env7* node, Arena* arena, const env7_parameters& parameters) {
     set_head(node, DCT4(env7___del__), DCT4(env7_plan), arena);
-    node->subLength = sub_length;
-    node->length = length;
-    node->length2 = length2;
-    node->stride = stride;
-    node->scratchLength = scratch_length;
-    node->step = step;
+    node->subLength = parameters.subLength;
+    node->length = parameters.length;
+    node->length2 = parameters.length2;
+    node->stride = parameters.stride;
+    node->scratchLength = parameters.scratchLength;
+    node->step = parameters.step;
     set_two_stage_lists(node);
     return node;
 }
 
-env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor,
-                          std::int32_t scratch_length, std::int32_t step, std::int32_t span,
-                          std::int32_t blocks, std::int32_t scratch_length2,
-                          std::int32_t half_length, std::int32_t last_index, std::int32_t step2,
-                          std::int32_t quotient, envlambda* coefficients) {
+env8* DCT4(env8___init__)(env8* node, Arena* arena, const env8_parameters& parameters) {
     set_head(node, DCT4(env8___del__), DCT4(env8_plan), arena);
-    node->factor = factor;
-    node->scratchLength = scratch_length;
-    node->step = step;
-    node->span = span;
-    node->blocks = blocks;
-    node->scratchLength2 = scratch_length2;
-    node->halfLength = half_length;
-    node->lastIndex = last_index;
-    node->step2 = step2;
-    node->quotient = quotient;
-    node->coefficients = coefficients;
+    static_cast<env8_parameters&>(*node) = parameters;
     node->children = empty_list(arena);
     return node;
 }
 
-env9* DCT4(env9___init__)(env9* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t parent_stride,
-                          std::int32_t factor, std::int32_t scratch_length, std::int32_t step,
-                          std::int32_t parent_step) {
+env9* DCT4(env9___init__)(env9* node, Arena* arena, const env9_parameters& parameters) {
     set_head(node, DCT4(env9___del__), DCT4(env9_plan), arena);
-    node->subLength = sub_length;
-    node->length = length;
-    node->length2 = length2;
-    node->stride = stride;
-    node->parentStride = parent_stride;
-    node->factor = factor;
-    node->scratchLength = scratch_length;
-    node->step = step;
-    node->parentStep = parent_step;
+    static_cast<env9_parameters&>(*node) = parameters;
     set_lists(node);
     return node;
 }

@@ -15,33 +15,16 @@ extern "C" {
 // Constructors return the object, already in its final place in the arena.
 
 env1* DCT4(env1___init__)(env1* node, Arena* arena, std::int32_t length);
-env2* DCT4(env2___init__)(env2* node, Arena* arena, std::int32_t factor, std::int32_t length,
-                          std::int32_t two_factor, std::int32_t blocks, std::int32_t length2,
-                          std::int32_t last_index, std::int32_t sub_length,
-                          envfCompose* coefficients);
-env3* DCT4(env3___init__)(env3* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
-                          std::int32_t length2, std::int32_t factor);
-env5* DCT4(env5___init__)(env5* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t last_index, std::int32_t two_factor, std::int32_t inner,
-                          std::int32_t length2, std::int32_t factor);
-env7* DCT4(env7___init__)(env7* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t scratch_length,
-                          std::int32_t step);
-env8* DCT4(env8___init__)(env8* node, Arena* arena, std::int32_t factor,
-                          std::int32_t scratch_length, std::int32_t step, std::int32_t span,
-                          std::int32_t blocks, std::int32_t scratch_length2,
-                          std::int32_t half_length, std::int32_t last_index, std::int32_t step2,
-                          std::int32_t quotient, envlambda* coefficients);
-env9* DCT4(env9___init__)(env9* node, Arena* arena, std::int32_t sub_length, std::int32_t length,
-                          std::int32_t length2, std::int32_t stride, std::int32_t parent_stride,
-                          std::int32_t factor, std::int32_t scratch_length, std::int32_t step,
-                          std::int32_t parent_step);
+env2* DCT4(env2___init__)(env2* node, Arena* arena, const env2_parameters& parameters);
+env3* DCT4(env3___init__)(env3* node, Arena* arena, const env3_parameters& parameters);
+env5* DCT4(env5___init__)(env5* node, Arena* arena, const env5_parameters& parameters);
+env7* DCT4(env7___init__)(env7* node, Arena* arena, const env7_parameters& parameters);
+env8* DCT4(env8___init__)(env8* node, Arena* arena, const env8_parameters& parameters);
+env9* DCT4(env9___init__)(env9* node, Arena* arena, const env9_parameters& parameters);
 envlambda* DCT4(envlambda___init__)(envlambda* object, Arena* arena, std::int32_t numerator,
                                     std::int32_t denominator);
-envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena, std::int32_t columns,
-                                        std::int32_t angle_base, std::int32_t row_count,
-                                        std::int32_t factor, std::int32_t row_stride);
+envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena,
+                                        const envfCompose_parameters& parameters);
 
 // The rule of a node, from the one value that decides it: a length, or for env4 and env8 the
 // factor.

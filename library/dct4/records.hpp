@@ -5,8 +5,9 @@
  * @brief The objects that a plan is made of. A plan is a tree of them in one arena; children belong
  * to the node whose `children` list holds them, stage lists only say which of them run.
  *
- * Records are flat and copy what they need from above, so that a run computes no strides. In the
- * notes below N is the length, a the root's factor, q = N/(2a), and n a length that is split by f.
+ * Records are flat and copy what they need from above, so that a run computes no strides. Most end
+ * in the parameters that their constructor takes. In the notes below N is the length, a the root's
+ * factor, q = N/(2a), and n a length that is split by f.
  */
 
 #include "dct4/element.hpp"
@@ -45,14 +46,16 @@ struct envfsplit : CoefficientObject {
 };
 static_assert(sizeof(envfsplit) == 28);
 
-/** Cosines and sines of the rotations, in even and odd columns. */
-struct envfCompose : CoefficientObject {
+struct envfCompose_parameters {
     std::int32_t columns;
     std::int32_t angleBase;
     std::int32_t rowCount;
     std::int32_t factor;
     std::int32_t rowStride;
 };
+
+/** Cosines and sines of the rotations, in even and odd columns. */
+struct envfCompose : CoefficientObject, envfCompose_parameters {};
 static_assert(sizeof(envfCompose) == 36);
 
 /** The root. */
@@ -67,12 +70,30 @@ struct env1 : PlanObject {
 };
 static_assert(sizeof(env1) == 44);
 
-/** Owner of stage B. */
-struct env2 : PlanObject {
+/** Head of the owners of the two stages. */
+struct StageObject : PlanObject {
     EnvList* children;
     EnvList* stage;
-    std::int32_t done;      /**< 0 once planned */
-    std::int32_t valid;     /**< 1 if blocks is a multiple of the lanes */
+    std::int32_t done;  /**< 0 once planned */
+    std::int32_t valid; /**< 1 if what the stage goes through fills whole vectors */
+};
+
+/** Head of what chooses between straight analyses and a split. */
+struct AnalysesObject : PlanObject {
+    EnvList* children;
+    EnvList* stage;
+    std::int32_t done; /**< 0 once planned */
+    std::int32_t rule;
+};
+
+/** Head of the steps that read a table. */
+struct TableObject : PlanObject {
+    EnvList* children; /**< always empty */
+    Real* table;
+    std::int32_t rule;
+};
+
+struct env2_parameters {
     std::int32_t factor;    /**< a */
     std::int32_t length;    /**< N */
     std::int32_t twoFactor; /**< 2a */
@@ -82,29 +103,26 @@ struct env2 : PlanObject {
     std::int32_t subLength; /**< N/a */
     envfCompose* coefficients;
 };
+
+/** Owner of stage B; valid if blocks is a multiple of the lanes. */
+struct env2 : StageObject, env2_parameters {};
 static_assert(sizeof(env2) == 64);
 
-/** Owner of stage A. */
-struct env3 : PlanObject {
-    EnvList* children;
-    EnvList* stage;
-    std::int32_t done;      /**< 0 once planned */
-    std::int32_t valid;     /**< 1 if inner is a multiple of the lanes */
+struct env3_parameters {
     std::int32_t subLength; /**< N/a */
     std::int32_t length;    /**< N */
     std::int32_t lastIndex; /**< 2N - 1 */
     std::int32_t twoFactor; /**< 2a */
-    std::int32_t inner;     /**< a */
+    std::int32_t inner;     /**< a; in env5 divided by the lanes */
     std::int32_t length2;   /**< N */
     std::int32_t factor;    /**< a */
 };
+
+/** Owner of stage A; valid if inner is a multiple of the lanes. */
+struct env3 : StageObject, env3_parameters {};
 static_assert(sizeof(env3) == 60);
 
-/** Stage B: rotations, then syntheses of 2a points. */
-struct env4 : PlanObject {
-    EnvList* children; /**< always empty */
-    Real* table;
-    std::int32_t rule;
+struct env4_parameters {
     std::int32_t factor;    /**< a */
     std::int32_t length;    /**< N */
     std::int32_t twoFactor; /**< 2a */
@@ -115,23 +133,25 @@ struct env4 : PlanObject {
     std::int32_t subLength; /**< N/a */
     envfsplit* coefficients;
 };
+
+/** Stage B: rotations, then syntheses of 2a points. */
+struct env4 : TableObject, env4_parameters {};
 static_assert(sizeof(env4) == 64);
 
+using env5_parameters = env3_parameters;
+
 /** Stage A: analyses of N/a points, straight or by env7. */
-struct env5 : PlanObject {
-    EnvList* children;
-    EnvList* stage;
-    std::int32_t done; /**< 0 once planned */
-    std::int32_t rule;
-    std::int32_t subLength; /**< N/a */
-    std::int32_t length;    /**< N */
-    std::int32_t lastIndex; /**< 2N - 1 */
-    std::int32_t twoFactor; /**< 2a */
-    std::int32_t inner;     /**< a divided by the lanes */
-    std::int32_t length2;   /**< N */
-    std::int32_t factor;    /**< a */
-};
+struct env5 : AnalysesObject, env5_parameters {};
 static_assert(sizeof(env5) == 60);
+
+struct env7_parameters {
+    std::int32_t subLength; /**< n */
+    std::int32_t length;    /**< N */
+    std::int32_t length2;   /**< N */
+    std::int32_t stride;
+    std::int32_t scratchLength; /**< N */
+    std::int32_t step;
+};
 
 /** An analysis of n points split into f of n/f points. */
 struct env7 : PlanObject {
@@ -141,7 +161,7 @@ struct env7 : PlanObject {
     Real* scratch;          /**< scratchLength elements */
     std::int32_t valid;     /**< 1 once planned */
     std::int32_t subLength; /**< n */
-    std::int32_t factor;    /**< f */
+    std::int32_t factor;    /**< f; found by plan, so that the parameters stand around it */
     std::int32_t length;    /**< N */
     std::int32_t length2;   /**< N */
     std::int32_t stride;
@@ -150,11 +170,7 @@ struct env7 : PlanObject {
 };
 static_assert(sizeof(env7) == 64);
 
-/** Twiddle factors and complex DFTs of f points behind the analyses of n/f points. */
-struct env8 : PlanObject {
-    EnvList* children; /**< always empty */
-    Real* table;
-    std::int32_t rule;
+struct env8_parameters {
     std::int32_t factor; /**< f */
     std::int32_t scratchLength;
     std::int32_t step;
@@ -167,14 +183,12 @@ struct env8 : PlanObject {
     std::int32_t quotient;   /**< n/f */
     envlambda* coefficients;
 };
+
+/** Twiddle factors and complex DFTs of f points behind the analyses of n/f points. */
+struct env8 : TableObject, env8_parameters {};
 static_assert(sizeof(env8) == 72);
 
-/** The analyses of n/f points, straight or by another env7. */
-struct env9 : PlanObject {
-    EnvList* children;
-    EnvList* stage;
-    std::int32_t done; /**< 0 once planned */
-    std::int32_t rule;
+struct env9_parameters {
     std::int32_t subLength; /**< n/f */
     std::int32_t length;
     std::int32_t length2;
@@ -185,6 +199,9 @@ struct env9 : PlanObject {
     std::int32_t step; /**< f parentStep */
     std::int32_t parentStep;
 };
+
+/** The analyses of n/f points, straight or by another env7. */
+struct env9 : AnalysesObject, env9_parameters {};
 static_assert(sizeof(env9) == 68);
 
 }  // namespace dct4::QSVG_ELEMENT

@@ -1,14 +1,10 @@
 #include "dct4/analysis_of_columns.hpp"
 #include "dct4/compute.hpp"
-#include "dct4/recursion.hpp"
+#include "dct4/plan_shape.hpp"
+#include "dct4/rule_switch.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 namespace {
-
-/** Rows of these lengths, which the plans of up to 2048 points have, are addressed by constants. */
-constexpr bool is_direct(int rule, int row) {
-    return row >= 16 && row <= 64 && row >= 1 << rule && row <= 2 << rule;
-}
 
 /** The batch that begins with group `first`. */
 ColumnGroups batch_of(const env5& node, int first) {
@@ -21,56 +17,38 @@ void analyse(const env5& node, const Real* source, Real* destination) {
     const int row = node.twoFactor;
     const AnalysisOfColumns columns{source, destination, row, row / 2};
     const ColumnGroups all{0, node.lastIndex, 0, node.inner};
-    if constexpr (is_direct(kRule, 16)) {
-        if (row == 16) return analyse_direct<kRule, 16>(columns, all);
-    }
-    if constexpr (is_direct(kRule, 32)) {
-        if (row == 32) return analyse_direct<kRule, 32>(columns, all);
-    }
-    if constexpr (is_direct(kRule, 64)) {
-        if (row == 64) return analyse_direct<kRule, 64>(columns, all);
-    }
+    // Rows of the plans without a split are addressed by constants.
+    const auto analyse_rows_of = [&]<int kLength>() {
+        constexpr PlanShape kShape = plan_shape(kLength);
+        if constexpr (kShape.analysis_rule() == kRule) {
+            if (row == kShape.row()) {
+                analyse_direct<kRule, kShape.row()>(columns, all);
+                return true;
+            }
+        }
+        return false;
+    };
+    if (any_length<kShortestTree, kShortestSplit / 2>(analyse_rows_of)) return;
     AnalysisBatches<kRule> batches;
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch)
         analyse_batch<kRule>(columns, batch_of(node, i), batches);
 }
 
 void analyse_recursively(const env5& node, const Real* source, Real* destination) {
-    const auto& child = *static_cast<const env7*>(EnvList_get(node.stage, 0));
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch) {
-        run_split(child, source, destination, batch_of(node, i));
-    }
+    const auto* const child = static_cast<const env7*>(EnvList_get(node.stage, 0));
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch)
+        DCT4(env7_compute)(child, source, destination, batch_of(node, i));
 }
 
 }  // namespace
 
 extern "C" QsvStatus DCT4(env5_compute)(const env5* node, const Real* source, Real* destination) {
-    switch (node->rule) {
-        case 1:
-            analyse<1>(*node, source, destination);
-            break;
-        case 2:
-            analyse<2>(*node, source, destination);
-            break;
-        case 3:
-            analyse<3>(*node, source, destination);
-            break;
-        case 4:
-            analyse<4>(*node, source, destination);
-            break;
-        case 5:
-            analyse<5>(*node, source, destination);
-            break;
-        case 6:
-            analyse<6>(*node, source, destination);
-            break;
-        case 7:
-            analyse_recursively(*node, source, destination);
-            break;
-        default:
-            return qsvStatusBadPlan;
+    if (node->rule == 7) {
+        analyse_recursively(*node, source, destination);
+        return qsvStatusOk;
     }
-    return qsvStatusOk;
+    return for_rule<6>(node->rule,
+                       [&]<int kRule>() { analyse<kRule>(*node, source, destination); });
 }
 
 }  // namespace dct4::QSVG_ELEMENT

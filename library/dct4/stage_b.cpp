@@ -1,6 +1,8 @@
 #include "dct4/batch.hpp"
 #include "dct4/bodies_of_synthesis.hpp"
 #include "dct4/compute.hpp"
+#include "dct4/plan_shape.hpp"
+#include "dct4/rule_switch.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 namespace {
@@ -68,7 +70,7 @@ struct DirectBlocks {
 };
 
 template <int kRule, int kStride>
-void synthesise_direct(const env4& node, const Real* source, Real* destination) {
+[[gnu::noinline]] void synthesise_direct(const env4& node, const Real* source, Real* destination) {
     constexpr int kPoints = 1 << kRule;
     RowsOfBlocks<kRule> rows{source, kPoints, node.table};
     const std::int32_t backward = node.lastIndex - (kPoints - 1) * kStride - (kLanes - 1);
@@ -82,64 +84,34 @@ void synthesise_direct(const env4& node, const Real* source, Real* destination) 
     }
 }
 
-/** Rows this far apart, which the plans of 64 to 65536 points have, are addressed by constants:
- * that is worth more than whole lines, even where rows share all their sets of the cache. */
-constexpr bool is_direct(int rule, int stride) {
-    const int points = 1 << rule;
-    return rule == 6 ? stride >= 32 && stride <= 2048
-                     : rule >= 4 && (stride == points || stride == points / 2);
-}
+/** Up to this length, rows as far apart as a plan has them are addressed by constants: that is
+ * worth more than whole lines, even where rows share all their sets of the cache. */
+constexpr int kLongestDirect = 65536;
 
 template <int kRule>
 void synthesise(const env4& node, const Real* source, Real* destination) {
     const std::int32_t stride = node.subLength;
     const bool is_plain =
         node.lastIndex + 1 == (1 << kRule) * stride && node.twoFactor == 1 << kRule;
-    // Each where it may be the stride of this rule.
-    const auto direct = [&]<int kStride>() {
-        if constexpr (is_direct(kRule, kStride)) {
-            if (is_plain && stride == kStride) {
-                synthesise_direct<kRule, kStride>(node, source, destination);
+    const auto synthesise_rows_of = [&]<int kLength>() {
+        constexpr PlanShape kShape = plan_shape(kLength);
+        if constexpr (kShape.synthesis_rule() == kRule) {
+            if (is_plain && stride == kShape.destination_stride()) {
+                synthesise_direct<kRule, kShape.destination_stride()>(node, source, destination);
                 return true;
             }
         }
         return false;
     };
-    if (direct.template operator()<8>() || direct.template operator()<16>() ||
-        direct.template operator()<32>() || direct.template operator()<64>() ||
-        direct.template operator()<128>() || direct.template operator()<256>() ||
-        direct.template operator()<512>() || direct.template operator()<1024>() ||
-        direct.template operator()<2048>())
-        return;
+    if (any_length<kShortestTree, kLongestDirect>(synthesise_rows_of)) return;
     synthesise_batches<kRule>(node, source, destination);
 }
 
 }  // namespace
 
 extern "C" QsvStatus DCT4(env4_compute)(const env4* node, const Real* source, Real* destination) {
-    switch (node->rule) {
-        case 1:
-            synthesise<1>(*node, source, destination);
-            break;
-        case 2:
-            synthesise<2>(*node, source, destination);
-            break;
-        case 3:
-            synthesise<3>(*node, source, destination);
-            break;
-        case 4:
-            synthesise<4>(*node, source, destination);
-            break;
-        case 5:
-            synthesise<5>(*node, source, destination);
-            break;
-        case 6:
-            synthesise<6>(*node, source, destination);
-            break;
-        default:
-            return qsvStatusBadPlan;
-    }
-    return qsvStatusOk;
+    return for_rule<6>(node->rule,
+                       [&]<int kRule>() { synthesise<kRule>(*node, source, destination); });
 }
 
 }  // namespace dct4::QSVG_ELEMENT

@@ -1,6 +1,7 @@
 #include "dct4/tables.hpp"
 
 #include "dct4/operations.hpp"
+#include "dct4/table_layout.hpp"
 #include "plan/sine_cosine.hpp"
 #include "plan/wrapping.hpp"
 
@@ -31,12 +32,6 @@ class SlotWriter {
     Real* next_;
 };
 
-/** Column pair of the `t`-th group: ascending, but for 32 columns in the order of the digits of
- *  their kernel, whose inner part takes every fourth column. */
-std::int32_t pair_of_group(std::int32_t factor, std::int32_t t) {
-    return factor == 32 ? 16 * (t % 2) + 4 * (t / 2 % 4) + t / 8 : t;
-}
-
 Vector rotation_slot(const envfsplit& rotations, std::int32_t block, std::int32_t column) {
     alignas(Vector) Real lanes[kLanes];
     for (std::int32_t lane = 0; lane < kLanes; ++lane)
@@ -54,15 +49,10 @@ void fill_table(const env4& node) {
     const envfsplit& rotations = *node.coefficients;
     SlotWriter table(node.table);
     for (std::int32_t block = 0; block < node.blocks; ++block) {
-        const auto put_column = [&](std::int32_t index) {
-            table.put(rotation_slot(rotations, block, index));
-            table.put(rotation_slot(rotations, block, index + 1));
-        };
-        if (node.factor == 1) put_column(0);
-        for (std::int32_t t = 0; t < node.factor / 2; ++t) {
-            const std::int32_t first = 2 * pair_of_group(node.factor, t);
-            put_column(first);
-            put_column(2 * node.factor - 2 - first);
+        for (std::int32_t place = 0; place < node.factor; ++place) {
+            const std::int32_t cosine = 2 * rotation_column(node.factor, place);
+            table.put(rotation_slot(rotations, block, cosine));
+            table.put(rotation_slot(rotations, block, cosine + 1));
         }
     }
 }
@@ -74,10 +64,10 @@ std::int32_t env8_table_bytes(std::int32_t factor, std::int32_t blocks) {
 void fill_table(const env8& node) {
     const envlambda& angles = *node.coefficients;
     SlotWriter table(node.table);
-    // Factors of 16 and 32 are split in two, 4 and then the rest, with the angles of each apart.
-    const bool two_stages = node.factor > 8;
-    const std::int32_t outer = two_stages ? node.factor / 4 : node.factor;
-    for (std::int32_t block = 0; two_stages && block < node.blocks; ++block) {
+    const DftTable layout(node.factor);
+    const std::int32_t outer = layout.outer_points();
+    // The inner pairs of all blocks, then the outer ones of all.
+    for (std::int32_t block = 0; layout.has_two_levels() && block < node.blocks; ++block) {
         const Real lambda = owng_TFunc_IIIR_at(&angles, block, 0, 0);
         for (std::int32_t k = 0; k < outer; ++k) {
             const double angle = static_cast<double>(lambda + static_cast<Real>(k)) / outer;

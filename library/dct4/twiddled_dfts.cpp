@@ -1,19 +1,19 @@
 #include "dct4/batch.hpp"
 #include "dct4/bodies_of_dft.hpp"
 #include "dct4/compute.hpp"
-#include "dct4/recursion.hpp"
+#include "dct4/plan_shape.hpp"
+#include "dct4/rule_switch.hpp"
+#include "dct4/table_layout.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 namespace {
 
-/** Places of a block in the table: pairs between the two levels of the longer DFTs, and the others.
- */
+/** Places of a block in the table. */
 template <int kRule>
 struct TablePlaces {
     static constexpr int kPoints = 1 << kRule;
-    static constexpr int kLevels = kRule < 4 ? 1 : 2;
-    static constexpr int kInner = kLevels == 1 ? 0 : 2 * 3 * (kPoints / 4);
-    static constexpr int kOuter = kLevels == 1 ? 2 * (kPoints - 1) : 2 * (kPoints / 4 - 1);
+    static constexpr int kInner = 2 * DftTable(kPoints).inner_pairs();
+    static constexpr int kOuter = 2 * DftTable(kPoints).outer_pairs();
 };
 
 /** Vectors of a block: its rows, `row` elements each, and its part of the table. */
@@ -88,10 +88,12 @@ class BlocksOfDfts {
     }
 
   private:
-    /** Rows at the top of the recursion, in every plan. */
-    static constexpr int kTopRow = 32;
-    static constexpr int kTopQuotient = 16;
-    static constexpr bool kIsDirect = kRule == 3;
+    /** Where the recursion is one split, its rows are addressed by constants, and where it is the
+     * shortest, those of the destination as well. */
+    static constexpr PlanShape kShortest = plan_shape(kShortestSplit);
+    static constexpr int kTopRow = kShortest.row() / 2;
+    static constexpr int kTopQuotient = kShortest.split().part_points();
+    static constexpr bool kIsDirect = kRule == kShortest.split().dft_rule();
 
     /** Where the rows of one block begin, and its parts of the table. */
     struct Block {
@@ -158,39 +160,14 @@ class BlocksOfDfts {
     Batch<2 * kPoints> out_;
 };
 
-QsvStatus transform_blocks(const env8& node, const Real* scratch, Real* destination, int groups) {
-    switch (node.rule) {
-        case 1:
-            BlocksOfDfts<1>(node, destination, groups).run(scratch);
-            break;
-        case 2:
-            BlocksOfDfts<2>(node, destination, groups).run(scratch);
-            break;
-        case 3:
-            BlocksOfDfts<3>(node, destination, groups).run(scratch);
-            break;
-        case 4:
-            BlocksOfDfts<4>(node, destination, groups).run(scratch);
-            break;
-        case 5:
-            BlocksOfDfts<5>(node, destination, groups).run(scratch);
-            break;
-        default:
-            return qsvStatusBadPlan;
-    }
-    return qsvStatusOk;
-}
-
 }  // namespace
 
-QsvStatus run_dfts(const env8& node, const Real* scratch, Real* destination,
-                   const ColumnGroups& where) {
-    return transform_blocks(node, scratch + where.column, destination + where.column, where.groups);
-}
-
 extern "C" QsvStatus DCT4(env8_compute)(const env8* node, const Real* scratch, Real* destination,
-                                        std::int32_t scratch_column, std::int32_t column) {
-    return transform_blocks(*node, scratch + scratch_column, destination + column, 1);
+                                        const ColumnGroups& where) {
+    return for_rule<5>(node->rule, [&]<int kRule>() {
+        BlocksOfDfts<kRule>(*node, destination + where.column, where.groups)
+            .run(scratch + where.column);
+    });
 }
 
 }  // namespace dct4::QSVG_ELEMENT

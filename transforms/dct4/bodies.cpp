@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "kernelgen/graph/transpose.hpp"
+#include "library/dct4/table_layout.hpp"
 
 namespace dct4 {
 namespace {
@@ -147,14 +148,8 @@ Graph analysis_body(Element element, int rule) {
 }
 
 std::vector<int> table_columns(int m) {
-    if (m == 1) return {0};
     std::vector<int> columns;
-    for (int t = 0; t < m / 2; ++t) {
-        const int p = m == 32 ? 16 * (t % 2) + 4 * (t / 2 % 4) + t / 8 : t;
-        // Only half of the pairs are numbered; the others are these from the end.
-        columns.push_back(p);
-        columns.push_back(m - 1 - p);
-    }
+    for (int place = 0; place < m; ++place) columns.push_back(rotation_column(m, place));
     return columns;
 }
 
@@ -176,11 +171,11 @@ Graph synthesis_body(Element element, int rule) {
 }
 
 int inner_places(int rule) {
-    return rule < 4 ? 0 : 2 * 3 * ((1 << rule) / 4);
+    return 2 * DftTable(1 << rule).inner_pairs();
 }
 
 int outer_places(int rule) {
-    return rule < 4 ? 2 * ((1 << rule) - 1) : 2 * ((1 << rule) / 4 - 1);
+    return 2 * DftTable(1 << rule).outer_pairs();
 }
 
 Graph dft_body(Element element, int rule) {
@@ -189,6 +184,7 @@ Graph dft_body(Element element, int rule) {
     const int s = 1 << rule;
     ComplexValues u;
     for (int r = 0; r < s; ++r) u.push_back({load(graph, element, r), load(graph, element, s + r)});
+    const DftTable table(s);
     const int inner_table = 2 * s;
     const int outer_table = inner_table + inner_places(rule);
     const auto turned = [&](Complex z, int place) {
@@ -196,13 +192,15 @@ Graph dft_body(Element element, int rule) {
         const Ref cosine = load(graph, element, place);
         return rotated(graph, z, cosine, sine);
     };
-    const Twiddle outer = [&](int r, Complex z) { return turned(z, outer_table + 2 * (r - 1)); };
+    const Twiddle outer = [&](int r, Complex z) {
+        return turned(z, outer_table + 2 * table.outer_pair(r));
+    };
     const auto inner = [&](int t1, int r1, Complex z) {
-        return turned(z, inner_table + 2 * (3 * t1 + r1 - 1));
+        return turned(z, inner_table + 2 * table.inner_pair(t1, r1));
     };
     store_parts(graph, element,
-                rule < 4 ? twiddled_dft(graph, u, outer)
-                         : twiddled_dft_of_two_levels(graph, u, outer, inner));
+                table.has_two_levels() ? twiddled_dft_of_two_levels(graph, u, outer, inner)
+                                       : twiddled_dft(graph, u, outer));
     return graph;
 }
 

@@ -28,9 +28,12 @@ class Coefficients : public testing::Test {
     }
     envfCompose compose(std::int32_t length, std::int32_t factor) {
         envfCompose object;
-        EXPECT_EQ(&object,
-                  DCT4(envfCompose___init__)(&object, buffer_.arena(), 2 * factor, 8 * length,
-                                             length / (2 * factor), factor, 2 * factor));
+        EXPECT_EQ(&object, DCT4(envfCompose___init__)(&object, buffer_.arena(),
+                                                      {.columns = 2 * factor,
+                                                       .angleBase = 8 * length,
+                                                       .rowCount = length / (2 * factor),
+                                                       .factor = factor,
+                                                       .rowStride = 2 * factor}));
         return object;
     }
 };

@@ -22,16 +22,35 @@ class Subtrees : public testing::Test {
     ArenaBuffer buffer_{1 << 20};
 
     env5* analyses(std::int32_t points) {
-        return DCT4(env5___init__)(allocate<env5>(buffer_.arena()), buffer_.arena(), points, 1024,
-                                   2047, 64, 32 / kLanes, 1024, 32);
+        return DCT4(env5___init__)(allocate<env5>(buffer_.arena()), buffer_.arena(),
+                                   {.subLength = points,
+                                    .length = 1024,
+                                    .lastIndex = 2047,
+                                    .twoFactor = 64,
+                                    .inner = 32 / kLanes,
+                                    .length2 = 1024,
+                                    .factor = 32});
     }
     env9* inner_analyses(std::int32_t points) {
-        return DCT4(env9___init__)(allocate<env9>(buffer_.arena()), buffer_.arena(), points, 1024,
-                                   1024, 128, 64, 2, 1024, 64, 32);
+        return DCT4(env9___init__)(allocate<env9>(buffer_.arena()), buffer_.arena(),
+                                   {.subLength = points,
+                                    .length = 1024,
+                                    .length2 = 1024,
+                                    .stride = 128,
+                                    .parentStride = 64,
+                                    .factor = 2,
+                                    .scratchLength = 1024,
+                                    .step = 64,
+                                    .parentStep = 32});
     }
     env7* split(std::int32_t points, std::int32_t scratch) {
-        return DCT4(env7___init__)(allocate<env7>(buffer_.arena()), buffer_.arena(), points,
-                                   scratch, scratch, 64, scratch, 32);
+        return DCT4(env7___init__)(allocate<env7>(buffer_.arena()), buffer_.arena(),
+                                   {.subLength = points,
+                                    .length = scratch,
+                                    .length2 = scratch,
+                                    .stride = 64,
+                                    .scratchLength = scratch,
+                                    .step = 32});
     }
 
     /** Destroys and releases what was taken first. */
@@ -100,7 +119,15 @@ TEST_F(Subtrees, AgreeWithTheirNeedOnWhichLengthsFail) {
     for (std::int32_t points = 1; points <= 1024; ++points) {
         ArenaBuffer buffer(1 << 18);
         env9* const node = DCT4(env9___init__)(allocate<env9>(buffer.arena()), buffer.arena(),
-                                               points, 64, 64, 128, 64, 2, 64, 64, 32);
+                                               {.subLength = points,
+                                                .length = 64,
+                                                .length2 = 64,
+                                                .stride = 128,
+                                                .parentStride = 64,
+                                                .factor = 2,
+                                                .scratchLength = 64,
+                                                .step = 64,
+                                                .parentStep = 32});
         const QsvStatus status = node->plan(node);
         EXPECT_EQ(status == qsvStatusOk, DCT4(env9_mem)(points, 64) >= 0) << points;
         EXPECT_TRUE(status == qsvStatusOk || status == qsvStatusBadLength) << points;
@@ -113,18 +140,33 @@ TEST_F(Subtrees, AgreeWithTheirNeedOnWhichLengthsFail) {
 
 TEST_F(Subtrees, OfWrongShapesFailAndAreNotValid) {
     envfCompose compose;
-    DCT4(envfCompose___init__)(&compose, buffer_.arena(), 8, 8 * 48, 6, 4, 8);
+    DCT4(envfCompose___init__)
+    (&compose, buffer_.arena(),
+     {.columns = 8, .angleBase = 8 * 48, .rowCount = 6, .factor = 4, .rowStride = 8});
     for (const std::int32_t blocks : {1, 3, kLanes / 2, 3 * kLanes / 2, 2 * kLanes - 1}) {
-        env2* const node = DCT4(env2___init__)(allocate<env2>(buffer_.arena()), buffer_.arena(), 4,
-                                               48, 8, blocks, 48, 95, 12, &compose);
+        env2* const node = DCT4(env2___init__)(allocate<env2>(buffer_.arena()), buffer_.arena(),
+                                               {.factor = 4,
+                                                .length = 48,
+                                                .twoFactor = 8,
+                                                .blocks = blocks,
+                                                .length2 = 48,
+                                                .lastIndex = 95,
+                                                .subLength = 12,
+                                                .coefficients = &compose});
         EXPECT_EQ(-6, node->plan(node)) << blocks;
         EXPECT_EQ(0, node->valid) << blocks;
         EXPECT_EQ(-6, DCT4(env2_mem)(4, blocks)) << blocks;
         expect_all_given_back(node);
     }
     for (const std::int32_t factor : {1, 3, kLanes / 2, 3 * kLanes / 2, kLanes + 1}) {
-        env3* const node = DCT4(env3___init__)(allocate<env3>(buffer_.arena()), buffer_.arena(), 8,
-                                               64, 127, 2 * factor, factor, 64, factor);
+        env3* const node = DCT4(env3___init__)(allocate<env3>(buffer_.arena()), buffer_.arena(),
+                                               {.subLength = 8,
+                                                .length = 64,
+                                                .lastIndex = 127,
+                                                .twoFactor = 2 * factor,
+                                                .inner = factor,
+                                                .length2 = 64,
+                                                .factor = factor});
         EXPECT_EQ(-6, node->plan(node)) << factor;
         EXPECT_EQ(0, node->valid) << factor;
         EXPECT_EQ(-6, DCT4(env3_mem)(8, factor, 64)) << factor;
@@ -134,11 +176,20 @@ TEST_F(Subtrees, OfWrongShapesFailAndAreNotValid) {
 
 TEST_F(Subtrees, OfFactorsWithoutAKernelFail) {
     envfCompose compose;
-    DCT4(envfCompose___init__)(&compose, buffer_.arena(), 6, 8 * 48, 8, 3, 6);
+    DCT4(envfCompose___init__)
+    (&compose, buffer_.arena(),
+     {.columns = 6, .angleBase = 8 * 48, .rowCount = 8, .factor = 3, .rowStride = 6});
     for (const std::int32_t factor : {3, 64, 0}) {
         env2* const rotations =
-            DCT4(env2___init__)(allocate<env2>(buffer_.arena()), buffer_.arena(), factor, 48,
-                                2 * factor, 8, 48, 95, 16, &compose);
+            DCT4(env2___init__)(allocate<env2>(buffer_.arena()), buffer_.arena(),
+                                {.factor = factor,
+                                 .length = 48,
+                                 .twoFactor = 2 * factor,
+                                 .blocks = 8,
+                                 .length2 = 48,
+                                 .lastIndex = 95,
+                                 .subLength = 16,
+                                 .coefficients = &compose});
         EXPECT_EQ(-6, rotations->plan(rotations)) << factor;
         EXPECT_EQ(1, rotations->valid) << factor;
         EXPECT_EQ(0, static_cast<env4*>(EnvList_get(rotations->stage, 0))->rule) << factor;
@@ -147,7 +198,17 @@ TEST_F(Subtrees, OfFactorsWithoutAKernelFail) {
     }
     for (const std::int32_t factor : {1, 3, 64, 0}) {
         env8* const twiddles = DCT4(env8___init__)(allocate<env8>(buffer_.arena()), buffer_.arena(),
-                                                   factor, 64, 4, 8, 2, 64, 32, 63, 4, 16, nullptr);
+                                                   {.factor = factor,
+                                                    .scratchLength = 64,
+                                                    .step = 4,
+                                                    .span = 8,
+                                                    .blocks = 2,
+                                                    .scratchLength2 = 64,
+                                                    .halfLength = 32,
+                                                    .lastIndex = 63,
+                                                    .step2 = 4,
+                                                    .quotient = 16,
+                                                    .coefficients = nullptr});
         EXPECT_EQ(-6, twiddles->plan(twiddles)) << factor;
         EXPECT_EQ(0, twiddles->rule) << factor;
         expect_all_given_back(twiddles);
@@ -158,8 +219,18 @@ TEST_F(Subtrees, WithARuleOutOfRangeReleaseNoTable) {
     envlambda lambda;
     DCT4(envlambda___init__)(&lambda, buffer_.arena(), 32, 2);
     for (const std::int32_t rule : {0, 6, -1, 1000}) {
-        env8* const node = DCT4(env8___init__)(allocate<env8>(buffer_.arena()), buffer_.arena(), 2,
-                                               64, 4, 16, 8, 64, 16, 31, 4, 16, &lambda);
+        env8* const node = DCT4(env8___init__)(allocate<env8>(buffer_.arena()), buffer_.arena(),
+                                               {.factor = 2,
+                                                .scratchLength = 64,
+                                                .step = 4,
+                                                .span = 16,
+                                                .blocks = 8,
+                                                .scratchLength2 = 64,
+                                                .halfLength = 16,
+                                                .lastIndex = 31,
+                                                .step2 = 4,
+                                                .quotient = 16,
+                                                .coefficients = &lambda});
         ASSERT_EQ(0, node->plan(node));
         node->rule = rule;
         node->destroy(node);

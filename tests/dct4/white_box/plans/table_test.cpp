@@ -190,11 +190,23 @@ TEST(Tables, OfRotationsOfAnyFactorAndLength) {
             ArenaBuffer buffer(1 << 16);
             envfCompose compose;
             DCT4(envfCompose___init__)
-            (&compose, buffer.arena(), 2 * factor, 8 * length, rows, factor, 2 * factor);
+            (&compose, buffer.arena(),
+             {.columns = 2 * factor,
+              .angleBase = 8 * length,
+              .rowCount = rows,
+              .factor = factor,
+              .rowStride = 2 * factor});
             env2 node;
             DCT4(env2___init__)
-            (&node, buffer.arena(), factor, length, 2 * factor, rows, length, 2 * length - 1,
-             length / factor, &compose);
+            (&node, buffer.arena(),
+             {.factor = factor,
+              .length = length,
+              .twoFactor = 2 * factor,
+              .blocks = rows,
+              .length2 = length,
+              .lastIndex = 2 * length - 1,
+              .subLength = length / factor,
+              .coefficients = &compose});
             ASSERT_EQ(0, DCT4(env2_plan)(&node)) << factor;
             const auto& rotations = *static_cast<env4*>(EnvList_get(node.stage, 0));
             EXPECT_EQ(reinterpret_cast<std::uint32_t>(rotations.table) +
@@ -217,7 +229,18 @@ TEST(Tables, OfTwiddlesOfAnyFactorAndLength) {
             DCT4(envlambda___init__)(&lambda, buffer.arena(), n, f);
             env8 node;
             DCT4(env8___init__)
-            (&node, buffer.arena(), f, 64, 4, 8 * f, blocks, 64, n / 2, n - 1, 4, n / f, &lambda);
+            (&node, buffer.arena(),
+             {.factor = f,
+              .scratchLength = 64,
+              .step = 4,
+              .span = 8 * f,
+              .blocks = blocks,
+              .scratchLength2 = 64,
+              .halfLength = n / 2,
+              .lastIndex = n - 1,
+              .step2 = 4,
+              .quotient = n / f,
+              .coefficients = &lambda});
             ASSERT_EQ(0, DCT4(env8_plan)(&node)) << f;
             EXPECT_EQ((2 * f - 2) * 16 * blocks, expect_twiddles(node.table, n, n, f));
             node.destroy(&node);

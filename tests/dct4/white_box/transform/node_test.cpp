@@ -5,7 +5,6 @@
 #include <numbers>
 
 #include "dct4/batch.hpp"
-#include "dct4/recursion.hpp"
 #include "support/interpreted_plan.hpp"
 
 namespace qsvgen_test {
@@ -173,8 +172,8 @@ TEST(Dct4Nodes, PartsOfAnAnalysisOfEveryRuleGiveThoseOfTheFormula) {
             WorkSpace scratch(word(length));
             Memory expected(word(length), double{kUnwritten});
             for (int c = 0; c < m; c += kLanes) {
-                EXPECT_EQ(qsvStatusOk, DCT4(env9_compute)(&node, source.data(), scratch.data(), c,
-                                                          2 * length - 1 - 2 * c, c));
+                EXPECT_EQ(qsvStatusOk, DCT4(env9_compute)(&node, source.data(), scratch.data(),
+                                                          {c, 2 * length - 1 - 2 * c, c, 1}));
                 for (int r = 0; r < parts; ++r)
                     interpret_analysis(
                         {points, parts * 2 * m, c + r * 2 * m,
@@ -208,8 +207,8 @@ void expect_parts_of_the_formula(int rule, int parts, int groups, int stride, in
     const env9 node = part_node(rule, parts, stride, spacing);
     WorkSpace source(word(length), 1);
     WorkSpace scratch(scratch_length);
-    EXPECT_EQ(qsvStatusOk,
-              run_parts(node, source.data(), scratch.data(), {0, 2 * length - 1, 0, groups}));
+    EXPECT_EQ(qsvStatusOk, DCT4(env9_compute)(&node, source.data(), scratch.data(),
+                                              {0, 2 * length - 1, 0, groups}));
     EXPECT_TRUE(same_bits<E>(as_signal(expected_parts(rule, parts, groups, stride, spacing, length,
                                                       source, scratch_length)),
                              scratch.signal()))
@@ -279,7 +278,7 @@ TEST(Dct4Nodes, DftsOfEveryRuleAndRowGiveThoseOfTheFormula) {
             WorkSpace destination(dfts.length());
             for (int c = 0; c < spacing; c += kLanes) {
                 EXPECT_EQ(qsvStatusOk, DCT4(env8_compute)(&dfts.node(), dfts.scratch(),
-                                                          destination.data(), c, c));
+                                                          destination.data(), {0, 0, c, 1}));
             }
             EXPECT_TRUE(same_bits<E>(dfts.expected(spacing / kLanes), destination.signal()))
                 << "rule " << rule << ", rows of " << spacing;
@@ -293,8 +292,8 @@ TEST(Dct4Nodes, BatchesOfDftsOfEveryRuleRowAndSizeGiveThoseOfTheFormula) {
             for (int groups = 1; groups <= std::min(kBatch, spacing / kLanes); ++groups) {
                 ThreeBlocks dfts(rule, spacing);
                 WorkSpace destination(dfts.length());
-                EXPECT_EQ(qsvStatusOk, run_dfts(dfts.node(), dfts.scratch(), destination.data(),
-                                                {0, 0, 0, groups}));
+                EXPECT_EQ(qsvStatusOk, DCT4(env8_compute)(&dfts.node(), dfts.scratch(),
+                                                          destination.data(), {0, 0, 0, groups}));
                 EXPECT_TRUE(same_bits<E>(dfts.expected(groups), destination.signal()))
                     << "rule " << rule << ", rows of " << spacing << ", " << groups << " groups";
             }
@@ -318,7 +317,8 @@ TEST(Dct4Nodes, ADftOfTwoGivesTheSumAndTheConjugateOfTheDifference) {
     node.quotient = 2;
     WorkSpace scratch(word(4 * kLanes), 2);
     WorkSpace destination(word(4 * kLanes));
-    EXPECT_EQ(qsvStatusOk, DCT4(env8_compute)(&node, scratch.data(), destination.data(), 0, 0));
+    EXPECT_EQ(qsvStatusOk,
+              DCT4(env8_compute)(&node, scratch.data(), destination.data(), {0, 0, 0, 1}));
     const Signal u = scratch.signal();
     const Signal z = destination.signal();
     for (std::size_t lane = 0; lane < word(kLanes); ++lane) {
@@ -372,8 +372,8 @@ TEST(Dct4Nodes, SplitsOfRulesThatNoPlanReachesAreAnalyses) {
             split.valid = 1;
             WorkSpace source(word(length), 4);
             WorkSpace destination(word(length));
-            EXPECT_EQ(qsvStatusOk, DCT4(env7_compute)(&split, source.data(), destination.data(), 0,
-                                                      2 * length - 1, 0));
+            EXPECT_EQ(qsvStatusOk, DCT4(env7_compute)(&split, source.data(), destination.data(),
+                                                      {0, 2 * length - 1, 0, 1}));
             const Signal x = source.signal();
             const Signal z = destination.signal();
             for (int a = 0; a < n; ++a) {

@@ -129,7 +129,7 @@ TEST(Dct4Refusal, StepsOfTheRecursionOfUnknownRulesTouchNothing) {
         Signal y = pattern(kLength);
         poked.parts().rule = rule;
         EXPECT_EQ(qsvStatusBadPlan,
-                  DCT4(env9_compute)(&poked.parts(), x.data(), y.data(), 0, mirror, 0))
+                  DCT4(env9_compute)(&poked.parts(), x.data(), y.data(), {0, mirror, 0, 1}))
             << rule;
         EXPECT_TRUE(same_bits<E>(pattern(kLength), y)) << rule;
     }
@@ -137,7 +137,8 @@ TEST(Dct4Refusal, StepsOfTheRecursionOfUnknownRulesTouchNothing) {
         PokedPlan poked;
         Signal y = pattern(kLength);
         poked.dfts().rule = rule;
-        EXPECT_EQ(qsvStatusBadPlan, DCT4(env8_compute)(&poked.dfts(), x.data(), y.data(), 0, 0))
+        EXPECT_EQ(qsvStatusBadPlan,
+                  DCT4(env8_compute)(&poked.dfts(), x.data(), y.data(), {0, 0, 0, 1}))
             << rule;
         EXPECT_TRUE(same_bits<E>(pattern(kLength), y)) << rule;
     }
@@ -146,7 +147,7 @@ TEST(Dct4Refusal, StepsOfTheRecursionOfUnknownRulesTouchNothing) {
         Signal y = pattern(kLength);
         poked.split().valid = valid;
         EXPECT_EQ(qsvStatusBadPlan,
-                  DCT4(env7_compute)(&poked.split(), x.data(), y.data(), 0, mirror, 0))
+                  DCT4(env7_compute)(&poked.split(), x.data(), y.data(), {0, mirror, 0, 1}))
             << valid;
         EXPECT_TRUE(same_bits<E>(pattern(kLength), y)) << valid;
         EXPECT_TRUE(same_bits<E>(pattern(kLength), poked.inner_scratch())) << valid;
