@@ -134,6 +134,51 @@ TEST(Proof, WhatStandsBehindTheInputsIsATableAndNoInput) {
                  std::runtime_error);
 }
 
+/** y[0] = x[0] + x[stride], y[stride] = x[0] - x[stride], a stride apart. */
+Graph butterfly(int stride) {
+    Graph g;
+    const Ref a = g.load(Type::Binary32, 0);
+    const Ref b = g.load(Type::Binary32, stride);
+    g.store(g.add(a, b), 0);
+    g.store(g.sub(a, b), stride);
+    return g;
+}
+
+Wide sum_and_difference(int row, int column) {
+    return row == 1 && column == 1 ? -1 : 1;
+}
+
+void expect_caught_between(const Graph& graph) {
+    EXPECT_THROW(kernelgen::prove_between("damaged", graph, {0, 3}, {0, 3}, sum_and_difference),
+                 std::runtime_error);
+}
+
+TEST(Proof, OfElementsAStrideApartPasses) {
+    EXPECT_NO_THROW(
+        kernelgen::prove_between("right", butterfly(3), {0, 3}, {0, 3}, sum_and_difference));
+}
+
+TEST(Proof, OfElementsAStrideApartCatchesAnotherStride) {
+    expect_caught_between(butterfly(2));
+    EXPECT_THROW(
+        kernelgen::prove_between("longer", butterfly(4), {0, 3}, {0, 3}, sum_and_difference),
+        std::out_of_range);
+}
+
+TEST(Proof, OfElementsAStrideApartCatchesAReadInBetween) {
+    Graph g = butterfly(3);
+    g.store(g.add(g.load(Type::Binary32, 1),
+                  g.add(g.load(Type::Binary32, 0), g.load(Type::Binary32, 3))),
+            0);
+    expect_caught_between(g);
+}
+
+TEST(Proof, OfElementsAStrideApartCatchesAWriteInBetween) {
+    Graph g = butterfly(3);
+    g.store(g.load(Type::Binary32, 0), 1);
+    expect_caught_between(g);
+}
+
 TEST(Proof, ItsMessageNamesKernelRowColumnWantedAndGot) {
     Graph g;
     g.store(g.load(Type::Binary32, 0), 0);

@@ -24,14 +24,18 @@ void prove_contiguous(const std::string& what, const Graph& graph, int stages) {
     kernelgen::prove(what, graph, 1 << stages, 1 << stages, hadamard);
 }
 
-// The stride only says where vectors stand; side by side, their matrix has no gaps.
-void prove_columns(const std::string& what, Element element, int stages) {
+/** Of vectors that stand `stride` elements apart. */
+void prove_columns(const std::string& what, const Graph& graph, Element element, int stages,
+                   int stride) {
     const int width = lanes(element);
+    kernelgen::Places places;
+    for (int i = 0; i < 1 << stages; ++i) {
+        for (int lane = 0; lane < width; ++lane) places.push_back(i * stride + lane);
+    }
     const auto entry = [&](int row, int column) -> Wide {
         return row % width == column % width ? hadamard(row / width, column / width) : Wide(0);
     };
-    kernelgen::prove(what, column_body(element, stages, width, Scaling::Last), width << stages,
-                     width << stages, entry);
+    kernelgen::prove_between(what, graph, places, places, entry);
 }
 
 }  // namespace
@@ -75,17 +79,24 @@ Kernel described_kernel(int order, Element element) {
     return kernel;
 }
 
+void prove(const Kernel& kernel) {
+    int stride = 1;
+    for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
+        const Body& body = kernel.bodies[i];
+        const std::string what = kernel.name() + ", " + body.name;
+        if (i == 0)
+            prove_contiguous(what, body.graph, kernel.stages[i]);
+        else
+            prove_columns(what, body.graph, kernel.element, kernel.stages[i], stride);
+        stride <<= kernel.stages[i];
+    }
+    if (sums_of_kernel(kernel) != sums_of_reference(kernel.order))
+        throw std::runtime_error(kernel.name() + " is not the reference sequence sum by sum");
+}
+
 Kernel proven_kernel(int order, Element element) {
     Kernel kernel = described_kernel(order, element);
-    for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
-        const std::string what = kernel.name() + ", " + kernel.bodies[i].name;
-        if (i == 0)
-            prove_contiguous(what, kernel.bodies[i].graph, kernel.stages[i]);
-        else
-            prove_columns(what, element, kernel.stages[i]);
-    }
-    if (sums_of_kernel(kernel) != sums_of_reference(order))
-        throw std::runtime_error(kernel.name() + " is not the reference sequence sum by sum");
+    prove(kernel);
     return kernel;
 }
 

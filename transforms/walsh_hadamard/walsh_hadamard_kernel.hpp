@@ -40,9 +40,12 @@ std::string suffix(Element element);
 Kernel described_kernel(int order, Element element);
 
 /**
- * The kernel, each body proven to be the Hadamard matrix, and the passes together to be the
- * reference sequence sum by sum. Throws std::runtime_error.
+ * Each body, as it is emitted, is the Hadamard matrix over its vectors, and the passes together are
+ * the reference sequence sum by sum; else throws std::runtime_error.
  */
+void prove(const Kernel& kernel);
+
+/** The described kernel, proven. */
 Kernel proven_kernel(int order, Element element);
 
 /** Operations as they are written out: each body once. */

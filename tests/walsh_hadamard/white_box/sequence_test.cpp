@@ -60,6 +60,34 @@ TEST(WalshHadamardSequence, SeesAPassThatLeavesItsArray) {
     EXPECT_THROW(sums_of_kernel(kernel), std::out_of_range);
 }
 
+/** What the proof says of a kernel one of whose bodies was replaced. */
+std::string complaint(int order, std::size_t body, const kernelgen::Graph& graph) {
+    Kernel kernel = described_kernel(order, Element::Real32);
+    kernel.bodies[body].graph = graph;
+    try {
+        prove(kernel);
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+// Order 12 has rows of 64 elements, middle columns of 8 vectors and final columns of 8.
+TEST(WalshHadamardProof, IsOfTheColumnBodiesThatAreEmitted) {
+    const auto wrong_product = [](int stages, int stride) {
+        kernelgen::Graph graph = column_body(Element::Real32, stages, stride, Scaling::None);
+        const auto first = graph.load(kernelgen::Type::Binary32x4, 0);
+        graph.store(first, 0);
+        return graph;
+    };
+    EXPECT_EQ("none", complaint(12, 1, column_body(Element::Real32, 3, 64, Scaling::None)));
+    EXPECT_NE(std::string::npos, complaint(12, 1, wrong_product(3, 64)).find("middle_columns"));
+    EXPECT_NE(std::string::npos, complaint(12, 2, wrong_product(3, 512)).find("final_columns"));
+    EXPECT_NE(std::string::npos,
+              complaint(12, 1, column_body(Element::Real32, 3, 32, Scaling::None))
+                  .find("middle_columns"));
+}
+
 TEST(Expressions, OfSumsDoNotDependOnTheOrderOfTheirTermsAndThoseOfDifferencesDo) {
     const Expression a = Expression::input(0);
     const Expression b = Expression::input(1);
