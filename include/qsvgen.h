@@ -27,7 +27,8 @@
  * - The same bits, in whatever way a size is reached: aligned or not, in place or not, by its own
  *   name or by a size that is an argument, in any thread, built by GCC or Clang. That holds for
  *   rounding to nearest and of the DCT-IV up to 32 elements, since longer ones take their tables
- *   from the C library.
+ *   from the C library. Of an output that is a NaN it holds that it is one, not which: sign and
+ *   payload may differ from one of these ways to the next.
  */
 #ifndef QSVGEN_H
 #define QSVGEN_H

@@ -6,6 +6,7 @@
 
 #include <bit>
 #include <cinttypes>
+#include <cmath>
 #include <cstdio>
 #include <limits>
 #include <string>
@@ -73,6 +74,25 @@ testing::AssertionResult same_bits(const std::vector<typename E::Element>& expec
            << "first different element " << k << ": "
            << show_element<E>(actual[static_cast<std::size_t>(k)]) << " instead of "
            << show_element<E>(expected[static_cast<std::size_t>(k)]);
+}
+
+/** Two NaNs count as equal, whatever their bits, and nothing else counts as equal to one. */
+template <class E>
+testing::AssertionResult same_bits_or_nan(const std::vector<typename E::Element>& expected,
+                                          const std::vector<typename E::Element>& actual) {
+    const auto take_nan = [](const auto& from, auto& to) {
+        if (std::isnan(from) && std::isnan(to)) to = from;
+    };
+    auto without_nan_bits = actual;
+    for (std::size_t i = 0; i < actual.size() && i < expected.size(); ++i) {
+        if constexpr (kIsReal<E>) {
+            take_nan(expected[i], without_nan_bits[i]);
+        } else {
+            take_nan(expected[i].re, without_nan_bits[i].re);
+            take_nan(expected[i].im, without_nan_bits[i].im);
+        }
+    }
+    return same_bits<E>(expected, without_nan_bits);
 }
 
 }  // namespace qsvgen_test

@@ -160,17 +160,6 @@ std::vector<typename E::Real> reference_wht(std::vector<typename E::Real> x, std
     return x;
 }
 
-/** Two NaN count as equal, whatever their bits. */
-template <class E>
-testing::AssertionResult same_bits_or_nan(const std::vector<typename E::Real>& expected,
-                                          const std::vector<typename E::Real>& actual) {
-    auto without_nan_bits = actual;
-    for (std::size_t i = 0; i < actual.size() && i < expected.size(); ++i) {
-        if (std::isnan(actual[i]) && std::isnan(expected[i])) without_nan_bits[i] = expected[i];
-    }
-    return same_bits<E>(expected, without_nan_bits);
-}
-
 /** A work buffer of exactly the promised size, full of NaNs, with watched bytes around it. */
 struct WorkBuffer {
     explicit WorkBuffer(int bytes) : bytes_(static_cast<std::size_t>(bytes), 0, std::byte{0xFF}) {}
