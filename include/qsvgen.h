@@ -137,7 +137,8 @@ QSVG_API const LibraryVersion* qsvgenGetLibVersion(void);
  * **Layout and sizes.** x (src) and y (dst) hold N complex elements each, re before im, in natural
  * order.
  *
- * **Precision.** All arithmetic is of the element's own type.
+ * **Precision.** All arithmetic is of the element's own type, but for lengths 3 and 5 of Complex32:
+ * they form products by constants, and sums with these, in binary64 and round each result once.
  *
  * **Aliasing.** src and dst may be the same array, with the same bits as out of place. A partial
  * overlap is not supported.
@@ -212,8 +213,9 @@ QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_DFT_COMPLEX)
  * Pack and Perm have N elements, CCS has N + 2 for even and N + 1 for odd N. A forward transform
  * writes the two zeros of CCS as +0, an inverse one does not read them.
  *
- * **Precision.** Of Real32 elements, products by constants are formed in binary64 and rounded to
- * binary32 between the stages; of Real64 elements all is binary64.
+ * **Precision.** Of Real32 elements, values pass from stage to stage in binary32. A product by a
+ * constant, and a sum of such products, is formed in binary64 and rounded to binary32 once at its
+ * end. Of Real64 elements all is binary64.
  *
  * **Aliasing.** src and dst may be the same array, if that is large enough for both, with the same
  * bits as out of place. A partial overlap is not supported.

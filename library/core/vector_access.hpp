@@ -25,7 +25,8 @@ struct Unaligned {
     static void store(double* p, __m128d v) { _mm_storeu_pd(p, v); }
 };
 
-/** Vectors of binary64 anywhere, an element at a time. */
+/** Vectors of binary64 anywhere, written an element at a time; GCC and Clang join the two moves
+ * into one of a whole vector. */
 struct Halves {
     static __m128d load(const double* p) { return _mm_loadh_pd(_mm_load_sd(p), p + 1); }
     static void store(double* p, __m128d v) {

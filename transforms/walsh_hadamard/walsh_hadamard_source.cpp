@@ -19,7 +19,7 @@ struct Spelling {
 };
 
 const Spelling& spelling(Element element) {
-    // Unaligned vectors of binary64 are moved by halves.
+    // Unaligned vectors of binary64 are written as two halves, of which compilers make one move.
     static const Spelling single{"single", "Real32", "__m128", "_mm_load_ps", "core::Unaligned"};
     static const Spelling doubled{"double", "Real64", "__m128d", "_mm_load_pd", "core::Halves"};
     return element == Element::Real32 ? single : doubled;

@@ -131,7 +131,7 @@ TYPED_TEST(MachineCode, AKernelCallsNothingButItsTwinAndTheReadingOfItsAddress) 
     });
 }
 
-/** A short kernel of 64fc holds both copies in itself, so that the first one may end so. */
+/** A short kernel of 64fc is written with both copies in itself, so that the first may end so. */
 template <class E>
 bool ends_first_copy(const Kernel<E>& kernel, const Function& function,
                      const Instruction& instruction) {

@@ -34,8 +34,8 @@ TEST(Counts, NoSinglePrecisionKernelTakesMoreArithmeticThanItsRowOfTheTable) {
     });
 }
 
-/** How often the function of a row holds the arithmetic: short ones hold a copy for arrays on
- * 16-byte boundaries and one for others, and their rows count both. */
+/** How often the function of a row is written with the arithmetic: short ones have a copy for
+ * arrays on 16-byte boundaries and one for others, and their rows count both, merged or not. */
 int copies(int length) {
     return length <= 4 ? 2 : 1;
 }

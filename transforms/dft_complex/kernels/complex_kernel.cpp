@@ -24,7 +24,8 @@ std::string Kernel::name() const {
 }
 
 std::string Kernel::twin_name() const {
-    // Short kernels serve any array: scalars do by themselves, the others hold both copies.
+    // Short kernels serve any array: scalars do by themselves, the others are written
+    // with both copies in one function, which a compiler may merge.
     if (length <= (element == Element::Complex32 ? 5 : 4)) return {};
     return "owng" + name().substr(4) + "_unaligned";
 }
