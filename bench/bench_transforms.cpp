@@ -15,6 +15,7 @@
 #include "kernel_family.hpp"
 #include "options.hpp"
 #include "peer_figures.hpp"
+#include "program.hpp"
 #include "report.hpp"
 #include "transform_case.hpp"
 #include "transform_library.hpp"
@@ -24,12 +25,6 @@ namespace {
 
 constexpr int kShortest = 2;
 constexpr int kLongest = 64;
-
-#ifdef __clang__
-constexpr const char* kOwnCompiler = __VERSION__;
-#else
-constexpr const char* kOwnCompiler = "GCC " __VERSION__;
-#endif
 
 struct Libraries {
     TransformLibrary ours;
@@ -158,22 +153,14 @@ int Run(Options options) {
     return all_measured ? 0 : 1;
 }
 
+int Main(int argc, char** argv) {
+    Options options = ParseOptions(argc, argv);
+    return options.help ? 0 : Run(std::move(options));
+}
+
 }  // namespace
 }  // namespace bench
 
 int main(int argc, char** argv) {
-    try {
-        bench::Options options = bench::ParseOptions(argc, argv);
-        if (options.help) {
-            std::cout << bench::kUsage;
-            return 0;
-        }
-        return bench::Run(std::move(options));
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "bench_transforms: " << error.what() << '\n' << bench::kUsage;
-        return 2;
-    } catch (const std::exception& error) {
-        std::cerr << "bench_transforms: " << error.what() << '\n';
-        return 1;
-    }
+    return bench::Run("bench_transforms", bench::kUsage, bench::Main, argc, argv);
 }

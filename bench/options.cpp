@@ -2,7 +2,9 @@
 
 #include <stdexcept>
 #include <string_view>
-#include <utility>
+#include <vector>
+
+#include "program.hpp"
 
 namespace bench {
 
@@ -43,7 +45,7 @@ Options ParseOptions(int argc, char** argv) {
     options.peer_figures = DEFAULT_PEER_FIGURES;
     options.for_google_benchmark.push_back(argv[0]);
     std::string layout = "ccs";
-    const std::pair<std::string_view, std::string*> texts[] = {
+    const TextOptions texts = {
         {"--type=", &options.type},
         {"--layout=", &layout},
         {"--filter=", &options.filter},
@@ -52,25 +54,13 @@ Options ParseOptions(int argc, char** argv) {
         {"--out=", &options.out},
         {"--peer-figures=", &options.peer_figures},
     };
+    std::vector<char*> own = {argv[0]};
     for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        bool known = true;
-        if (argument == "--help") {
-            options.help = true;
-        } else if (argument == "--quick") {
-            options.quick = true;
-        } else if (argument.starts_with("--benchmark_")) {
-            options.for_google_benchmark.push_back(argv[i]);
-        } else {
-            known = false;
-            for (const auto& [name, text] : texts) {
-                if (!argument.starts_with(name)) continue;
-                *text = argument.substr(name.size());
-                known = true;
-            }
-        }
-        if (!known) throw std::invalid_argument("unknown option '" + std::string(argument) + "'");
+        const bool is_own = !std::string_view(argv[i]).starts_with("--benchmark_");
+        (is_own ? own : options.for_google_benchmark).push_back(argv[i]);
     }
+    options.help =
+        !ReadOptions(static_cast<int>(own.size()), own.data(), kUsage, texts, options.quick);
     options.layout = LayoutNamed(layout);
     return options;
 }

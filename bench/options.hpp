@@ -15,8 +15,8 @@ struct Options {
     std::string filter;  ///< regular expression on names such as dft_real/fwd/15/32f
     std::string out;     ///< where the figures go, without their endings, or empty
     std::string peer_figures;
-    bool quick = false;  ///< fewer rounds: a first look, not a result
-    bool help = false;
+    bool quick = false;                       ///< fewer rounds: a first look, not a result
+    bool help = false;                        ///< was asked for and has been given
     std::vector<char*> for_google_benchmark;  ///< the program's name and all --benchmark_ options
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/** @file @brief What the programs that measure one family alike have in common. */
+/** @file @brief What the programs that measure have in common. */
 
 #include <fstream>
 #include <string>

@@ -1,10 +1,9 @@
 #include "command_line.hpp"
 
-#include <charconv>
 #include <string>
 #include <string_view>
 
-#include "common/error.hpp"
+#include "common/arguments.hpp"
 #include "overlap_add.hpp"
 
 namespace convolve {
@@ -24,50 +23,31 @@ const char* const kUsage =
 namespace {
 
 [[noreturn]] void WrongUse(const std::string& what) {
-    throw example::Error(example::ExitCode::kBadInput, what + "\n" + kUsage);
+    example::WrongUse(what, kUsage);
 }
 
+/** Leaves `number` as it is where the option is not given. */
 template <typename Number>
-Number Parse(std::string_view option, std::string_view text) {
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        WrongUse(std::string(option) + " needs a number instead of '" + std::string(text) + "'.");
-    }
-    return number;
+void TakeNumber(const example::Arguments& arguments, std::string_view option, Number& number) {
+    const auto text = arguments.value(option);
+    if (!text) return;
+    const auto parsed = example::ParseNumber<Number>(*text);
+    if (!parsed)
+        WrongUse(std::string(option) + " needs a number instead of '" + std::string(*text) + "'.");
+    number = *parsed;
 }
 
 }  // namespace
 
-std::optional<CommandLine> ParseCommandLine(std::span<char* const> arguments) {
+std::optional<CommandLine> ParseCommandLine(std::span<char* const> words) {
+    const example::Arguments arguments(
+        words, {.flags = {}, .with_values = {"-o", "--cutoff", "--taps"}, .hint = kUsage});
+    if (arguments.wants_help()) return std::nullopt;
     CommandLine command_line;
-    bool only_names = false;
-    bool named = false;
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        const std::string_view argument = arguments[i];
-        if (only_names || !argument.starts_with('-')) {
-            if (named) WrongUse("One recording at a time.");
-            command_line.recording = argument;
-            named = true;
-        } else if (argument == "--") {
-            only_names = true;
-        } else if (argument == "--help") {
-            return std::nullopt;
-        } else if (argument == "-o" || argument == "--cutoff" || argument == "--taps") {
-            if (++i == arguments.size()) WrongUse(std::string(argument) + " needs a value.");
-            const std::string_view value = arguments[i];
-            if (argument == "-o") {
-                command_line.wav = value;
-            } else if (argument == "--cutoff") {
-                command_line.cutoff = Parse<double>(argument, value);
-            } else {
-                command_line.taps = Parse<size_t>(argument, value);
-            }
-        } else {
-            WrongUse("Unknown option '" + std::string(argument) + "'.");
-        }
-    }
-    if (command_line.recording.empty()) WrongUse("Name a recording.");
+    command_line.recording = arguments.recording(command_line.recording);
+    command_line.wav = arguments.value("-o").value_or(command_line.wav.native());
+    TakeNumber(arguments, "--cutoff", command_line.cutoff);
+    TakeNumber(arguments, "--taps", command_line.taps);
     if (command_line.taps < 1 || command_line.taps > kMaxTaps) {
         WrongUse("The filter has 1 to " + std::to_string(kMaxTaps) + " taps.");
     }

@@ -18,6 +18,6 @@ struct CommandLine {
 extern const char* const kUsage;
 
 /** Nothing where the user asked for help; throws example::Error on wrong use. */
-std::optional<CommandLine> ParseCommandLine(std::span<char* const> arguments);
+std::optional<CommandLine> ParseCommandLine(std::span<char* const> words);
 
 }  // namespace convolve

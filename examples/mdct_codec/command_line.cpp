@@ -1,10 +1,9 @@
 #include "command_line.hpp"
 
-#include <charconv>
 #include <string>
 #include <string_view>
 
-#include "common/error.hpp"
+#include "common/arguments.hpp"
 #include "quantiser.hpp"
 
 namespace mdct_codec {
@@ -25,15 +24,13 @@ const char* const kUsage =
 namespace {
 
 [[noreturn]] void WrongUse(const std::string& what) {
-    throw example::Error(example::ExitCode::kBadInput, what + "\n" + kUsage);
+    example::WrongUse(what, kUsage);
 }
 
 std::optional<int> ParseBits(std::string_view text) {
     if (text == "none") return std::nullopt;
-    int bits = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), bits);
-    if (error != std::errc() || end != text.data() + text.size() || bits < kFewestBits ||
-        bits > kMostBits) {
+    const auto bits = example::ParseNumber<int>(text);
+    if (!bits || *bits < kFewestBits || *bits > kMostBits) {
         WrongUse("--bits needs a number from " + std::to_string(kFewestBits) + " to " +
                  std::to_string(kMostBits) + ", or none, instead of '" + std::string(text) + "'.");
     }
@@ -42,32 +39,14 @@ std::optional<int> ParseBits(std::string_view text) {
 
 }  // namespace
 
-std::optional<CommandLine> ParseCommandLine(std::span<char* const> arguments) {
+std::optional<CommandLine> ParseCommandLine(std::span<char* const> words) {
+    const example::Arguments arguments(
+        words, {.flags = {}, .with_values = {"-o", "--bits"}, .hint = kUsage});
+    if (arguments.wants_help()) return std::nullopt;
     CommandLine command_line;
-    bool only_names = false;
-    bool named = false;
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        const std::string_view argument = arguments[i];
-        if (only_names || !argument.starts_with('-')) {
-            if (named) WrongUse("One recording at a time.");
-            command_line.recording = argument;
-            named = true;
-        } else if (argument == "--") {
-            only_names = true;
-        } else if (argument == "--help") {
-            return std::nullopt;
-        } else if (argument == "-o" || argument == "--bits") {
-            if (++i == arguments.size()) WrongUse(std::string(argument) + " needs a value.");
-            if (argument == "-o") {
-                command_line.wav = arguments[i];
-            } else {
-                command_line.bits = ParseBits(arguments[i]);
-            }
-        } else {
-            WrongUse("Unknown option '" + std::string(argument) + "'.");
-        }
-    }
-    if (command_line.recording.empty()) WrongUse("Name a recording.");
+    command_line.recording = arguments.recording(command_line.recording);
+    command_line.wav = arguments.value("-o").value_or(command_line.wav.native());
+    if (const auto bits = arguments.value("--bits")) command_line.bits = ParseBits(*bits);
     if (command_line.wav.empty()) WrongUse("Name a file for the result.");
     std::error_code ignored;
     for (const auto& result : {command_line.wav, command_line.png()}) {

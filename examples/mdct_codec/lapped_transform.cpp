@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <stdexcept>
 
 #include "common/error.hpp"
 
@@ -50,8 +51,10 @@ LappedTransform::~LappedTransform() {
 
 Coefficients LappedTransform::Transform(const Coefficients& folded) {
     const float scale = std::sqrt(2.0F / kBands);
-    Coefficients result;
-    qsvgDCT4_32f(folded.data(), result.data(), plan_);
+    Coefficients result{};
+    if (qsvgDCT4_32f(folded.data(), result.data(), plan_) != qsvStatusOk) {
+        throw std::logic_error("the transform refused valid arguments");
+    }
     for (float& value : result) value *= scale;
     return result;
 }

@@ -1,11 +1,10 @@
 #include "command_line.hpp"
 
-#include <charconv>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "common/error.hpp"
+#include "common/arguments.hpp"
 #include "common/gnuplot.hpp"
 
 namespace qsvg_tool {
@@ -46,9 +45,14 @@ for example: qsvg-tool transform dft-complex 15 32fc signal.txt > spectrum.txt
              qsvg-tool transform dft-complex 15 32fc --inverse --scale inv-by-n spectrum.txt
 )";
 
+namespace {
+
+constexpr const char* kHint = "Try 'qsvg-tool --help' for all families, types and options.";
+
+}  // namespace
+
 void WrongUse(const std::string& what) {
-    throw example::Error(example::ExitCode::kBadInput,
-                         what + "\nTry 'qsvg-tool --help' for all families, types and options.");
+    example::WrongUse(what, kHint);
 }
 
 namespace {
@@ -90,11 +94,10 @@ Family ParseFamily(std::string_view text) {
 }
 
 int32_t ParseLength(std::string_view text) {
-    int32_t length = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), length);
-    if (error != std::errc() || end != text.data() + text.size())
+    const auto length = example::ParseNumber<int32_t>(text);
+    if (!length)
         WrongUse("The length must be a whole number, such as 16, not " + Quote(text) + ".");
-    return length;
+    return *length;
 }
 
 bool ParseIsDouble(std::string_view text, Family family) {
@@ -103,57 +106,17 @@ bool ParseIsDouble(std::string_view text, Family family) {
     return Choose<bool>(types, text, "The type of " + std::string(words.name));
 }
 
-/** The words of a command line, told apart. */
-struct Parts {
-    std::vector<std::string_view> names;
-    bool is_inverse = false;
-    std::optional<std::string_view> layout;
-    std::optional<std::string_view> scale;
-    std::optional<std::string_view> plot;
-    bool wants_help = false;
-};
-
-Parts TellApart(std::span<char* const> arguments) {
-    Parts parts;
-    bool only_names = false;
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        const std::string_view argument = arguments[i];
-        const auto value = [&] {
-            if (++i == arguments.size()) WrongUse(std::string(argument) + " needs a value.");
-            return std::string_view(arguments[i]);
-        };
-        if (only_names || argument == "-" || !argument.starts_with('-')) {
-            parts.names.push_back(argument);
-        } else if (argument == "--") {
-            only_names = true;
-        } else if (argument == "--help") {
-            parts.wants_help = true;
-        } else if (argument == "--inverse") {
-            parts.is_inverse = true;
-        } else if (argument == "--layout") {
-            parts.layout = value();
-        } else if (argument == "--scale") {
-            parts.scale = value();
-        } else if (argument == "--plot") {
-            parts.plot = value();
-        } else {
-            WrongUse("There is no option " + Quote(argument) + ".");
-        }
-    }
-    return parts;
-}
-
-void RefuseWhatTheFamilyLacks(const Parts& parts, Family family) {
+void RefuseWhatTheFamilyLacks(const example::Arguments& arguments, Family family) {
     const FamilyWords& words = WordsOf(family);
     const std::string name(words.name);
-    if (parts.is_inverse && !words.has_inverse) {
+    if (arguments.has("--inverse") && !words.has_inverse) {
         WrongUse(name + " is its own inverse up to a factor: leave --inverse out, and " +
                  (words.has_flag ? "take --scale inv-by-n one way or by-sqrt-n both ways."
                                  : "multiply by 2/LENGTH one way."));
     }
-    if (parts.layout && !words.has_layout)
+    if (arguments.has("--layout") && !words.has_layout)
         WrongUse("Only dft-real has layouts: leave --layout out for " + name + ".");
-    if (parts.scale && !words.has_flag && *parts.scale != "none")
+    if (!words.has_flag && arguments.value("--scale").value_or("none") != "none")
         WrongUse(name + " is never scaled: leave --scale out, and scale its result yourself.");
 }
 
@@ -171,11 +134,16 @@ void RefuseToOverwriteTheInput(const CommandLine& command_line) {
 
 }  // namespace
 
-CommandLine ParseCommandLine(std::span<char* const> arguments) {
-    const Parts parts = TellApart(arguments);
+CommandLine ParseCommandLine(std::span<char* const> words) {
+    const example::Arguments arguments(
+        words,
+        {.flags = {"--inverse"}, .with_values = {"--layout", "--scale", "--plot"}, .hint = kHint});
     CommandLine command_line;
-    if (parts.wants_help) return command_line;
-    const auto& names = parts.names;
+    if (arguments.wants_help()) return command_line;
+    const auto& names = arguments.names();
+    const auto layout = arguments.value("--layout");
+    const auto scale = arguments.value("--scale");
+    const auto plot = arguments.value("--plot");
     if (names.empty()) WrongUse("Say what to do: 'qsvg-tool transform ...' or 'explain ...'.");
     command_line.action = Choose<Action>(kActions, names[0], "The first word");
     const bool transforms = command_line.action == Action::kTransform;
@@ -188,19 +156,19 @@ CommandLine ParseCommandLine(std::span<char* const> arguments) {
     request.family = ParseFamily(names[1]);
     request.length = ParseLength(names[2]);
     request.is_double = ParseIsDouble(names[3], request.family);
-    if (!transforms && (parts.scale || parts.plot || names.size() > 4))
+    if (!transforms && (scale || plot || names.size() > 4))
         WrongUse("explain takes neither --scale nor --plot nor a file.");
     if (names.size() > 5) WrongUse("One file at a time: there is also " + Quote(names[5]) + ".");
-    RefuseWhatTheFamilyLacks(parts, request.family);
+    RefuseWhatTheFamilyLacks(arguments, request.family);
 
-    request.is_inverse = parts.is_inverse;
-    if (parts.layout) request.layout = Choose<Layout>(kLayouts, *parts.layout, "The layout");
-    if (parts.scale) request.flag = Choose<int32_t>(kScales, *parts.scale, "The scale");
+    request.is_inverse = arguments.has("--inverse");
+    if (layout) request.layout = Choose<Layout>(kLayouts, *layout, "The layout");
+    if (scale) request.flag = Choose<int32_t>(kScales, *scale, "The scale");
     if (names.size() == 5) command_line.input = names[4];
-    if (parts.plot) {
-        command_line.plot = *parts.plot;
+    if (plot) {
+        command_line.plot = *plot;
         if (command_line.plot.extension() != ".png")
-            WrongUse("The plot must be called FILE.png, not " + Quote(*parts.plot) + ".");
+            WrongUse("The plot must be called FILE.png, not " + Quote(*plot) + ".");
         RefuseToOverwriteTheInput(command_line);
     }
     return command_line;

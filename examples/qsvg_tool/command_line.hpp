@@ -22,7 +22,7 @@ struct CommandLine {
 extern const char* const kUsage;
 
 /** Throws example::Error on wrong use. Whether the library has the length is not looked at. */
-CommandLine ParseCommandLine(std::span<char* const> arguments);
+CommandLine ParseCommandLine(std::span<char* const> words);
 
 /** Throws an example::Error that says what is wrong and what to do. */
 [[noreturn]] void WrongUse(const std::string& what);

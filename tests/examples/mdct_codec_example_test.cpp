@@ -192,5 +192,16 @@ TEST_F(MdctCodecExample, ExitsWithOneAndWritesNothingWhereTheTransformIsWrong) {
     EXPECT_FALSE(fs::exists(result_));
 }
 
+TEST_F(MdctCodecExample, EndsWithAFailureWhereTheTransformRefuses) {
+    for (const char* bits : {"none", "8"}) {
+        const auto result =
+            run({"--bits", bits, write(noise(1000))}, MDCT_CODEC_WITH_REFUSING_TRANSFORM_PATH);
+        EXPECT_EQ(1, result.exit_code) << result.output;
+        EXPECT_NE(std::string::npos, result.output.find("refused")) << result.output;
+        EXPECT_FALSE(fs::exists(result_)) << bits;
+        EXPECT_FALSE(fs::exists(plot_)) << bits;
+    }
+}
+
 }  // namespace
 }  // namespace qsvgen_test
