@@ -1,6 +1,6 @@
 #include "explain.hpp"
 #include "kernel_facts.hpp"
-#include "transforms/dft_real/decompositions/real_dft.hpp"
+#include "transforms/dft_real/decompositions/decomposition.hpp"
 #include "transforms/dft_real/kernels/real_dft_kernel.hpp"
 #include "transforms/hartley/hartley_kernel.hpp"
 #include "transforms/hartley/hartley_transform.hpp"
@@ -8,7 +8,9 @@
 namespace qsvg_tool {
 namespace {
 
+using dft_real::Decomposition;
 using dft_real::Kind;
+using dft_real::Method;
 using dft_real::Order;
 
 std::string Product(const Order& order) {
@@ -21,69 +23,54 @@ std::string Indent(size_t depth) {
     return std::string(2 * depth, ' ');
 }
 
-void AddOrder(Section& section, const Order& order, Kind kind, size_t depth);
-
-void AddConvolution(Section& section, int prime, const Order& inner, Kind kind, size_t depth) {
-    section.lines.push_back({Indent(depth) + std::to_string(prime) +
-                             ": Rader, a cyclic convolution of " + std::to_string(prime - 1)});
-    AddOrder(section, inner, kind, depth + 1);
+std::string MethodOf(const Decomposition& network) {
+    const int length = dft_real::length_of(network.order);
+    switch (network.method) {
+        case Method::BetweenTwos:
+            return "the two stages of 4 points stand at the ends";
+        case Method::Coprime:
+            return "Good-Thomas (coprime parts), no twiddle factors";
+        case Method::PowerOfTwo:
+            if (length == 2) return "a sum and a difference";
+            return network.is_inverse ? "split radix" : "halves, odd bins by radix 4";
+        case Method::PowerOfOddPrime:
+            return "Cooley-Tukey, twiddle factors between";
+        case Method::Dense:
+            return "dense, a row a bin";
+        case Method::Rader:
+            return "Rader, a cyclic convolution of " + std::to_string(length - 1);
+    }
+    return {};
 }
 
-/** What the network of a prime takes: for small ones a row of products for each bin. */
-void AddPrime(Section& section, int prime, Kind kind, size_t depth) {
-    const Order& inner = dft_real::row_of(prime).order_of(kind);
-    if (dft_real::length_of(inner) == prime)
-        section.lines.push_back({Indent(depth) + std::to_string(prime) + ": dense, a row a bin"});
-    else
-        AddConvolution(section, prime, inner, kind, depth);
-}
-
-/** `kind` is that of the real DFT: forward or inverse. */
-void AddOrder(Section& section, const Order& order, Kind kind, size_t depth) {
-    const int length = dft_real::length_of(order);
-    const std::string head =
-        Indent(depth) + std::to_string(length) + (order.size() > 1 ? " = " + Product(order) : "");
-    const dft_real::CoprimeParts parts = dft_real::coprime_parts(order);
-    if (!parts.second.empty()) {
-        const bool are_coprime =
-            dft_real::length_of(parts.first) % 2 != 0 || dft_real::length_of(parts.second) % 2 != 0;
-        if (!are_coprime) {
-            section.lines.push_back({head + ": the two stages of 4 points stand at the ends"});
-            AddOrder(section, {order.begin() + 1, order.end() - 1}, kind, depth + 1);
-            return;
+void AddNetwork(Section& section, const Decomposition& network, size_t depth) {
+    const Order& order = network.order;
+    section.lines.push_back({Indent(depth) + std::to_string(dft_real::length_of(order)) +
+                             (order.size() > 1 ? " = " + Product(order) : "") + ": " +
+                             MethodOf(network)});
+    const bool is_convolution = network.method == Method::Rader;
+    for (const Decomposition& part : network.parts) {
+        if (is_convolution) {
+            const bool has_all_bins = part.is_inverse == network.is_inverse;
+            section.lines.push_back({Indent(depth + 1) + (part.is_inverse ? "out of" : "into") +
+                                     " it" + (has_all_bins ? "" : ", even bins")});
         }
-        section.lines.push_back({head + ": Good-Thomas (coprime parts), no twiddle factors"});
-        AddOrder(section, parts.first, kind, depth + 1);
-        AddOrder(section, parts.second, kind, depth + 1);
-    } else if (order.front() % 2 == 0) {
-        section.lines.push_back({head + (length <= 2             ? ": a sum and a difference"
-                                         : kind == Kind::Forward ? ": halves, odd bins by radix 4"
-                                                                 : ": split radix")});
-    } else if (order.size() > 1) {
-        section.lines.push_back({head + ": Cooley-Tukey, twiddle factors between"});
-    } else {
-        AddPrime(section, length, kind, depth);
+        AddNetwork(section, part, depth + (is_convolution ? 2 : 1));
     }
 }
 
 Section RuleOf(int length, Kind kind) {
-    const Order& order = dft_real::row_of(length).order_of(kind);
     Section section{"rule"};
-    section.lines.push_back({"order of stages", Product(order)});
-    Kind of_dft = kind;
+    section.lines.push_back({"order of stages", Product(dft_real::row_of(length).order_of(kind))});
     if (kind == Kind::Hartley) {
         const bool closing = hartley::pair_stage(length) == hartley::PairStage::Closing;
         section.lines.push_back(
             {closing ? "sums and differences of pairs of outputs, behind the forward real DFT of"
                      : "sums and differences of pairs of inputs, before the inverse real DFT of"});
-        of_dft = closing ? Kind::Forward : Kind::Inverse;
+        AddNetwork(section, hartley::decomposition(length), 0);
+    } else {
+        AddNetwork(section, dft_real::decomposition(length, kind), 0);
     }
-    if (dft_real::length_of(order) == length && order.size() == 1 && length % 2 != 0)
-        section.lines.push_back({std::to_string(length) + ": dense, a row a bin"});
-    else if (dft_real::length_of(order) == length)
-        AddOrder(section, order, of_dft, 0);
-    else
-        AddConvolution(section, length, order, of_dft, 0);
     return section;
 }
 

@@ -7,7 +7,9 @@
 #include <limits>
 #include <numbers>
 #include <regex>
+#include <set>
 
+#include "support/kernel.hpp"
 #include "support/manifest.hpp"
 #include "support/tool.hpp"
 
@@ -150,6 +152,47 @@ TEST_F(ToolExplain, TheOrdersOfRealTransformsInWords) {
     EXPECT_TRUE(tells(explain("dft-real 64 64f --inverse"), ": split radix"));
     EXPECT_TRUE(tells(explain("hartley 8 32f"), "behind the forward real DFT"));
     EXPECT_TRUE(tells(explain("hartley 64 32f"), "before the inverse real DFT"));
+}
+
+/** Lengths of the convolutions that are told of. */
+std::set<int> convolutions(const std::string& text) {
+    std::set<int> lengths;
+    const std::regex line(": Rader, a cyclic convolution of (\\d+)");
+    for (std::sregex_iterator i(text.begin(), text.end(), line), end; i != end; ++i)
+        lengths.insert(std::stoi((*i)[1]));
+    return lengths;
+}
+
+/** Lengths that the network divides by, which a convolution alone does: 1/10, 1/12 and so on. */
+std::set<int> divided_by(const std::string& text) {
+    std::set<int> lengths;
+    const std::regex constant(" = 1/(\\d+)");
+    for (std::sregex_iterator i(text.begin(), text.end(), constant), end; i != end; ++i) {
+        const int length = std::stoi((*i)[1]);
+        if (length >= 10) lengths.insert(length);
+    }
+    return lengths;
+}
+
+TEST_F(ToolExplain, ConvolutionsOfRealTransformsAsTheirNetworksHaveThem) {
+    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+        for (const std::string type : {" 32f", " 64f"}) {
+            const std::string number = std::to_string(length) + type;
+            for (const std::string& words :
+                 {"dft-real " + number, "dft-real " + number + " --inverse", "hartley " + number}) {
+                const auto text = explain(words);
+                EXPECT_EQ(divided_by(text), convolutions(text)) << words << '\n' << text;
+            }
+        }
+    }
+}
+
+TEST_F(ToolExplain, ElevenPointsDenseOnTheWayOutOfAnInverseConvolution) {
+    for (const std::string length : {"23", "46"}) {
+        const auto text = explain("dft-real " + length + " 32f --inverse");
+        EXPECT_TRUE(tells(text, "11: dense")) << text;
+        EXPECT_FALSE(tells(text, "11: Rader")) << text;
+    }
 }
 
 TEST_F(ToolExplain, OrdersWhoseFactorsMakeTheLengthOrAPrimesConvolution) {

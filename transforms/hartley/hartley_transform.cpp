@@ -2,8 +2,6 @@
 
 #include <set>
 
-#include "transforms/dft_real/rules/stage_orders.hpp"
-
 namespace hartley {
 
 using dft_real::at;
@@ -16,13 +14,17 @@ using dft_real::RowArithmetic;
 
 namespace {
 
+// On the way back from the convolution that a prime's own order is of.
+constexpr dft_real::ElevenPoints kElevenPointsOfPrimes = dft_real::ElevenPoints::Dense;
+
 HalfSpectrum spectrum(RowArithmetic& m, const Reals& x) {
     const int N = static_cast<int>(x.size());
-    const Order& order = dft_real::row_of(N).order_of(Kind::Hartley);
-    if (dft_real::length_of(order) != N)
-        return dft_real::rader_real_dft(m, order, x, dft_real::ElevenPoints::Dense);
+    const dft_real::TableRow& row = dft_real::row_of(N);
+    const Order& order = row.order_of(Kind::Hartley);
+    if (row.is_convolution(Kind::Hartley))
+        return dft_real::rader_real_dft(m, order, x, kElevenPointsOfPrimes);
     // The closing stage takes the opposites of the imaginary parts as well.
-    if (order.size() == 1 && N % 2 != 0)
+    if (dft_real::method_of_real_dft(order) == dft_real::Method::Dense)
         return dft_real::dense_real_dft(m, x, dft_real::ImaginarySign::Negative);
     return dft_real::real_dft(m, order, x);
 }
@@ -49,9 +51,10 @@ Reals opened(RowArithmetic& m, const Reals& x) {
         const Ref sum = m.add(x[at(k)], x[at(N - k)]);
         X[at(k)] = {sum, m.sub(x[at(N - k)], x[at(k)])};
     }
-    const Order& order = dft_real::row_of(N).order_of(Kind::Hartley);
-    return dft_real::length_of(order) == N ? dft_real::inverse_real_dft(m, order, X)
-                                           : dft_real::rader_inverse(m, order, X);
+    const dft_real::TableRow& row = dft_real::row_of(N);
+    const Order& order = row.order_of(Kind::Hartley);
+    return row.is_convolution(Kind::Hartley) ? dft_real::rader_inverse(m, order, X)
+                                             : dft_real::inverse_real_dft(m, order, X);
 }
 
 }  // namespace
@@ -66,6 +69,18 @@ PairStage pair_stage(int length) {
 Reals hartley_transform(RowArithmetic& m, const Reals& x) {
     return pair_stage(static_cast<int>(x.size())) == PairStage::Closing ? closed(m, x)
                                                                         : opened(m, x);
+}
+
+dft_real::Decomposition decomposition(int length) {
+    const dft_real::TableRow& row = dft_real::row_of(length);
+    const bool is_forward = pair_stage(length) == PairStage::Closing;
+    const Order& order = row.order_of(Kind::Hartley);
+    if (!row.is_convolution(Kind::Hartley)) {
+        return is_forward ? dft_real::decomposed_real_dft(order)
+                          : dft_real::decomposed_inverse(order);
+    }
+    return is_forward ? dft_real::decomposed_rader(order, kElevenPointsOfPrimes)
+                      : dft_real::decomposed_rader_inverse(order);
 }
 
 }  // namespace hartley

@@ -9,7 +9,7 @@
  * transform", 1985.
  */
 
-#include "transforms/dft_real/decompositions/real_dft.hpp"
+#include "transforms/dft_real/decompositions/decomposition.hpp"
 
 namespace hartley {
 
@@ -24,5 +24,8 @@ PairStage pair_stage(int length);
 
 /** All N outputs, by the order of stages in the table. */
 dft_real::Reals hartley_transform(dft_real::RowArithmetic& m, const dft_real::Reals& x);
+
+/** What the real DFT inside is made of: forward behind a closing stage, else inverse. */
+dft_real::Decomposition decomposition(int length);
 
 }  // namespace hartley

@@ -8,6 +8,7 @@
 namespace {
 
 using dft_real::ElevenPoints;
+using dft_real::Kind;
 using dft_real::length_of;
 using dft_real::Order;
 using dft_real_test::Complexes;
@@ -167,11 +168,15 @@ TEST(Orders, LengthsBesideTheTableAreRefused) {
 
 TEST(Orders, OrdersOfTheTableMakeTheirLengthOrThatOfAConvolution) {
     for (const dft_real::TableRow& row : dft_real::table()) {
-        for (const Order& order : row.order) {
+        for (Kind kind : {Kind::Forward, Kind::Inverse, Kind::Hartley}) {
+            const Order& order = row.order_of(kind);
             const bool prime = row.length == 11 || row.length >= 13;
             EXPECT_TRUE(length_of(order) == row.length ||
                         (prime && length_of(order) == row.length - 1))
                 << "length " << row.length << ", " << in_words(order);
+            EXPECT_EQ(length_of(order) != row.length, row.is_convolution(kind))
+                << "length " << row.length;
+            EXPECT_EQ(row.length, length_of(row.factors_of(kind))) << "length " << row.length;
         }
     }
 }

@@ -100,8 +100,9 @@ Complexes dense_complex_dft(RowArithmetic& m, const Complexes& x) {
         im.push_back(value.im);
     }
     const auto transformed = [&](const Reals& values) {
-        return p <= 11 ? dense_real_dft(m, values)
-                       : rader_real_dft(m, row_of(p).order_of(Kind::Forward), values);
+        return method_of_real_dft({p}) == Method::Dense
+                   ? dense_real_dft(m, values)
+                   : rader_real_dft(m, row_of(p).order_of(Kind::Forward), values);
     };
     const HalfSpectrum A = transformed(re);
     const HalfSpectrum B = transformed(im);

@@ -1,16 +1,10 @@
 #include "transforms/dft_real/decompositions/rader_parts.hpp"
-#include "transforms/dft_real/rules/stage_orders.hpp"
 #include "transforms/residues/residues.hpp"
 
 namespace dft_real {
 namespace {
 
 using kernelgen::ExactComplex;
-
-Order order_of(int length, Kind kind) {
-    const Order& order = row_of(length).order_of(kind);
-    return length_of(order) == length ? order : Order{length};
-}
 
 /** A length of 4 q', q' odd, or the like, in its even and its odd factors. */
 struct EvenAndOdd {
@@ -20,7 +14,7 @@ struct EvenAndOdd {
 
 EvenAndOdd even_and_odd(int length, Kind kind) {
     EvenAndOdd parts;
-    for (int factor : order_of(length, kind))
+    for (int factor : row_of(length).factors_of(kind))
         (factor % 2 == 0 ? parts.even : parts.odd).push_back(factor);
     return parts;
 }
@@ -30,13 +24,13 @@ Reals inverse_of_even_bins(RowArithmetic& m, const HalfSpectrum& X, ElevenPoints
     const int q = static_cast<int>(X.size()) - 1;
     HalfSpectrum even(at(q / 2 + 1));
     for (int k = 0; 2 * k <= q; ++k) even[at(k)] = X[at(2 * k)];
-    return inverse_real_dft(m, order_of(q, Kind::Inverse), even, eleven);
+    return inverse_real_dft(m, row_of(q).factors_of(Kind::Inverse), even, eleven);
 }
 
 // Bins 0, 2, ... up to q of the transform of length 2 q of x[0] to x[q - 1] and zeros.
 HalfSpectrum even_bins(RowArithmetic& m, const Reals& x) {
     const int q = static_cast<int>(x.size());
-    const HalfSpectrum even = real_dft(m, order_of(q, Kind::Forward), x);
+    const HalfSpectrum even = real_dft(m, row_of(q).factors_of(Kind::Forward), x);
     HalfSpectrum X(at(q + 1));
     for (int k = 0; 2 * k <= q; ++k) X[at(2 * k)] = even[at(k)];
     return X;
@@ -51,7 +45,7 @@ HalfSpectrum odd_bins(RowArithmetic& m, const Reals& x) {
     if (q % 2 != 0) {
         Reals signed_x = x;
         for (int j = 1; j < q; j += 2) signed_x[at(j)] = -x[at(j)];
-        const HalfSpectrum shifted = real_dft(m, order_of(q, Kind::Forward), signed_x);
+        const HalfSpectrum shifted = real_dft(m, row_of(q).factors_of(Kind::Forward), signed_x);
         for (int k = 0; 2 * k <= q; ++k) set_bin(X, L, (2 * k + q) % L, shifted[at(k)]);
         return X;
     }
@@ -144,7 +138,7 @@ Reals inverse_of_odd_bins(RowArithmetic& m, const HalfSpectrum& X, ElevenPoints 
     if (q % 2 != 0) {
         HalfSpectrum shifted(at(q / 2 + 1));
         for (int k = 0; 2 * k <= q; ++k) shifted[at(k)] = bin(X, L, (2 * k + q) % L);
-        x = inverse_real_dft(m, order_of(q, Kind::Inverse), shifted, eleven);
+        x = inverse_real_dft(m, row_of(q).factors_of(Kind::Inverse), shifted, eleven);
         for (int j = 1; j < q; j += 2) x[at(j)] = -x[at(j)];
         return x;
     }
@@ -232,8 +226,7 @@ Reals rader_inverse(RowArithmetic& m, const Order& inner, const HalfSpectrum& X)
         const ExactComplex W = convolution_constant(p, g, k);
         V[at(k)] = joined_product(m, k % 2 == 0 ? even[at(k)] : odd[at(k)], {W.re, -W.im});
     }
-    // Real values that leave a convolution are as cheap by dense rows and have fewer sums.
-    const Reals v = inverse_real_dft(m, inner, V, ElevenPoints::Dense);
+    const Reals v = inverse_real_dft(m, inner, V, kElevenPointsBehindConvolutions);
     Reals x(at(p));
     x[0] = m.add(even[0].re, X[0].re);
     for (int i = 0; i < L; ++i) x[at(residues::power_modulo(g, i, p))] = v[at(i)];

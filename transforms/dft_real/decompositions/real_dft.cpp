@@ -1,7 +1,6 @@
 #include <stdexcept>
 
 #include "transforms/dft_real/decompositions/rader_parts.hpp"
-#include "transforms/dft_real/rules/stage_orders.hpp"
 
 namespace dft_real {
 namespace {
@@ -23,12 +22,6 @@ const Order& inner_order(int p, Kind kind) {
 
 }  // namespace
 
-int length_of(const Order& order) {
-    int length = 1;
-    for (int factor : order) length *= factor;
-    return length;
-}
-
 Complex bin(const HalfSpectrum& X, int n, int k) {
     return 2 * k <= n ? X[at(k)] : conjugate(X[at(n - k)]);
 }
@@ -40,29 +33,61 @@ void set_bin(HalfSpectrum& X, int n, int k, const Complex& value) {
         X[at(n - k)] = conjugate(value);
 }
 
-HalfSpectrum real_dft(RowArithmetic& m, const Order& order, const Reals& x) {
+Method method_of_real_dft(const Order& order) {
     const bool between_twos =
         order.size() > 2 && order.front() == 2 && order[1] % 2 != 0 && order.back() == 2;
-    if (between_twos) return real_dft_between_twos(m, {order.begin() + 1, order.end() - 1}, x);
-    const CoprimeParts parts = coprime_parts(order);
-    if (!parts.second.empty()) return coprime_real_dft(m, parts, x);
+    if (between_twos) return Method::BetweenTwos;
+    if (!coprime_parts(order).second.empty()) return Method::Coprime;
+    if (order.front() % 2 == 0) return Method::PowerOfTwo;
+    if (order.size() > 1) return Method::PowerOfOddPrime;
+    return order.front() <= 11 ? Method::Dense : Method::Rader;
+}
+
+Method method_of_inverse(const Order& order, ElevenPoints eleven) {
+    if (!coprime_parts(order).second.empty()) return Method::Coprime;
+    if (order.front() % 2 == 0) return Method::PowerOfTwo;
+    if (order.size() > 1) return Method::PowerOfOddPrime;
+    const int longest_dense = eleven == ElevenPoints::Dense ? 11 : 7;
+    return order.front() <= longest_dense ? Method::Dense : Method::Rader;
+}
+
+HalfSpectrum real_dft(RowArithmetic& m, const Order& order, const Reals& x) {
+    switch (method_of_real_dft(order)) {
+        case Method::BetweenTwos:
+            return real_dft_between_twos(m, {order.begin() + 1, order.end() - 1}, x);
+        case Method::Coprime:
+            return coprime_real_dft(m, coprime_parts(order), x);
+        case Method::PowerOfTwo:
+            return radix_two_real_dft(m, x);
+        case Method::PowerOfOddPrime:
+            return power_real_dft(m, order, x);
+        case Method::Dense:
+            return dense_real_dft(m, x);
+        case Method::Rader:
+            break;
+    }
     const int prime = order.front();
-    if (prime % 2 == 0) return radix_two_real_dft(m, x);
-    if (order.size() > 1) return power_real_dft(m, order, x);
-    if (prime <= 11) return dense_real_dft(m, x);
-    if (prime == 13) return rader_of_thirteen(m, x);
-    return rader_real_dft(m, inner_order(prime, Kind::Forward), x);
+    return prime == 13 ? rader_of_thirteen(m, x)
+                       : rader_real_dft(m, inner_order(prime, Kind::Forward), x);
 }
 
 Reals inverse_real_dft(RowArithmetic& m, const Order& order, const HalfSpectrum& X,
                        ElevenPoints eleven) {
-    const CoprimeParts parts = coprime_parts(order);
-    if (!parts.second.empty()) return coprime_inverse(m, parts, X, eleven);
-    const int prime = order.front();
-    if (prime % 2 == 0) return split_radix_inverse(m, X);
-    if (order.size() > 1) return power_inverse(m, order, X);
-    const bool dense = eleven == ElevenPoints::Dense ? prime <= 11 : prime < 11;
-    return dense ? dense_inverse(m, X) : rader_inverse(m, inner_order(prime, Kind::Inverse), X);
+    switch (method_of_inverse(order, eleven)) {
+        case Method::BetweenTwos:
+            throw std::logic_error("no inverse transform stands between twos");
+        case Method::Coprime:
+            return coprime_inverse(m, coprime_parts(order), X, eleven);
+        case Method::PowerOfTwo:
+            return split_radix_inverse(m, X);
+        case Method::PowerOfOddPrime:
+            return power_inverse(m, order, X);
+        case Method::Dense:
+            return dense_inverse(m, X);
+        case Method::Rader:
+            break;
+    }
+    return rader_inverse(m, inner_order(order.front(), Kind::Inverse), X);
 }
 
 Complexes complex_dft(RowArithmetic& m, const Order& order, const Complexes& x) {

@@ -17,19 +17,21 @@
  */
 
 #include "transforms/dft_real/decompositions/row_arithmetic.hpp"
+#include "transforms/dft_real/rules/stage_orders.hpp"
 
 namespace dft_real {
 
 using Order = std::vector<int>;
 using HalfSpectrum = Complexes;
 
-int length_of(const Order& order);
-
 /** X[k] = sum of x[n] exp(-2 pi i n k / N), k = 0 to floor(N/2). */
 HalfSpectrum real_dft(RowArithmetic& m, const Order& order, const Reals& x);
 
 /** How an inverse transform takes 11 points. */
 enum class ElevenPoints { Rader, Dense };
+
+/** Real values that leave a convolution are as cheap by dense rows and have fewer sums. */
+inline constexpr ElevenPoints kElevenPointsBehindConvolutions = ElevenPoints::Dense;
 
 /** x[n] = sum over the half spectrum of re X cos(2 pi n k / N) - im X sin(2 pi n k / N). */
 Reals inverse_real_dft(RowArithmetic& m, const Order& order, const HalfSpectrum& X,
@@ -39,6 +41,18 @@ Reals inverse_real_dft(RowArithmetic& m, const Order& order, const HalfSpectrum&
 Complexes complex_dft(RowArithmetic& m, const Order& order, const Complexes& x);
 /** The same with the opposite sign of the exponent. */
 Complexes complex_inverse_dft(RowArithmetic& m, const Order& order, const Complexes& x);
+
+/** Which of the forms below makes a transform of an order. */
+enum class Method {
+    BetweenTwos,      ///< real_dft_between_twos
+    Coprime,          ///< coprime_real_dft, coprime_inverse
+    PowerOfTwo,       ///< radix_two_real_dft, split_radix_inverse
+    PowerOfOddPrime,  ///< power_real_dft, power_inverse
+    Dense,            ///< dense_real_dft, dense_inverse
+    Rader,            ///< rader_real_dft, rader_of_thirteen, rader_inverse
+};
+Method method_of_real_dft(const Order& order);
+Method method_of_inverse(const Order& order, ElevenPoints eleven = ElevenPoints::Rader);
 
 // What these three are made of. An order of several coprime groups runs all groups but the last as
 // its first part: {5, 3, 2, 2} is 15, made of 5 and 3, and then 4.

@@ -8,18 +8,12 @@ namespace {
 using kernelgen::ExactComplex;
 using kernelgen::Wide;
 
-// A prime whose convolution has an order of its own is its own order.
-Order order_of(int length, Kind kind) {
-    const Order& order = row_of(length).order_of(kind);
-    return length_of(order) == length ? order : Order{length};
-}
-
 Graph forward_network(int N, Layout layout) {
     Graph graph;
     RowArithmetic m(graph);
     Reals x;
     for (int n = 0; n < N; ++n) x.push_back(m.load(n));
-    const HalfSpectrum X = real_dft(m, order_of(N, Kind::Forward), x);
+    const HalfSpectrum X = real_dft(m, row_of(N).factors_of(Kind::Forward), x);
     for (int k = 0; 2 * k <= N; ++k) {
         m.store_scaled(X[at(k)].re, real_element(layout, N, k));
         if (is_complex(N, k))
@@ -41,7 +35,7 @@ Graph inverse_network(int N, Layout layout) {
         else
             X.push_back({re, {}});
     }
-    const Reals x = inverse_real_dft(m, order_of(N, Kind::Inverse), X);
+    const Reals x = inverse_real_dft(m, row_of(N).factors_of(Kind::Inverse), X);
     for (int n = 0; n < N; ++n) m.store_scaled(x[at(n)], n);
     return graph;
 }

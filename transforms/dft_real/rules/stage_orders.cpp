@@ -5,6 +5,20 @@
 
 namespace dft_real {
 
+int length_of(const std::vector<int>& order) {
+    int length = 1;
+    for (int factor : order) length *= factor;
+    return length;
+}
+
+bool TableRow::is_convolution(Kind kind) const {
+    return length_of(order_of(kind)) != length;
+}
+
+std::vector<int> TableRow::factors_of(Kind kind) const {
+    return is_convolution(kind) ? std::vector<int>{length} : order_of(kind);
+}
+
 const std::vector<TableRow>& table() {
     // clang-format off
     static const std::vector<TableRow> rows = {

@@ -26,8 +26,15 @@ struct TableRow {
     Cost cost[3];
 
     const std::vector<int>& order_of(Kind kind) const { return order[static_cast<int>(kind)]; }
+    /** Whether that is the order of the convolution which takes a prime's place. */
+    bool is_convolution(Kind kind) const;
+    /** Factors of the length itself: of a prime with a convolution's order the prime alone. */
+    std::vector<int> factors_of(Kind kind) const;
     const Cost& cost_of(Kind kind) const { return cost[static_cast<int>(kind)]; }
 };
+
+/** The product of the factors. */
+int length_of(const std::vector<int>& order);
 
 /** Lengths 2 to 64 in order. */
 const std::vector<TableRow>& table();
