@@ -54,14 +54,6 @@ bool is_prime(int n) {
     return n > 1;
 }
 
-TEST(Rules, EachTableHasARowForEachLengthInOrder) {
-    for (const auto& [name, rows] : tables()) {
-        ASSERT_EQ(rows.size(), 63U) << name;
-        for (int length = 2; length <= 64; ++length)
-            EXPECT_EQ(rows[static_cast<std::size_t>(length - 2)].length, length) << name;
-    }
-}
-
 TEST(Rules, EachRowHasARuleOfItsLength) {
     for_each_row(
         [](const TableRow& row) { EXPECT_EQ(row.rule.length, row.length) << to_string(row.rule); });
@@ -202,6 +194,20 @@ TEST(Rules, AReversedRuleRunsItsStagesInOppositeOrder) {
 TEST(Rules, AReversedCooleyTukeyRuleKeepsItsResidues) {
     for (Residues residues : {Residues::FromZero, Residues::AroundZero})
         EXPECT_EQ(reversed(T(small(5), small(3), residues)).residues, residues);
+}
+
+TEST(Rules, ARuleWithAThirdPartIsNotReversed) {
+    EXPECT_THROW(reversed(P(small(5), small(7), small(7, SmallForm::RaderOfSeven))),
+                 std::invalid_argument);
+}
+
+TEST(Rules, AFormulaTellsAllThatDistinguishesARule) {
+    EXPECT_EQ(formula(P(P(small(2), small(5, SmallForm::HalfSumOfTwo)), small(3))), "P(P(2,5h),3)");
+    EXPECT_EQ(formula(P(small(5), small(7), small(7, SmallForm::RaderOfSeven))), "P(5,7,7r)");
+    EXPECT_EQ(formula(P(small(2), small(23, SmallForm::Pairs))), "P(2,23p)");
+    EXPECT_EQ(formula(T(small(5), small(5), Residues::FromZero)), "T(5,5)0");
+    EXPECT_EQ(formula(T(S(16), small(3))), "T(S16,3)");
+    EXPECT_EQ(formula(dft_complex::C(47, R(small(4)))), "C47(R(4))");
 }
 
 TEST(Rules, ResiduesStandAroundZeroUnlessAskedOtherwise) {

@@ -161,14 +161,6 @@ TEST(Source, ADispatcherRefusesOtherLengths) {
     });
 }
 
-TEST(Source, LengthsWithoutAKernelAreRefused) {
-    for (Element element : kElements) {
-        for (int length : {-1, 0, 1, 65})
-            EXPECT_THROW(dft_complex::row_of(length, element), std::out_of_range)
-                << suffix(element) << ", length " << length;
-    }
-}
-
 TEST(Source, TheManifestLineOfAKernelHasTheColumnsOfItsHeader) {
     // The rule is quoted, for it may hold a comma.
     const std::regex quoted("\"[^\"]*\"");

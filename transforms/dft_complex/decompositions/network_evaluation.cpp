@@ -14,7 +14,7 @@ class NetworkEvaluation {
         std::vector<Factors> factors;
         for (const Value& value : transform.inputs) factors.push_back({value.factor});
         Points points;
-        if (fold_ && conjugate_pairs(factors)) {
+        if (fold_ && folds_conjugate_factors(transform.form, factors)) {
             for (const Value& value : transform.inputs) points.push_back(at_source(value.source));
             done_.push_back(with_conjugate_factors(algebra_, points, factors, transform.form));
             return;

@@ -10,14 +10,6 @@
 
 namespace dft_complex {
 
-const TableRow& row_of(int length, Element element) {
-    if (length < kShortestLength || length > kLongestLength)
-        throw std::out_of_range("no kernel of length " + std::to_string(length));
-    const auto& table =
-        element == Element::Complex32 ? single_precision_table() : double_precision_table();
-    return table[static_cast<std::size_t>(length - kShortestLength)];
-}
-
 std::string Kernel::name() const {
     return std::string(direction == Direction::Forward ? "qsvgDFTFwd" : "qsvgDFTInv") + "_CToC_" +
            std::to_string(length) + "_" + suffix(element);
@@ -56,8 +48,13 @@ Kernel draft_kernel(int length, Direction direction, Element element,
 }
 
 Kernel proven_kernel(int length, Direction direction, Element element) {
-    const Tuning tuning = tuning_of(length, element);
+    const Tuning tuning = tuning_of(row_of(length, element), element);
     Kernel kernel = draft_kernel(length, direction, element, tuning.lanes);
+    if (!tuning.lanes.empty() && tuning.lanes.size() < kernel.choices.size())
+        throw std::logic_error("the tuning of length " + std::to_string(length) + " in " +
+                               suffix(element) + " chooses lanes for " +
+                               std::to_string(tuning.lanes.size()) + " of " +
+                               std::to_string(kernel.choices.size()) + " batches");
     kernel.order = tuning.order;
     kernel.option = tuning.option;
     prove_dft(kernel);
@@ -93,7 +90,8 @@ void prove_dft(const Kernel& kernel) {
         if (real_row == real_column) return w.re.value();
         return real_row ? kernelgen::Wide(-w.im.value()) : w.im.value();
     };
-    kernelgen::prove(kernel.name(), kernel.graph, 2 * length, 2 * length, entry);
+    kernelgen::prove(kernel.name() + " by rule " + formula(kernel.rule), kernel.graph, 2 * length,
+                     2 * length, entry);
 }
 
 }  // namespace dft_complex

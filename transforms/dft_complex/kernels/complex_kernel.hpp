@@ -9,13 +9,10 @@
 
 #include "kernelgen/schedule/schedule.hpp"
 #include "transforms/dft_complex/layouts/packed_layout.hpp"
-#include "transforms/dft_complex/rules/rules.hpp"
+#include "transforms/dft_complex/rules/table.hpp"
 #include "transforms/dft_complex/rules/variant.hpp"
 
 namespace dft_complex {
-
-inline constexpr int kShortestLength = 2;
-inline constexpr int kLongestLength = 64;
 
 struct Kernel {
     int length;
@@ -33,9 +30,6 @@ struct Kernel {
     std::string twin_name() const;
     bool is_scalar() const;
 };
-
-/** The row of the rule table; throws std::out_of_range for a length without a kernel. */
-const TableRow& row_of(int length, Element element);
 
 /** The kernel of `length`, proven against the definition of the DFT. */
 Kernel proven_kernel(int length, Direction direction, Element element);

@@ -182,9 +182,9 @@ std::string dispatcher_source(Direction direction, Element element) {
                        family + suffix(element) + "(const " + complex + "* src, " + complex +
                        "* dst, int32_t length, int32_t flag) {\n"
                        "    switch (static_cast<uint32_t>(length) - " +
-                       std::to_string(kShortestLength) + ") {\n";
-    for (int n = kShortestLength; n <= kLongestLength; ++n) {
-        text += "        case " + std::to_string(n - kShortestLength) + ":\n            return " +
+                       std::to_string(lengths().front()) + ") {\n";
+    for (int n : lengths()) {
+        text += "        case " + std::to_string(n - lengths().front()) + ":\n            return " +
                 family + std::to_string(n) + "_" + suffix(element) + "(src, dst, flag);\n";
     }
     return text + "        default:\n            return qsvStatusBadLength;\n    }\n}\n";

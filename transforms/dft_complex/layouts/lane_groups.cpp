@@ -16,6 +16,8 @@ LaneChoice LaneChoice::from_string(const std::string& text) {
     char side = 'a';
     if (std::sscanf(text.c_str(), "s%dw%d%c", &choice.stride, &choice.width, &side) != 3)
         throw std::invalid_argument("not a lane choice: " + text);
+    if (choice.stride < 1 || choice.width < 2 || choice.width > 4 || (side != 'a' && side != 'b'))
+        throw std::invalid_argument("a lane choice out of range: " + text);
     choice.side = side == 'b' ? FactorSide::BeforeRegroup : FactorSide::AfterRegroup;
     return choice;
 }

@@ -38,6 +38,9 @@ class PackedLayout {
 
     PackedKernel run(const Signal& outputs, const std::vector<LaneChoice>& choices) {
         const auto batches = network_.batches();
+        if (choices.size() > batches.size())
+            throw std::invalid_argument(std::to_string(choices.size()) + " choices of lanes for " +
+                                        std::to_string(batches.size()) + " batches");
         for (std::size_t i = 0; i < batches.size(); ++i) {
             const LaneChoice choice =
                 i < choices.size() ? choices[i]
@@ -75,8 +78,12 @@ class PackedLayout {
 
     void place(const std::vector<int>& batch, const LaneChoice& choice) {
         const Arrangement arrangement = arrange(batch, choice, policy_);
-        const int radix = transform(batch.front()).radix;
-        const std::size_t slots = transform(batch.front()).inputs.size();
+        const SmallTransform& sample = transform(batch.front());
+        for (int t : batch) {
+            if (transform(t).form != sample.form)
+                throw std::logic_error("transforms of one batch are of one form");
+        }
+        const std::size_t slots = sample.inputs.size();
         // All wanted vectors of the batch are known before the first is made.
         std::vector<std::vector<SlotVector>> wanted;
         for (const LaneGroup& group : arrangement.groups) {
@@ -97,7 +104,7 @@ class PackedLayout {
         for (std::size_t i = 0; i < arrangement.groups.size(); ++i) {
             const LaneGroup& group = arrangement.groups[i];
             const auto algebra = make_algebra(graph_, kVector, group.layout, backward_);
-            const Points y = transformed(regroup, sources, *algebra, radix, wanted[i]);
+            const Points y = transformed(regroup, sources, *algebra, sample, wanted[i]);
             for (std::size_t lane = 0; lane < group.transforms.size(); ++lane) {
                 for (std::size_t k = 0; k < y.size(); ++k) {
                     homes_[{group.transforms[lane], static_cast<int>(k)}] = {
@@ -108,10 +115,10 @@ class PackedLayout {
     }
 
     Points transformed(LaneRegroup& regroup, const Homes& sources, ComplexAlgebra& algebra,
-                       int radix, std::vector<SlotVector> points) {
+                       const SmallTransform& sample, std::vector<SlotVector> points) {
         std::vector<Factors> factors;
         for (const SlotVector& vector : points) factors.push_back(factors_of(vector));
-        const bool fold = conjugate_pairs(factors);
+        const bool fold = folds_conjugate_factors(sample.form, factors);
         if (fold) {
             for (SlotVector& vector : points) {
                 for (Value& value : vector.values) value.factor = {};
@@ -120,8 +127,8 @@ class PackedLayout {
         Points x;
         for (const SlotVector& vector : points)
             x.push_back(gather(regroup, sources, algebra, vector));
-        return fold ? with_conjugate_factors(algebra, x, factors, SmallForm::Usual)
-                    : small_transform(algebra, radix, SmallForm::Usual, x);
+        return fold ? with_conjugate_factors(algebra, x, factors, sample.form)
+                    : small_transform(algebra, sample.radix, sample.form, x);
     }
 
     const SmallTransform& transform(int index) const {

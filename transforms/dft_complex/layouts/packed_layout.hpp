@@ -20,7 +20,8 @@ struct PackedKernel {
 
 /**
  * The kernel's graph over 2 N real elements. Batches beyond the end of `choices` take the choice
- * that costs least at that point.
+ * that costs least at that point; std::invalid_argument where there are more choices than batches,
+ * std::logic_error where transforms of one batch are of several forms.
  */
 PackedKernel lay_out_packed(const Network& network, const Signal& outputs, Direction direction,
                             LanePolicy policy, const std::vector<LaneChoice>& choices);

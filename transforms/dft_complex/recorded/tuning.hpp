@@ -1,9 +1,11 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
 #include "transforms/dft_complex/layouts/lane_groups.hpp"
+#include "transforms/dft_complex/rules/rules.hpp"
 #include "transforms/dft_complex/rules/variant.hpp"
 
 namespace dft_complex {
@@ -16,7 +18,18 @@ struct Tuning {
     std::string option;  ///< of GCC, without its "-f", or empty
 };
 
-/** What tune_dft_complex found best for this length; empty where it has not searched. */
-Tuning tuning_of(int length, Element element);
+/** A tuning as it is recorded, with the formula of the rule that it was found for. */
+struct RecordedTuning {
+    int length;
+    const char* rule;
+    const char* lanes;  ///< one choice a batch, in order of the batches
+    const char* order;
+    const char* option = "";
+};
+
+/** What was found best for the row; empty where nothing has been searched. Throws std::logic_error
+ * where it was found for another rule than the row's, or stands there twice. */
+Tuning tuning_of(const TableRow& row, Element element);
+Tuning tuning_of(const TableRow& row, Element element, std::span<const RecordedTuning> recorded);
 
 }  // namespace dft_complex

@@ -1,5 +1,7 @@
 #include "transforms/dft_complex/rules/rules.hpp"
 
+#include <stdexcept>
+
 namespace dft_complex {
 
 Rule small(int length, SmallForm form) {
@@ -25,6 +27,9 @@ Rule C(int p, const Rule& inner) {
 }
 
 Rule reversed(const Rule& rule) {
+    if (rule.parts.size() > 2)
+        throw std::invalid_argument("the rule " + formula(rule) +
+                                    " has a third part, so it cannot run in opposite order");
     switch (rule.form) {
         case Rule::Form::PrimeFactor:
             return P(reversed(rule.parts[1]), reversed(rule.parts[0]));
@@ -51,6 +56,37 @@ std::string to_string(const Rule& rule) {
             return "R(" + part(0) + ")";
         case Rule::Form::Chirp:
             return "C(" + part(0) + ")";
+    }
+    return {};
+}
+
+std::string formula(const Rule& rule) {
+    std::string parts;
+    for (const Rule& part : rule.parts) parts += (parts.empty() ? "" : ",") + formula(part);
+    const std::string length = std::to_string(rule.length);
+    switch (rule.form) {
+        case Rule::Form::Small:
+            switch (rule.small_form) {
+                case SmallForm::Usual:
+                    return length;
+                case SmallForm::HalfSumOfTwo:
+                    return length + "h";
+                case SmallForm::RaderOfSeven:
+                    return length + "r";
+                case SmallForm::Pairs:
+                    return length + "p";
+            }
+            return length;
+        case Rule::Form::SplitRadix:
+            return "S" + length;
+        case Rule::Form::PrimeFactor:
+            return "P(" + parts + ")";
+        case Rule::Form::CooleyTukey:
+            return "T(" + parts + (rule.residues == Residues::FromZero ? ")0" : ")");
+        case Rule::Form::Rader:
+            return "R(" + parts + ")";
+        case Rule::Form::Chirp:
+            return "C" + length + "(" + parts + ")";
     }
     return {};
 }

@@ -50,11 +50,17 @@ Rule R(const Rule& inner);
 /** Chirp convolution of length inner.length for the prime p. */
 Rule C(int p, const Rule& inner);
 
-/** The same lengths with the stages in opposite order. */
+/** The same lengths with the stages in opposite order. Throws std::invalid_argument for a rule with
+ * a third part, which has no counterpart. */
 Rule reversed(const Rule& rule);
 
 /** As the table prints it: "T(12,4)", its parts by length only. */
 std::string to_string(const Rule& rule);
+
+/** All of the rule as a formula, by which tunings know the rule that they were found for:
+ * "P(3,5h)". Behind the length of a small transform h stands for HalfSumOfTwo, r for RaderOfSeven,
+ * p for Pairs; 0 behind T(..) for Residues::FromZero. */
+std::string formula(const Rule& rule);
 
 struct TableRow {
     int length;
@@ -67,9 +73,11 @@ struct TableRow {
     int arithmetic() const { return sums + differences + products; }
 };
 
-/** Single precision, lengths 2 to 64 in order. */
+// The lengths of the family are those of the rows, and stand nowhere else.
+
+/** Single precision, in order of the lengths. */
 const std::vector<TableRow>& single_precision_table();
-/** Double precision, lengths 2 to 64 in order. */
+/** Double precision, in order of the lengths. */
 const std::vector<TableRow>& double_precision_table();
 
 }  // namespace dft_complex

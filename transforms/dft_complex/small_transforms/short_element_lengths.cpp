@@ -8,13 +8,9 @@
 namespace dft_complex {
 namespace {
 
-Points two(ComplexAlgebra& m, const Points& x) {
-    return {m.add(x[0], x[1]), m.sub(x[0], x[1])};
-}
-
 Points three(ComplexAlgebra& m, const Points& x) {
     const Exact half = Exact::rational(1, 2);
-    const Exact c = Exact::pinned("0.8660254037844386", Exact::sine(1, 3));
+    const Exact c = Exact::sine(1, 3);
     const ComplexVector u = m.add(x[1], x[2]);
     const ComplexVector d = m.sub(x[1], x[2]);
     const ComplexVector w = m.sub(x[0], m.scaled(u, half));
@@ -22,19 +18,11 @@ Points three(ComplexAlgebra& m, const Points& x) {
     return {m.add(x[0], u), m.add(w, p), m.sub(w, p)};
 }
 
-Points four(ComplexAlgebra& m, const Points& x) {
-    const ComplexVector a = m.add(x[0], x[2]);
-    const ComplexVector b = m.sub(x[0], x[2]);
-    const ComplexVector c = m.add(x[1], x[3]);
-    const ComplexVector d = m.turned(m.sub(x[1], x[3]));
-    return {m.add(a, c), m.add(b, d), m.sub(a, c), m.sub(b, d)};
-}
-
 Points five(ComplexAlgebra& m, const Points& x) {
-    const Exact c1 = Exact::pinned("0.30901699437494745", Exact::cosine(1, 5));
-    const Exact c2 = Exact::pinned("0.8090169943749475", -Exact::cosine(2, 5));
-    const Exact s1 = Exact::pinned("0.9510565162951535", Exact::sine(1, 5));
-    const Exact s2 = Exact::pinned("0.5877852522924731", Exact::sine(2, 5));
+    const Exact c1 = Exact::cosine(1, 5);
+    const Exact c2 = -Exact::cosine(2, 5);
+    const Exact s1 = Exact::sine(1, 5);
+    const Exact s2 = Exact::sine(2, 5);
     const ComplexVector a = m.add(x[1], x[4]);
     const ComplexVector b = m.add(x[3], x[2]);
     const ComplexVector c = m.sub(x[1], x[4]);
@@ -53,12 +41,11 @@ Points five(ComplexAlgebra& m, const Points& x) {
 
 Points short_transform(ComplexAlgebra& m, const Points& x) {
     switch (x.size()) {
-        case 2:
-            return two(m, x);
         case 3:
             return three(m, x);
+        case 2:
         case 4:
-            return four(m, x);
+            return small_transform(m, static_cast<int>(x.size()), SmallForm::Usual, x);
         case 5:
             return five(m, x);
         default:

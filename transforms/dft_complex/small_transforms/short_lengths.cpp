@@ -54,7 +54,7 @@ class ShortLength {
 
     void three() {
         const Exact half = Exact::rational(1, 2);
-        const Exact c = Exact::pinned("0.8660254037844386", Exact::sine(1, 3));
+        const Exact c = Exact::sine(1, 3);
         const Complex u = add(x_[1], x_[2]);
         const Complex d = sub(x_[1], x_[2]);
         const auto w = [&](Ref x, Ref part) {
@@ -81,10 +81,10 @@ class ShortLength {
     }
 
     void five() {
-        const Exact c1 = Exact::pinned("0.30901699437494745", Exact::cosine(1, 5));
-        const Exact c2 = Exact::pinned("0.8090169943749475", -Exact::cosine(2, 5));
-        const Exact s1 = Exact::pinned("0.9510565162951535", Exact::sine(1, 5));
-        const Exact s2 = Exact::pinned("0.5877852522924731", Exact::sine(2, 5));
+        const Exact c1 = Exact::cosine(1, 5);
+        const Exact c2 = -Exact::cosine(2, 5);
+        const Exact s1 = Exact::sine(1, 5);
+        const Exact s2 = Exact::sine(2, 5);
         const Complex a = add(x_[1], x_[4]);
         const Complex b = add(x_[3], x_[2]);
         const Complex c = sub(x_[1], x_[4]);

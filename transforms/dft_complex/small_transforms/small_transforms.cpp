@@ -1,6 +1,7 @@
 #include "transforms/dft_complex/small_transforms/small_transforms.hpp"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "transforms/dft_complex/decompositions/network.hpp"
 #include "transforms/dft_complex/decompositions/signals.hpp"
@@ -137,6 +138,8 @@ Points five_by_half_sum(ComplexAlgebra& m, const Points& x) {
 // t = a - b.
 Points with_conjugate_factors(ComplexAlgebra& m, const Points& x,
                               const std::vector<Factors>& factors, SmallForm form) {
+    if (form == SmallForm::RaderOfSeven)
+        throw std::invalid_argument("Rader's form of seven points takes no conjugate factors");
     const int p = static_cast<int>(x.size());
     const Exact zero = Exact::rational(0);
     // The only sine of length 3 joins the factors.
@@ -184,6 +187,10 @@ bool conjugate_pairs(const std::vector<Factors>& factors) {
         plain = plain && all_one(factors[j]);
     }
     return !plain;
+}
+
+bool folds_conjugate_factors(SmallForm form, const std::vector<Factors>& factors) {
+    return form != SmallForm::RaderOfSeven && conjugate_pairs(factors);
 }
 
 Points small_transform(ComplexAlgebra& algebra, int radix, SmallForm form, const Points& x) {

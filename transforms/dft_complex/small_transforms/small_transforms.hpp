@@ -26,11 +26,15 @@ using Factors = std::vector<ExactComplex>;
 bool all_one(const Factors& factors);
 /** Whether `factors[j]` and `factors[p - j]` are conjugate for j = 1 to p - 1 and not all are 1. */
 bool conjugate_pairs(const std::vector<Factors>& factors);
+/** Whether these factors before a transform of that form are taken by with_conjugate_factors.
+ * Rader's form of seven points has no pairs that could take them. */
+bool folds_conjugate_factors(SmallForm form, const std::vector<Factors>& factors);
 
 /** DFT of an odd prime number of points x[j] times factors[j], which are conjugate pairs: they are
  * taken into the sum and the difference of a pair, which spares turning a vector by a quarter, and
  * for three points sin(2 pi / 3) is folded into them (16 + 10 where factors apart take 16 + 12).
- * `form` is the usual one or, for five points, the half sum. */
+ * Pairs are what `form` is made of, too (std::invalid_argument), in the usual way or by the half
+ * sum. */
 Points with_conjugate_factors(ComplexAlgebra& algebra, const Points& x,
                               const std::vector<Factors>& factors, SmallForm form);
 

@@ -23,7 +23,7 @@ void run(const std::filesystem::path& folder, const char* manifest) {
         const std::string end = "_" + suffix(element) + ".cpp";
         for (Direction direction : kDirections) {
             const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
-            for (int n = kShortestLength; n <= kLongestLength; ++n) {
+            for (int n : lengths()) {
                 const Kernel kernel = proven_kernel(n, direction, element);
                 kernelgen::write_if_changed(folder / (prefix + "_" + std::to_string(n) + end),
                                             kernel_source(kernel));

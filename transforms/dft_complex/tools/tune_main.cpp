@@ -49,8 +49,8 @@ std::string row(const Kernel& kernel, const std::string& order, const std::strin
     std::string lanes;
     for (const LaneChoice& choice : kernel.choices)
         lanes += (lanes.empty() ? "" : " ") + choice.to_string();
-    std::string text =
-        "{" + std::to_string(kernel.length) + ", \"" + lanes + "\", \"" + order + "\"";
+    std::string text = "{" + std::to_string(kernel.length) + ", \"" + formula(kernel.rule) +
+                       "\", \"" + lanes + "\", \"" + order + "\"";
     if (!option.empty()) text += ", \"" + option + "\"";
     return text + "},";
 }
@@ -107,8 +107,9 @@ void write_orders(Element element, int length, const std::filesystem::path& fold
 int run(const std::vector<std::string>& words) {
     if (words.size() > 1 && words[1] == "lanes") {
         for (std::size_t i = 2; i < words.size(); ++i) tune_lanes(std::stoi(words[i]));
-        for (int n = kLongestShortLength + 1; words.size() == 2 && n <= kLongestLength; ++n)
-            tune_lanes(n);
+        for (int n : lengths()) {
+            if (words.size() == 2 && n > kLongestShortLength) tune_lanes(n);
+        }
         return 0;
     }
     if (words.size() == 5 && words[1] == "orders") {

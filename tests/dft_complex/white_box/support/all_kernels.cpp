@@ -24,8 +24,7 @@ void for_each_kernel(const std::function<void(const Kernel&)>& check) {
 
 void for_each_kernel(Element element, const std::function<void(const Kernel&)>& check) {
     for (Direction direction : kDirections) {
-        for (int length = dft_complex::kShortestLength; length <= dft_complex::kLongestLength;
-             ++length) {
+        for (int length : dft_complex::lengths()) {
             SCOPED_TRACE(describe(length, direction, element));
             check(kernel(length, direction, element));
             if (testing::Test::HasFatalFailure()) return;
