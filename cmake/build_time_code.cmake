@@ -14,3 +14,17 @@ function(reads_exact_constants_once)
         target_precompile_headers(${target} REUSE_FROM kernelgen)
     endforeach()
 endfunction()
+
+# The lengths that a table has rows of, "{15, ..", so that they stand nowhere else. An edit of the
+# table configures anew.
+function(lengths_of_table table result)
+    get_filename_component(table ${table} ABSOLUTE)
+    file(STRINGS ${table} rows REGEX "^ *{[0-9]+, [a-zA-Z{]")
+    set(lengths "")
+    foreach(row IN LISTS rows)
+        string(REGEX MATCH "[0-9]+" length "${row}")
+        list(APPEND lengths ${length})
+    endforeach()
+    set(${result} ${lengths} PARENT_SCOPE)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
+endfunction()

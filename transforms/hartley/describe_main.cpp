@@ -20,7 +20,7 @@ void write_sources(const std::filesystem::path& folder) {
     std::filesystem::create_directories(folder);
     for (Element element : kElements) {
         const std::string end = suffix(element) + ".cpp";
-        for (int n = kShortestLength; n <= kLongestLength; ++n)
+        for (int n : dft_real::lengths())
             kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
                                         kernel_source(hartley::hartley_kernel(n, element)));
         kernelgen::write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
@@ -30,7 +30,7 @@ void write_sources(const std::filesystem::path& folder) {
 void write_manifest(const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
-        for (int n = kShortestLength; n <= kLongestLength; ++n)
+        for (int n : dft_real::lengths())
             lines += manifest_line(hartley::hartley_kernel(n, element)) + "\n";
     }
     kernelgen::write_if_changed(file, lines);

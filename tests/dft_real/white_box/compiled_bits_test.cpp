@@ -2,6 +2,7 @@
 
 #include "tests/dft_real/white_box/support/all_kernels.hpp"
 #include "tests/dft_real/white_box/support/compiled_bits.hpp"
+#include "tests/support/header_lengths.hpp"
 
 // What the compiler made of a kernel's source gives the bits that the kernel's graph gives.
 
@@ -33,7 +34,7 @@ constexpr Entry<double> kDoubleKernels[] = {QSVG_FOR_EACH_LENGTH(QSVG_TEST_ENTRY
 
 template <class Real>
 CompiledKernel<Real> compiled(const Kernel& kernel) {
-    const auto entry = static_cast<std::size_t>(kernel.length - dft_real::kShortestLength);
+    const auto entry = qsvgen_test::place_in_header(kernel.length);
     const auto direction = static_cast<std::size_t>(kernel.direction);
     const auto layout = static_cast<std::size_t>(kernel.layout);
     if constexpr (sizeof(Real) == 4)

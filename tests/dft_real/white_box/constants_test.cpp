@@ -71,7 +71,7 @@ TEST(RealConstants, OfInverse3HoldTheSineDoubled) {
 
 TEST(RealConstants, AreStoredPositive) {
     for (Kind kind : kKinds) {
-        for (int n = dft_real::kShortestLength; n <= dft_real::kLongestLength; ++n) {
+        for (int n : dft_real::lengths()) {
             for (double constant : constants_of(kernel(n, kind)))
                 EXPECT_GT(constant, 0) << kernel(n, kind).name();
         }

@@ -10,8 +10,6 @@ namespace {
 using dft_real::Cost;
 using dft_real::Direction;
 using dft_real::doubled_inputs;
-using dft_real::kLongestLength;
-using dft_real::kShortestLength;
 using dft_real::Layout;
 using dft_real::network_cost;
 using dft_real::outputs_scaled_in_rows;
@@ -31,7 +29,7 @@ int at(const ByLength& numbers, int length) {
 
 TEST(RealCounts, NoNetworkTakesMoreThanItsRowOfTheTable) {
     for (Kind kind : kKinds) {
-        for (int n = kShortestLength; n <= kLongestLength; ++n) {
+        for (int n : dft_real::lengths()) {
             const Cost cost = network_cost(kernel(n, kind).graph);
             const Cost table = dft_real::row_of(n).cost_of(kind);
             EXPECT_LE(cost.sums, table.sums) << kernel(n, kind).name();
@@ -52,7 +50,7 @@ TEST(RealCounts, NetworksWithoutAConvolutionTakeTheProductsOfTheTable) {
 
 TEST(RealCounts, BothPrecisionsHoldTheSameOperations) {
     for (Kind kind : kKinds) {
-        for (int n = kShortestLength; n <= kLongestLength; ++n) {
+        for (int n : dft_real::lengths()) {
             const Cost single = network_cost(kernel(n, kind, Element::Real32).graph);
             const Cost doubled = network_cost(kernel(n, kind, Element::Real64).graph);
             EXPECT_EQ(single.sums, doubled.sums) << kernel(n, kind).name();
@@ -62,7 +60,7 @@ TEST(RealCounts, BothPrecisionsHoldTheSameOperations) {
 }
 
 TEST(RealCounts, AllLayoutsHoldTheSameOperations) {
-    for (int n = kShortestLength; n <= kLongestLength; ++n) {
+    for (int n : dft_real::lengths()) {
         const Cost ccs = network_cost(kernel(n, Kind::Forward).graph);
         for (Layout layout : {Layout::Pack, Layout::Perm}) {
             const auto& other =
@@ -78,14 +76,14 @@ TEST(RealCounts, OutputsThatEndInARowAreScaledInIt) {
                              {15, 4},  {17, 4}, {18, 4}, {21, 2}, {22, 20}, {25, 4}, {27, 2},
                              {28, 12}, {33, 2}, {34, 8}, {35, 4}, {39, 2},  {40, 8}, {45, 2},
                              {48, 4},  {49, 6}, {51, 2}, {54, 4}, {55, 4},  {57, 2}, {63, 2}};
-    for (int n = kShortestLength; n <= kLongestLength; ++n)
+    for (int n : dft_real::lengths())
         EXPECT_EQ(at(scaled, n), outputs_scaled_in_rows(kernel(n, Kind::Forward).graph))
             << kernel(n, Kind::Forward).name();
 }
 
 TEST(RealCounts, InverseAndHartleyNetworksEndInSums) {
     for (Kind kind : {Kind::Inverse, Kind::Hartley}) {
-        for (int n = kShortestLength; n <= kLongestLength; ++n)
+        for (int n : dft_real::lengths())
             EXPECT_EQ(0, outputs_scaled_in_rows(kernel(n, kind).graph)) << kernel(n, kind).name();
     }
 }
@@ -93,7 +91,7 @@ TEST(RealCounts, InverseAndHartleyNetworksEndInSums) {
 TEST(RealCounts, ABinWithNoUseButOneProductIsDoubledInItsConstant) {
     const ByLength folded = {{3, 1},  {9, 1},  {12, 2}, {15, 1}, {17, 2}, {21, 1}, {27, 1},
                              {30, 2}, {33, 1}, {34, 4}, {51, 1}, {54, 2}, {57, 1}, {63, 1}};
-    for (int n = kShortestLength; n <= kLongestLength; ++n) {
+    for (int n : dft_real::lengths()) {
         const int interior = 2 * ((n - 1) / 2);
         EXPECT_EQ(at(folded, n), interior - doubled_inputs(kernel(n, Kind::Inverse).graph))
             << kernel(n, Kind::Inverse).name();
@@ -106,7 +104,7 @@ TEST(RealCounts, SumsInThePrecisionOfTheirRowStandInConvolutionsAndTwentySevenPo
         {Kind::Inverse, {{19, 2}, {27, 2}, {37, 4}, {38, 4}, {54, 4}, {57, 6}}},
         {Kind::Hartley, {{19, 2}, {27, 2}, {37, 4}, {38, 4}, {54, 4}, {57, 6}}}};
     for (Kind kind : kKinds) {
-        for (int n = kShortestLength; n <= kLongestLength; ++n)
+        for (int n : dft_real::lengths())
             EXPECT_EQ(at(wide.at(kind), n), wide_sums(kernel(n, kind).graph))
                 << kernel(n, kind).name();
     }

@@ -44,7 +44,7 @@ class DecompositionOfReals : public testing::Test {
     using Check = std::function<void(int length, Kind kind, const std::set<double>& constants)>;
 
     static void for_each_network(const Check& check) {
-        for (int length = dft_real::kShortestLength; length <= dft_real::kLongestLength; ++length) {
+        for (int length : dft_real::lengths()) {
             for (Kind kind : kKinds) {
                 const auto& k = kernel(length, kind);
                 SCOPED_TRACE(k.name());
@@ -72,7 +72,7 @@ TEST_F(DecompositionOfReals, TellsOfTheConvolutionsByWhoseLengthsTheNetworkDivid
             if (network.method == Method::Rader) told.insert(length_of(network.order) - 1);
         });
         std::set<int> held;
-        for (int L = 10; L < dft_real::kLongestLength; ++L) {
+        for (int L = 10; L < dft_real::lengths().back(); ++L) {
             if (is_prime(L + 1) && constants.contains(1.0 / L)) held.insert(L);
         }
         EXPECT_EQ(held, told);

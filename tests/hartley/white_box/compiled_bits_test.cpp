@@ -1,4 +1,5 @@
 #include "tests/dft_real/white_box/support/compiled_bits.hpp"
+#include "tests/support/header_lengths.hpp"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,7 @@ constexpr CompiledKernel<double> kDoubleKernels[] = {QSVG_FOR_EACH_LENGTH(QSVG_T
 
 template <class Real>
 CompiledKernel<Real> compiled(int length) {
-    const auto entry = static_cast<std::size_t>(length - dft_real::kShortestLength);
+    const auto entry = qsvgen_test::place_in_header(length);
     if constexpr (sizeof(Real) == 4)
         return kSingleKernels[entry];
     else

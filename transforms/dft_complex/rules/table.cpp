@@ -93,14 +93,13 @@ void check(const Rule& rule) {
 namespace {
 
 void check_rows(const std::vector<TableRow>& rows, const std::string& table) {
-    int last = 1;
+    int last = 0;
     for (const TableRow& row : rows) {
         const std::string name = table + ": the row of length " + std::to_string(row.length);
+        if (row.length < 2) throw std::invalid_argument(name + " is too short for a transform");
         if (row.length == last) throw std::invalid_argument(name + " stands twice");
         if (row.length < last)
-            throw std::invalid_argument(
-                name + (last == 1 ? " is too short for a transform"
-                                  : " stands behind that of " + std::to_string(last)));
+            throw std::invalid_argument(name + " stands behind that of " + std::to_string(last));
         last = row.length;
         try {
             check(row.rule);

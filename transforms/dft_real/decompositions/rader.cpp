@@ -103,15 +103,12 @@ Complex product(RowArithmetic& m, const Complex& a, const ExactComplex& c) {
 
 namespace {
 
-// These stand a unit in the last place beside the nearest value. Results of the lengths that hold
-// 11 and 13 rest on them to the bit, so they stay.
-Exact as_it_stands(const Exact& constant) {
-    static const char* const settled[] = {"0.30711137115908277", "0.6004772719326652",
-                                          "0.3004626062886657", "0.33166247903554"};
-    for (const char* decimal : settled) {
+Exact as_settled(const Exact& constant, int p, int k, bool imaginary) {
+    for (const SettledConstant& settled : settled_constants()) {
+        if (settled.prime != p || settled.frequency != k || settled.imaginary != imaginary)
+            continue;
         const Exact magnitude = constant.is_negative() ? -constant : constant;
-        if (abs(magnitude.value() - kernelgen::Wide(decimal)) > 1e-15) continue;
-        const Exact pinned = Exact::pinned(decimal, magnitude);
+        const Exact pinned = Exact::pinned(settled.magnitude, magnitude);
         return constant.is_negative() ? -pinned : pinned;
     }
     return constant;
@@ -125,7 +122,8 @@ ExactComplex convolution_constant(int p, int g, int k) {
     const ExactComplex W = residues::rader_spectrum(p, g, k);
     const Exact re = Exact::product({weight, k % 2 == 0 ? W.re : W.im});
     const Exact im = Exact::product({weight, k % 2 == 0 ? W.im : -W.re});
-    return {as_it_stands(re), own_conjugate ? Exact::rational(0) : as_it_stands(im)};
+    return {as_settled(re, p, k, false),
+            own_conjugate ? Exact::rational(0) : as_settled(im, p, k, true)};
 }
 
 // Of bins 1, 3, ... the transform changes its sign after q points. For odd q the sign (-1)^j makes

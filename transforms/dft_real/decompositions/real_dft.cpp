@@ -67,8 +67,9 @@ HalfSpectrum real_dft(RowArithmetic& m, const Order& order, const Reals& x) {
             break;
     }
     const int prime = order.front();
-    return prime == 13 ? rader_of_thirteen(m, x)
-                       : rader_real_dft(m, inner_order(prime, Kind::Forward), x);
+    return convolution_form(prime) == ConvolutionForm::SineWaits
+               ? rader_of_thirteen(m, x)
+               : rader_real_dft(m, inner_order(prime, Kind::Forward), x);
 }
 
 Reals inverse_real_dft(RowArithmetic& m, const Order& order, const HalfSpectrum& X,

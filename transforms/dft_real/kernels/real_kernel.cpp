@@ -29,12 +29,6 @@ bool is_sum(const Node& n) {
     return n.op == Op::Add || n.op == Op::Sub;
 }
 
-/** Where they are settled: not in nine-point stages that are neither inside of a convolution nor of
- * the transform of 27 points. */
-bool has_wide_sums(int length) {
-    return length % 9 != 0 || length % 27 == 0;
-}
-
 template <class Predicate>
 int number_of(const Graph& graph, const Predicate& is_counted) {
     int number = 0;
@@ -58,8 +52,9 @@ RealKernel proven(const Family& family, int length, Element element, const Graph
     const Graph rows = has_wide_sums(length) ? with_wide_sums(joined) : joined;
     RealKernel kernel{family, length, element,
                       element == Element::Real32 ? rows : in_binary64(rows),
-                      tuning_of(family.kind, length, element)};
-    kernelgen::prove(kernel.name(), kernel.graph, inputs, outputs, definition);
+                      tuning_of(family.kind, row_of(length), element)};
+    kernelgen::prove(kernel.name() + " by stages " + in_words(row_of(length).order_of(family.kind)),
+                     kernel.graph, inputs, outputs, definition);
     return kernel;
 }
 

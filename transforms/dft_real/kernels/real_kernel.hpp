@@ -16,9 +16,6 @@
 
 namespace dft_real {
 
-inline constexpr int kShortestLength = 2;
-inline constexpr int kLongestLength = 64;
-
 inline constexpr Element kElements[] = {Element::Real32, Element::Real64};
 std::string suffix(Element element);
 

@@ -97,9 +97,9 @@ std::string dispatcher_source(const Family& family, Element element) {
                        stem + suffix(element) + "(const " + real + "* src, " + real +
                        "* dst, int32_t length, int32_t flag) {\n"
                        "    switch (static_cast<uint32_t>(length) - " +
-                       std::to_string(kShortestLength) + ") {\n";
-    for (int n = kShortestLength; n <= kLongestLength; ++n) {
-        text += "        case " + std::to_string(n - kShortestLength) + ":\n            return " +
+                       std::to_string(lengths().front()) + ") {\n";
+    for (int n : lengths()) {
+        text += "        case " + std::to_string(n - lengths().front()) + ":\n            return " +
                 stem + std::to_string(n) + "_" + suffix(element) + "(src, dst, flag);\n";
     }
     return text + "        default:\n            return qsvStatusBadLength;\n    }\n}\n";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "transforms/dft_real/rules/stage_orders.hpp"
@@ -22,7 +23,19 @@ struct Tuning {
     std::string option = {};  ///< of GCC, without its "-f", or empty
 };
 
-/** What scripts/tune-real found fastest; as by default where it has not searched. */
-Tuning tuning_of(Kind kind, int length, Element element);
+/** A tuning as it is recorded, with the order of stages that it was found for. */
+struct RecordedTuning {
+    Kind kind;
+    int length;
+    const char* stages;
+    Tuning tuning;
+};
+
+/** What scripts/tune-orders found fastest for the row's kernel; as by default where nothing has
+ * been searched. Throws std::logic_error where it was found for another order of stages than the
+ * row's, or stands there twice. */
+Tuning tuning_of(Kind kind, const TableRow& row, Element element);
+Tuning tuning_of(Kind kind, const TableRow& row, Element element,
+                 std::span<const RecordedTuning> recorded);
 
 }  // namespace dft_real

@@ -1,9 +1,27 @@
 #include "transforms/dft_real/rules/stage_orders.hpp"
 
+#include <algorithm>
+#include <set>
 #include <stdexcept>
 #include <string>
 
 namespace dft_real {
+namespace {
+
+bool is_prime(int n) {
+    for (int d = 2; d * d <= n; ++d) {
+        if (n % d == 0) return false;
+    }
+    return n > 1;
+}
+
+const std::vector<TableRow>& checked_table() {
+    static const bool checked = (check(table()), true);
+    static_cast<void>(checked);
+    return table();
+}
+
+}  // namespace
 
 int length_of(const std::vector<int>& order) {
     int length = 1;
@@ -90,10 +108,72 @@ const std::vector<TableRow>& table() {
     return rows;
 }
 
+std::string in_words(const std::vector<int>& order) {
+    std::string text;
+    for (int factor : order) text += (text.empty() ? "" : " ") + std::to_string(factor);
+    return text;
+}
+
 const TableRow& row_of(int length) {
-    if (length < 2 || length > 64)
-        throw std::out_of_range("no real transform of length " + std::to_string(length));
-    return table()[static_cast<std::size_t>(length - 2)];
+    const std::vector<TableRow>& rows = checked_table();
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const TableRow& r) { return r.length == length; });
+    if (row == rows.end())
+        throw std::out_of_range("there is no real transform of length " + std::to_string(length));
+    return *row;
+}
+
+const std::vector<int>& lengths() {
+    static const std::vector<int> all = [] {
+        std::vector<int> result;
+        for (const TableRow& row : checked_table()) result.push_back(row.length);
+        return result;
+    }();
+    return all;
+}
+
+ConvolutionForm convolution_form(int prime) {
+    return prime == 13 ? ConvolutionForm::SineWaits : ConvolutionForm::Usual;
+}
+
+bool has_wide_sums(int length) {
+    static const std::set<int> without = {9, 18, 36, 45, 63};
+    return !without.contains(length);
+}
+
+std::span<const SettledConstant> settled_constants() {
+    static constexpr SettledConstant settled[] = {
+        {11, 5, false, "0.33166247903554"},
+        {13, 2, true, "0.30711137115908277"},
+        {13, 5, true, "0.6004772719326652"},
+        {13, 6, false, "0.3004626062886657"},
+    };
+    return settled;
+}
+
+void check(const std::vector<TableRow>& rows) {
+    int last = 0;
+    for (const TableRow& row : rows) {
+        const std::string name =
+            "the table of stage orders: the row of length " + std::to_string(row.length);
+        if (row.length < 2) throw std::invalid_argument(name + " is too short for a transform");
+        if (row.length == last) throw std::invalid_argument(name + " stands twice");
+        if (row.length < last)
+            throw std::invalid_argument(name + " stands behind that of " + std::to_string(last));
+        last = row.length;
+        for (const std::vector<int>& order : row.order) {
+            const int product = length_of(order);
+            const bool makes_sense = std::all_of(order.begin(), order.end(), [](int factor) {
+                return factor == 4 || is_prime(factor);
+            });
+            if (order.empty() || !makes_sense)
+                throw std::invalid_argument(name + " has the order " + in_words(order) +
+                                            ", whose factors are to be primes or 4");
+            if (product != row.length && (product != row.length - 1 || !is_prime(row.length)))
+                throw std::invalid_argument(name + " has the order " + in_words(order) +
+                                            ", which makes " + std::to_string(product) + " points");
+        }
+    }
 }
 
 }  // namespace dft_real

@@ -5,6 +5,8 @@
  * @brief For each length the order of stages of its three networks, and what they may cost.
  */
 
+#include <span>
+#include <string>
 #include <vector>
 
 namespace dft_real {
@@ -33,11 +35,42 @@ struct TableRow {
     const Cost& cost_of(Kind kind) const { return cost[static_cast<int>(kind)]; }
 };
 
+/** "3 2 2", by which tunings know the order that they were found for. */
+std::string in_words(const std::vector<int>& order);
+
 /** The product of the factors. */
 int length_of(const std::vector<int>& order);
 
-/** Lengths 2 to 64 in order. */
+/** Rows in order of their lengths, which are those of the family (and of the Hartley transforms)
+ * and stand nowhere else. */
 const std::vector<TableRow>& table();
 const TableRow& row_of(int length);
+const std::vector<int>& lengths();
+
+/** Throws std::invalid_argument, with a sentence, where rows do not ascend, where one stands twice,
+ * or where an order is neither that of the length nor that of the convolution of an odd prime. */
+void check(const std::vector<TableRow>& rows);
+
+/** How a prime's forward convolution is written. */
+enum class ConvolutionForm {
+    Usual,
+    SineWaits,  ///< the sine of the first three-point stage, until it meets that of the last
+};
+ConvolutionForm convolution_form(int prime);
+
+/** Whether binary32 kernels form sums of three-point butterflies in the precision of their row,
+ * where there are such: everywhere but in nine-point stages that are neither inside of a
+ * convolution nor of the transform of 27 points. */
+bool has_wide_sums(int length);
+
+/** A constant of a convolution, the weighted spectrum of the prime at a frequency, that stands a
+ * unit in the last place beside the nearest value. Results rest on it to the bit, so it stays. */
+struct SettledConstant {
+    int prime;
+    int frequency;
+    bool imaginary;
+    const char* magnitude;
+};
+std::span<const SettledConstant> settled_constants();
 
 }  // namespace dft_real

@@ -43,7 +43,7 @@ void write_family(const std::filesystem::path& folder, const std::string& wanted
             if (stem != wanted || suffix(element) != type) continue;
             known = true;
             const std::string end = "_" + type + ".cpp";
-            for (int n = kShortestLength; n <= kLongestLength; ++n)
+            for (int n : lengths())
                 kernelgen::write_if_changed(
                     folder / (stem + "_" + std::to_string(n) + end),
                     kernel_source(dft_kernel(n, direction, layout, element)));
@@ -58,7 +58,7 @@ void write_manifest(const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for_each_family([&](Direction direction, Layout layout, const std::string&) {
         for (Element element : kElements) {
-            for (int n = kShortestLength; n <= kLongestLength; ++n)
+            for (int n : lengths())
                 lines += manifest_line(dft_kernel(n, direction, layout, element)) + "\n";
         }
     });

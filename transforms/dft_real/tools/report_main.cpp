@@ -93,7 +93,7 @@ std::string cell(int length, Kind kind) {
 
 std::string wide_sums_by_length(Kind kind) {
     std::string text;
-    for (int n = kShortestLength; n <= kLongestLength; ++n) {
+    for (int n : lengths()) {
         const int sums = wide_sums(graph_of(n, kind));
         if (sums > 0)
             text += (text.empty() ? "" : ", ") + std::to_string(n) + ": " + std::to_string(sums);
@@ -103,7 +103,7 @@ std::string wide_sums_by_length(Kind kind) {
 
 void run() {
     std::printf("%s| N | forward | inverse | Hartley |\n|---|---|---|---|\n", kHead);
-    for (int n = kShortestLength; n <= kLongestLength; ++n)
+    for (int n : lengths())
         std::printf("| %d | %s | %s | %s |\n", n, cell(n, Kind::Forward).c_str(),
                     cell(n, Kind::Inverse).c_str(), cell(n, Kind::Hartley).c_str());
     std::printf("%s", kWideSums);

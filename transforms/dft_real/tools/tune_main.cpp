@@ -46,8 +46,9 @@ std::string row(const RealKernel& kernel) {
     const std::string rounding =
         t.rounding == Rounding::Conversion ? "Conversion" : "WholeRegister";
     return std::string("{Kind::") + kinds[static_cast<int>(kernel.family.kind)] + ", " +
-           std::to_string(kernel.length) + ", {\"" + t.order + "\", Rounding::" + rounding +
-           ", \"" + t.option + "\"}},";
+           std::to_string(kernel.length) + ", \"" +
+           in_words(row_of(kernel.length).order_of(kernel.family.kind)) + "\", {\"" + t.order +
+           "\", Rounding::" + rounding + ", \"" + t.option + "\"}},";
 }
 
 void write_forms(Kind kind, int length, Element element, const std::filesystem::path& folder) {

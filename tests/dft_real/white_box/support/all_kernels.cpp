@@ -33,8 +33,7 @@ void for_each_kernel(const std::function<void(const Kernel&)>& check) {
 void for_each_kernel(Direction direction, const std::function<void(const Kernel&)>& check) {
     for (Element element : kElements) {
         for (Layout layout : kLayouts) {
-            for (int length = dft_real::kShortestLength; length <= dft_real::kLongestLength;
-                 ++length) {
+            for (int length : dft_real::lengths()) {
                 const Kernel one{length, direction, layout, element};
                 SCOPED_TRACE(one.made().name());
                 check(one);

@@ -21,7 +21,7 @@ const RealKernel& kernel(int length, Element element) {
 }
 
 void for_each_kernel(Element element, const std::function<void(const RealKernel&)>& check) {
-    for (int length = dft_real::kShortestLength; length <= dft_real::kLongestLength; ++length) {
+    for (int length : dft_real::lengths()) {
         const RealKernel& one = kernel(length, element);
         SCOPED_TRACE(one.name());
         check(one);
