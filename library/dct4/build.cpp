@@ -12,15 +12,13 @@
 #include "dct4/operations.hpp"
 #include "dct4/tables.hpp"
 #include "plan/factor_choice.hpp"
-#include "plan/wrapping.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 
-using plan::Wrapping;
-
 namespace {
 
-/** The longest power of two whose plan takes less than 2^31 bytes, and one. */
+/** The longest power of two whose plan takes less than 2^31 bytes, and one. Of longer lengths, not
+ * even the strides are sure to have 32 bits. */
 constexpr std::int32_t kLongestLength = (1 << (sizeof(Real) == 4 ? 26 : 25)) + 1;
 
 /** Enters a child that `children` owns into the list of the stage that runs it. */
@@ -39,13 +37,13 @@ QsvStatus split_root(env1* node) {
     const std::int32_t factor = node->factor;
     const std::int32_t two_factor = 2 * factor;
     const std::int32_t blocks = length / two_factor;
-    const std::int32_t last_index = (Wrapping(2) * length - 1).value();
+    const std::int32_t last_index = 2 * length - 1;
     const std::int32_t sub_length = length / factor;
 
     auto* const stage_b = allocate<env2>(arena);
     auto* const compose = allocate<envfCompose>(arena);
     const envfCompose_parameters rotations{.columns = two_factor,
-                                           .angleBase = (Wrapping(8) * length).value(),
+                                           .angleBase = 8 * length,
                                            .rowCount = blocks,
                                            .factor = factor,
                                            .rowStride = two_factor};
@@ -190,7 +188,7 @@ QsvStatus DCT4(env7_plan)(EnvObject* object) {
     const env8_parameters dfts{.factor = factor,
                                .scratchLength = node->scratchLength,
                                .step = node->step,
-                               .span = (Wrapping(2) * factor * node->step).value(),
+                               .span = 2 * factor * node->step,
                                .blocks = points / (2 * factor),
                                .scratchLength2 = node->scratchLength,
                                .halfLength = points / 2,
@@ -206,11 +204,11 @@ QsvStatus DCT4(env7_plan)(EnvObject* object) {
     const env9_parameters parts{.subLength = points / factor,
                                 .length = node->length,
                                 .length2 = node->length2,
-                                .stride = (Wrapping(factor) * node->stride).value(),
+                                .stride = factor * node->stride,
                                 .parentStride = node->stride,
                                 .factor = factor,
                                 .scratchLength = node->scratchLength,
-                                .step = (Wrapping(factor) * node->step).value(),
+                                .step = factor * node->step,
                                 .parentStep = node->step};
     DCT4(env9___init__)(analyses, arena, parts);
     add_child(node->children, node->stage2, analyses);

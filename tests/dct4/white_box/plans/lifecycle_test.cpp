@@ -201,13 +201,16 @@ TEST_F(Lifecycle, InitAllocTakesOneBlockOfTheToldSizeAndFreeGivesItBackOnce) {
     }
 }
 
-// The core library of these tests keeps what is freed, so that it can be looked at.
-TEST_F(Lifecycle, FreeLeavesTheBumpPointerWhereTheRootBegan) {
+// The core library of these tests keeps what is freed, and the bump pointer as it was then.
+TEST_F(Lifecycle, FreeTakesDownTheTreeBeforeItGivesBackItsBuffer) {
     for (const std::int32_t length : accepted_lengths(1 << 17)) {
         Plan* plan = nullptr;
         ASSERT_EQ(0, EXPORTED(DCT4InitAlloc)(&plan, length)) << length;
         const Arena* const arena = reinterpret_cast<env1*>(plan)->arena;
+        core().heads.clear();
         EXPECT_EQ(0, EXPORTED(DCT4Free)(plan)) << length;
+        EXPECT_EQ(std::vector<std::uint32_t>{reinterpret_cast<std::uint32_t>(plan)}, core().heads)
+            << length;
         EXPECT_EQ(reinterpret_cast<std::uint32_t>(plan), arena->bump) << length;
     }
 }

@@ -26,6 +26,8 @@ extern "C" {
 }
 
 [[gnu::visibility("default")]] void qsvFree(void* block) {
-    qsvgen_test::platform_core().freed.push_back(block);
+    auto& core = qsvgen_test::platform_core();
+    core.freed.push_back(block);
+    core.heads.push_back(block == nullptr ? 0 : *static_cast<const std::uint32_t*>(block));
 }
 }
