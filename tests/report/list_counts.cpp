@@ -93,8 +93,8 @@ void write_plans(int longest) {
     for (Element element : {Element::Real32, Element::Real64}) {
         for (int length = 2; length <= longest; length *= 2) {
             const Instructions all = plan_instructions(length, element);
-            records.next() << "{\"type\": \"" << (element == Element::Real32 ? "32f" : "64f")
-                           << "\", \"length\": " << length << ", \"arithmetic\": " << all.arithmetic
+            records.next() << "{\"type\": \"" << suffix(element) << "\", \"length\": " << length
+                           << ", \"arithmetic\": " << all.arithmetic
                            << ", \"shuffles\": " << all.shuffles << ", \"loads\": " << all.loads
                            << ", \"stores\": " << all.stores << '}';
         }

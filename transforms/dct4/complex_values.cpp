@@ -39,18 +39,6 @@ Complex turned_by_eighths(Graph& graph, Complex z, std::size_t t) {
 
 }  // namespace
 
-int lanes(Element element) {
-    return element == Element::Real32 ? 4 : 2;
-}
-
-Type vector_type(Element element) {
-    return element == Element::Real32 ? Type::Binary32x4 : Type::Binary64x2;
-}
-
-Type scalar_type(Element element) {
-    return element == Element::Real32 ? Type::Binary32 : Type::Binary64;
-}
-
 Complex conjugate(Complex z) {
     return {z.re, -z.im};
 }

@@ -9,18 +9,14 @@
 #include <vector>
 
 #include "kernelgen/graph/graph.hpp"
+#include "transforms/real_element.hpp"
 
 namespace dct4 {
 
-/** binary32, "32f", or binary64, "64f". */
-enum class Element { Real32, Real64 };
-inline constexpr Element kElements[] = {Element::Real32, Element::Real64};
-
-/** Elements in a vector. */
-int lanes(Element element);
-
-kernelgen::Type vector_type(Element element);
-kernelgen::Type scalar_type(Element element);
+using Element = transforms::RealElement;
+inline constexpr auto& kElements = transforms::kRealElements;
+using transforms::lanes;
+using transforms::suffix;
 
 struct Complex {
     kernelgen::Ref re;

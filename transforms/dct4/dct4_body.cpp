@@ -5,10 +5,6 @@
 
 namespace dct4 {
 
-std::string suffix(Element element) {
-    return element == Element::Real32 ? "32f" : "64f";
-}
-
 std::string Kernel::stem() const {
     const std::string number = std::to_string(rule);
     switch (step) {

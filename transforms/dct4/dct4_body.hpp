@@ -26,8 +26,6 @@ struct Kernel {
     int points() const { return 1 << rule; }
 };
 
-std::string suffix(Element element);
-
 /** Steps and rules that there are bodies of. */
 struct BodyKey {
     Step step;

@@ -7,13 +7,10 @@ namespace dct4 {
 namespace {
 
 using kernelgen::Counts;
-
-std::string number(int value) {
-    return std::to_string(value);
-}
+using std::to_string;
 
 std::string what(const Kernel& kernel) {
-    const std::string points = number(kernel.points()) + " points";
+    const std::string points = to_string(kernel.points()) + " points";
     switch (kernel.step) {
         case Step::Analysis:
             return "Analysis of " + points + " at odd frequencies";
@@ -29,11 +26,11 @@ std::string what(const Kernel& kernel) {
 
 std::string head(const Kernel& kernel) {
     const Counts c = counts_of(kernel);
-    return "// " + what(kernel) + ", " + (kernel.element == Element::Real32 ? "single" : "double") +
-           " precision; order: " + schedule_of(kernel).method + ".\n// " + number(c.sums) +
-           " sums, " + number(c.differences) + " differences, " + number(c.products) +
-           " products, " + number(c.shuffles) + " shuffles, " + number(c.loads) + " loads, " +
-           number(c.stores) + " stores.\n// Made by the kernel compiler; do not edit.\n\n";
+    return "// " + what(kernel) + ", " + precision_name(kernel.element) +
+           " precision; order: " + schedule_of(kernel).method + ".\n// " + to_string(c.sums) +
+           " sums, " + to_string(c.differences) + " differences, " + to_string(c.products) +
+           " products, " + to_string(c.shuffles) + " shuffles, " + to_string(c.loads) + " loads, " +
+           to_string(c.stores) + " stores.\n// Made by the kernel compiler; do not edit.\n\n";
 }
 
 std::string inline_function(const Kernel& kernel) {
@@ -63,7 +60,7 @@ std::string place_body(const Kernel& kernel) {
     if (!code.constants.empty())
         text += "namespace " + kernel.stem() + " {\n" + code.constants + "}  // namespace " +
                 kernel.stem() + "\n\n";
-    text += "template <>\nstruct " + type_name(kernel) + "<" + number(kernel.rule) +
+    text += "template <>\nstruct " + type_name(kernel) + "<" + to_string(kernel.rule) +
             "> {\n    template <class Source, class Destination>\n"
             "    [[gnu::always_inline]] static void run(const Source& x, const Destination& y) {\n";
     if (!code.constants.empty()) text += "    using " + kernel.stem() + "::kConstants;\n";
@@ -89,8 +86,8 @@ std::string manifest_line(const Kernel& kernel) {
     const kernelgen::Schedule schedule = schedule_of(kernel);
     std::string line = kernel.name();
     for (int value : {c.sums, c.differences, c.products, c.shuffles, c.loads, c.stores})
-        line += "," + number(value);
-    return line + "," + schedule.method + "," + number(schedule.traffic.stack_accesses) + "," +
+        line += "," + to_string(value);
+    return line + "," + schedule.method + "," + to_string(schedule.traffic.stack_accesses) + "," +
            kernelgen::hash_of(kernel_source(kernel));
 }
 

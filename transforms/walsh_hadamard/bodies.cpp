@@ -13,14 +13,6 @@ using kernelgen::Type;
 
 using Values = std::vector<Ref>;
 
-Type scalar_type(Element element) {
-    return element == Element::Real32 ? Type::Binary32 : Type::Binary64;
-}
-
-Type vector_type(Element element) {
-    return element == Element::Real32 ? Type::Binary32x4 : Type::Binary64x2;
-}
-
 Values load(Graph& graph, Type type, std::size_t count, int stride) {
     Values x;
     for (std::size_t i = 0; i < count; ++i)
@@ -54,10 +46,6 @@ void transpose(Graph& graph, Element element, Values& v) {
 }
 
 }  // namespace
-
-int lanes(Element element) {
-    return element == Element::Real32 ? 4 : 2;
-}
 
 Graph scalar_body(Element element, int order) {
     Graph graph;

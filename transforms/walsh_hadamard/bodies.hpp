@@ -12,15 +12,14 @@
  */
 
 #include "kernelgen/graph/graph.hpp"
+#include "transforms/real_element.hpp"
 
 namespace walsh_hadamard {
 
-/** binary32, "32f", or binary64, "64f". */
-enum class Element { Real32, Real64 };
-inline constexpr Element kElements[] = {Element::Real32, Element::Real64};
-
-/** Elements in a vector. */
-int lanes(Element element);
+using Element = transforms::RealElement;
+inline constexpr auto& kElements = transforms::kRealElements;
+using transforms::lanes;
+using transforms::suffix;
 
 /** Whether a body multiplies its outputs by the scale factor. */
 enum class Scaling { None, Last };

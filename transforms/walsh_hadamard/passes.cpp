@@ -3,13 +3,6 @@
 #include <array>
 
 namespace walsh_hadamard {
-namespace {
-
-int bytes(Element element) {
-    return element == Element::Real32 ? 4 : 8;
-}
-
-}  // namespace
 
 std::vector<int> stages_of(int order, Element element) {
     // Callers bring buffers of the sizes that follow from these, and rely on the third pass being

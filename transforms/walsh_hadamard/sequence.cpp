@@ -145,8 +145,8 @@ std::vector<Expression> sums_of_kernel(const Kernel& kernel) {
     Memory x;
     for (int n = 0; n < kernel.length(); ++n) x.push_back(Expression::input(n));
     Memory y(x.size());
-    const int element_size = kernel.element == Element::Real32 ? 4 : 8;
-    Memory work(static_cast<std::size_t>(buffer_size(kernel.order, kernel.element) / element_size));
+    Memory work(static_cast<std::size_t>(buffer_size(kernel.order, kernel.element) /
+                                         bytes(kernel.element)));
     if (kernel.stages.size() == 1)
         Worker(kernel.bodies[0]).run(x, 0, y, 0);
     else if (kernel.stages.size() == 2)

@@ -40,10 +40,6 @@ void prove_columns(const std::string& what, const Graph& graph, Element element,
 
 }  // namespace
 
-std::string suffix(Element element) {
-    return element == Element::Real32 ? "32f" : "64f";
-}
-
 std::string Kernel::name() const {
     return "qsvgWHT_" + std::to_string(order) + "_" + suffix(element);
 }

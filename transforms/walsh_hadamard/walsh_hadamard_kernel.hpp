@@ -34,8 +34,6 @@ struct Kernel {
     bool has_passes() const { return stages.size() > 1; }
 };
 
-std::string suffix(Element element);
-
 /** The kernel, before anything of it has been proven. */
 Kernel described_kernel(int order, Element element);
 

@@ -8,11 +8,10 @@ namespace walsh_hadamard {
 namespace {
 
 using kernelgen::Counts;
+using std::to_string;
 
-/** How one element type is spelled in the library's code. */
+/** How vectors of one element type are spelled in the library's code. */
 struct Spelling {
-    const char* precision;
-    const char* real;
     const char* vector;
     const char* load;
     const char* unaligned;
@@ -20,18 +19,14 @@ struct Spelling {
 
 const Spelling& spelling(Element element) {
     // Unaligned vectors of binary64 are written as two halves, of which compilers make one move.
-    static const Spelling single{"single", "Real32", "__m128", "_mm_load_ps", "core::Unaligned"};
-    static const Spelling doubled{"double", "Real64", "__m128d", "_mm_load_pd", "core::Halves"};
+    static const Spelling single{"__m128", "_mm_load_ps", "core::Unaligned"};
+    static const Spelling doubled{"__m128d", "_mm_load_pd", "core::Halves"};
     return element == Element::Real32 ? single : doubled;
-}
-
-std::string number(int value) {
-    return std::to_string(value);
 }
 
 std::string stages_text(const Kernel& kernel) {
     std::string text;
-    for (int stages : kernel.stages) text += (text.empty() ? "" : "+") + number(stages);
+    for (int stages : kernel.stages) text += (text.empty() ? "" : "+") + to_string(stages);
     return text;
 }
 
@@ -44,12 +39,12 @@ std::string orders_text(const Kernel& kernel) {
 
 std::string head(const Kernel& kernel) {
     const Counts c = written_out(kernel);
-    return "// Walsh-Hadamard transform of order " + number(kernel.order) + ", " +
-           spelling(kernel.element).precision + " precision; stages: " + stages_text(kernel) +
-           "; order: " + orders_text(kernel) + ".\n// Written out: " + number(c.sums) + " sums, " +
-           number(c.differences) + " differences, " + number(c.products) + " products, " +
-           number(c.shuffles) + " shuffles, " + number(c.loads) + " loads, " + number(c.stores) +
-           " stores.\n// Made by the kernel compiler; do not edit.\n\n";
+    return "// Walsh-Hadamard transform of order " + to_string(kernel.order) + ", " +
+           precision_name(kernel.element) + " precision; stages: " + stages_text(kernel) +
+           "; order: " + orders_text(kernel) + ".\n// Written out: " + to_string(c.sums) +
+           " sums, " + to_string(c.differences) + " differences, " + to_string(c.products) +
+           " products, " + to_string(c.shuffles) + " shuffles, " + to_string(c.loads) + " loads, " +
+           to_string(c.stores) + " stores.\n// Made by the kernel compiler; do not edit.\n\n";
 }
 
 std::string option_pragma(const Kernel& kernel) {
@@ -60,14 +55,13 @@ std::string option_pragma(const Kernel& kernel) {
 }
 
 std::string scale_table(const Kernel& kernel) {
-    return std::string("constexpr auto kScales = core::ScaleTable<") +
-           spelling(kernel.element).real + ">::both(" +
-           scale_by_length(kernel.order, kernel.element) + ", " +
+    return std::string("constexpr auto kScales = core::ScaleTable<") + real_name(kernel.element) +
+           ">::both(" + scale_by_length(kernel.order, kernel.element) + ", " +
            scale_by_root(kernel.order, kernel.element) + ");\n";
 }
 
 std::string arrays(const Kernel& kernel, const char* source, const char* destination) {
-    const std::string real = spelling(kernel.element).real;
+    const std::string real = real_name(kernel.element);
     return "const " + real + "* " + source + ", " + real + "* " + destination;
 }
 
@@ -78,7 +72,7 @@ std::string body_function(const Kernel& kernel, const Body& body) {
     std::string text = scalar ? "\n" : "\ntemplate <class Memory>\n";
     text += "[[gnu::always_inline]] inline void " + body.name + "(" + arrays(kernel, "x", "y");
     if (body.scaling == Scaling::Last)
-        text += std::string(", ") + (scalar ? s.real : s.vector) + " scale";
+        text += std::string(", ") + (scalar ? real_name(kernel.element) : s.vector) + " scale";
     return text + ") {\n" + code.statements + "}\n";
 }
 
@@ -86,19 +80,20 @@ std::string body_function(const Kernel& kernel, const Body& body) {
 std::string passes_function(const Kernel& kernel) {
     const Spelling& s = spelling(kernel.element);
     const std::vector<int>& stages = kernel.stages;
-    const std::string length = number(kernel.length());
-    const std::string row = number(1 << stages[0]);
-    const std::string width = number(lanes(kernel.element));
-    const std::string block = number(big_block(kernel.order, kernel.element));
+    const std::string length = to_string(kernel.length());
+    const std::string row = to_string(1 << stages[0]);
+    const std::string width = to_string(lanes(kernel.element));
+    const std::string block = to_string(big_block(kernel.order, kernel.element));
     std::string text = "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
-                       arrays(kernel, "src", "dst") + ", " + s.vector + " scale, " + s.real +
+                       arrays(kernel, "src", "dst") + ", " + s.vector + " scale, " +
+                       real_name(kernel.element) +
                        "* work) {\n    using Rows = core::Between<Memory, core::Aligned>;\n"
                        "    using Columns = core::Between<core::Aligned, Memory>;\n";
     if (stages.size() == 2)
         return text + "    QSVG_FOR_EACH_BLOCK(i, " + length + ", " + row +
                ") row<Rows>(src + i, work + i);\n    QSVG_FOR_EACH_BLOCK(c, " + row + ", " + width +
                ") final_columns<Columns>(work + c, dst + c, scale);\n}\n";
-    return text + "    " + s.real + "* const temporary = work + " + length +
+    return text + "    " + real_name(kernel.element) + "* const temporary = work + " + length +
            ";\n    QSVG_FOR_EACH_BLOCK(b, " + length + ", " + block +
            ") {\n        QSVG_FOR_EACH_BLOCK(i, " + block + ", " + row +
            ") row<Rows>(src + b + i, temporary + i);\n        QSVG_FOR_EACH_BLOCK(c, " + row +
@@ -125,8 +120,8 @@ std::string transform_call(const Kernel& kernel, const std::string& memory) {
 
 std::string work_buffer(const Kernel& kernel) {
     if (!kernel.has_passes()) return {};
-    return std::string("    const core::WorkBuffer<") + spelling(kernel.element).real +
-           "> work(buffer, " + number(buffer_size(kernel.order, kernel.element)) + ");\n";
+    return std::string("    const core::WorkBuffer<") + real_name(kernel.element) +
+           "> work(buffer, " + to_string(buffer_size(kernel.order, kernel.element)) + ");\n";
 }
 
 std::string checked_transform(const Kernel& kernel, const std::string& memory) {
@@ -165,25 +160,24 @@ std::string kernel_source(const Kernel& kernel) {
 }
 
 std::string dispatcher_source(Element element) {
-    const std::string real = spelling(element).real;
+    const std::string real = real_name(element);
     const std::string type = suffix(element);
-    const std::string orders = number(kHighestOrder - kLowestOrder + 1);
-    std::string text = std::string("// Walsh-Hadamard transform in ") +
-                       spelling(element).precision +
+    const std::string orders = to_string(kHighestOrder - kLowestOrder + 1);
+    std::string text = std::string("// Walsh-Hadamard transform in ") + precision_name(element) +
                        " precision by order, and the size of its work buffer.\n"
                        "// Made by the kernel compiler; do not edit.\n\n#include \"qsvgen.h\"\n\n"
                        "namespace {\n\nconstexpr int32_t kBufferSizes[] = {";
     for (int order = kLowestOrder; order <= kHighestOrder; ++order)
-        text += (order == kLowestOrder ? "" : ", ") + number(buffer_size(order, element));
+        text += (order == kLowestOrder ? "" : ", ") + to_string(buffer_size(order, element));
     text += "};\n\n}  // namespace\n\nextern \"C\" {\n\nQsvStatus qsvgWHT_" + type + "(const " +
             real + "* src, " + real +
             "* dst, int32_t order, int32_t flag, uint8_t* buffer) {\n"
             "    switch (static_cast<uint32_t>(order) - " +
-            number(kLowestOrder) + ") {\n";
+            to_string(kLowestOrder) + ") {\n";
     for (int order = kLowestOrder; order <= kHighestOrder; ++order) {
-        text += "        case " + number(order - kLowestOrder) + ":\n            return qsvgWHT_" +
-                number(order) + "_" + type + "(src, dst, flag" +
-                (order > kHighestStraightOrder ? ", buffer" : "") + ");\n";
+        text += "        case " + to_string(order - kLowestOrder) +
+                ":\n            return qsvgWHT_" + to_string(order) + "_" + type +
+                "(src, dst, flag" + (order > kHighestStraightOrder ? ", buffer" : "") + ");\n";
     }
     return text +
            "        default:\n            return qsvStatusBadLength;\n    }\n}\n\n"
@@ -191,7 +185,7 @@ std::string dispatcher_source(Element element) {
            type +
            "(int32_t order, int32_t* size) {\n"
            "    const uint32_t entry = static_cast<uint32_t>(order) - " +
-           number(kLowestOrder) + ";\n    if (entry >= " + orders +
+           to_string(kLowestOrder) + ";\n    if (entry >= " + orders +
            ") return qsvStatusBadLength;\n    *size = kBufferSizes[entry];\n"
            "    return qsvStatusOk;\n}\n\n}\n";
 }
@@ -206,11 +200,11 @@ std::string manifest_line(const Kernel& kernel) {
     std::string line = kernel.name() + "," + stages_text(kernel);
     for (int value : {buffer_size(kernel.order, kernel.element), c.sums, c.differences, c.products,
                       c.shuffles, c.loads, c.stores})
-        line += "," + number(value);
+        line += "," + to_string(value);
     int stack_accesses = 0;
     for (const Body& body : kernel.bodies)
         stack_accesses += schedule_of(body).traffic.stack_accesses;
-    line += ",\"" + orders_text(kernel) + "\"," + number(stack_accesses) + "," + kernel.option;
+    line += ",\"" + orders_text(kernel) + "\"," + to_string(stack_accesses) + "," + kernel.option;
     return line + "," + kernelgen::hash_of(kernel_source(kernel));
 }
 

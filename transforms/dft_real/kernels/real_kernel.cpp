@@ -38,10 +38,6 @@ int number_of(const Graph& graph, const Predicate& is_counted) {
 
 }  // namespace
 
-std::string suffix(Element element) {
-    return element == Element::Real32 ? "32f" : "64f";
-}
-
 std::string RealKernel::name() const {
     return "qsvg" + family.name + "_" + std::to_string(length) + "_" + suffix(element);
 }

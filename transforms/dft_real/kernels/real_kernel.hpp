@@ -16,8 +16,8 @@
 
 namespace dft_real {
 
-inline constexpr Element kElements[] = {Element::Real32, Element::Real64};
-std::string suffix(Element element);
+inline constexpr auto& kElements = transforms::kRealElements;
+using transforms::suffix;
 
 /** What the kernels of one exported family have in common. */
 struct Family {

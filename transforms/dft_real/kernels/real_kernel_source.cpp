@@ -9,14 +9,6 @@ namespace {
 using kernelgen::Exact;
 using kernelgen::literal;
 
-const char* real_name(Element element) {
-    return element == Element::Real32 ? "Real32" : "Real64";
-}
-
-const char* precision_name(Element element) {
-    return element == Element::Real32 ? "single" : "double";
-}
-
 const char* scaling_name(Kind kind) {
     switch (kind) {
         case Kind::Forward:

@@ -28,7 +28,7 @@ Tuning tuning_of(Kind kind, const TableRow& row, Element element) {
 Tuning tuning_of(Kind kind, const TableRow& row, Element element,
                  std::span<const RecordedTuning> recorded) {
     const std::string name = "the tuning of length " + std::to_string(row.length) + " in " +
-                             (element == Element::Real32 ? "32f" : "64f");
+                             suffix(element);
     const RecordedTuning* found = nullptr;
     for (const RecordedTuning& tuning : recorded) {
         if (tuning.kind != kind || tuning.length != row.length) continue;

@@ -4,11 +4,11 @@
 #include <string>
 
 #include "transforms/dft_real/rules/stage_orders.hpp"
+#include "transforms/real_element.hpp"
 
 namespace dft_real {
 
-/** binary32, "32f", or binary64, "64f". */
-enum class Element { Real32, Real64 };
+using Element = transforms::RealElement;
 
 /** How binary64 becomes binary32: by the language's conversion or by core::rounded. */
 enum class Rounding { Conversion, WholeRegister };
