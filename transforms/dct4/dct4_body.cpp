@@ -1,7 +1,7 @@
 #include "transforms/dct4/dct4_body.hpp"
 
 #include "transforms/dct4/definitions.hpp"
-#include "transforms/dct4/recorded/settled_schedules.hpp"
+#include "transforms/dct4/recorded/tuning.hpp"
 
 namespace dct4 {
 
@@ -47,7 +47,9 @@ Kernel described_kernel(BodyKey key, Element element) {
                 return inline_body(element, 1 << key.rule);
         }
     };
-    return {key.step, key.rule, element, graph()};
+    Kernel kernel{key.step, key.rule, element, graph()};
+    kernel.method = settled_order(kernel.stem(), element).method;
+    return kernel;
 }
 
 void prove(const Kernel& kernel) {
@@ -75,9 +77,7 @@ kernelgen::Counts counts_of(const Kernel& kernel) {
 }
 
 kernelgen::Schedule schedule_of(const Kernel& kernel) {
-    const std::string method = settled_order(kernel.stem(), kernel.element);
-    if (method.empty()) return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
-    return kernelgen::schedule_by(method, kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::settled_schedule(kernel.method, kernel.graph, kernelgen::kX86Sse2);
 }
 
 }  // namespace dct4

@@ -18,6 +18,7 @@ struct Kernel {
     int rule;  ///< log2 of the number of points
     Element element;
     kernelgen::Graph graph;
+    std::string method = {};  ///< settled order of its nodes, or empty
 
     /** "analysis_4": what the body's functions and its file are called. */
     std::string stem() const;

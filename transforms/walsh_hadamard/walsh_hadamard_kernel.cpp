@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "kernelgen/proof/proof.hpp"
-#include "transforms/walsh_hadamard/recorded/settled_schedules.hpp"
+#include "transforms/walsh_hadamard/recorded/tuning.hpp"
 #include "transforms/walsh_hadamard/sequence.hpp"
 
 namespace walsh_hadamard {
@@ -68,7 +68,7 @@ Kernel described_kernel(int order, Element element) {
              Scaling::Last});
     }
     for (Body& body : kernel.bodies) {
-        const SettledOrder settled = settled_order(order, element, body.name);
+        const kernelgen::SettledOrder settled = settled_order(order, element, body.name);
         body.method = settled.method;
         if (!settled.option.empty()) kernel.option = settled.option;
     }
@@ -111,8 +111,7 @@ Counts written_out(const Kernel& kernel) {
 }
 
 kernelgen::Schedule schedule_of(const Body& body) {
-    if (body.method.empty()) return kernelgen::schedule(body.graph, kernelgen::kX86Sse2);
-    return kernelgen::schedule_by(body.method, body.graph, kernelgen::kX86Sse2);
+    return kernelgen::settled_schedule(body.method, body.graph, kernelgen::kX86Sse2);
 }
 
 }  // namespace walsh_hadamard

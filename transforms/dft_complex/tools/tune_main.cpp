@@ -7,7 +7,8 @@
  *         prints rows of tuned_32fc.inc; the rule table's operation counts bind
  *     tune_dft_complex orders TYPE LENGTH FOLDER
  *         writes the kernel in its most promising orders under several compiler options,
- *         FOLDER/0.cpp and so on, and prints the row of tuned_TYPE.inc for each
+ *         FOLDER/0.cpp and so on, and prints its modelled traffic and the row of tuned_TYPE.inc for
+ *         each
  *
  * The cost is the number of vector instructions that the kernel is expected to take.
  */
@@ -99,7 +100,8 @@ void write_orders(Element element, int length, const std::filesystem::path& fold
             std::ofstream file(folder / (std::to_string(number++) + ".cpp"), std::ios::binary);
             file << kernel_source(kernel);
             if (!file.flush()) throw std::runtime_error("cannot write into " + folder.string());
-            std::printf("%s\n", row(kernel, kernel.order, kernel.option).c_str());
+            std::printf("%d\t%s\n", found[i].traffic.total(),
+                        row(kernel, kernel.order, kernel.option).c_str());
         }
     }
 }

@@ -3,7 +3,7 @@
  * @brief Writes a real kernel in its most promising forms: tune_real KIND LENGTH TYPE FOLDER
  *
  * KIND is forward (into CCS), inverse (from CCS) or hartley. FOLDER gets 0.cpp and so on; for each
- * the row of dft_real/tuned_TYPE.inc is printed.
+ * its modelled traffic and the row of recorded/tuned_TYPE.inc are printed.
  */
 
 #include <cstdio>
@@ -12,7 +12,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "kernelgen/emission/generated_files.hpp"
+#include "kernelgen/emission/candidates.hpp"
 #include "transforms/dft_real/kernels/real_dft_kernel.hpp"
 #include "transforms/dft_real/kernels/real_kernel_source.hpp"
 #include "transforms/hartley/hartley_kernel.hpp"
@@ -52,7 +52,6 @@ std::string row(const RealKernel& kernel) {
 }
 
 void write_forms(Kind kind, int length, Element element, const std::filesystem::path& folder) {
-    std::filesystem::create_directories(folder);
     RealKernel kernel = kernel_of(kind, length, element);
     std::vector<std::string> orders = {schedule_of(kernel).method};
     for (const auto& found :
@@ -62,14 +61,12 @@ void write_forms(Kind kind, int length, Element element, const std::filesystem::
     }
     std::vector<Rounding> roundings = {Rounding::Conversion};
     if (element == Element::Real32) roundings.push_back(Rounding::WholeRegister);
-    int number = 0;
+    kernelgen::Candidates candidates(folder);
     for (const std::string& order : orders) {
         for (Rounding rounding : roundings) {
             for (const char* option : kOptions) {
                 kernel.tuning = {order, rounding, option};
-                kernelgen::write_if_changed(folder / (std::to_string(number++) + ".cpp"),
-                                            kernel_source(kernel));
-                std::printf("%s\n", row(kernel).c_str());
+                candidates.add(kernel_source(kernel), schedule_of(kernel), row(kernel));
             }
         }
     }

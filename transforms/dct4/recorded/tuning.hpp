@@ -1,0 +1,14 @@
+#pragma once
+
+/** @file @brief Orders of the nodes of bodies that were settled by the clock. */
+
+#include "kernelgen/schedule/settled_order.hpp"
+#include "transforms/dct4/complex_values.hpp"
+
+namespace dct4 {
+
+/** Of the body of that stem, "analysis_4". Options are those of the sources that bodies stand in.
+ */
+kernelgen::SettledOrder settled_order(const std::string& stem, Element element);
+
+}  // namespace dct4

@@ -1,0 +1,16 @@
+#pragma once
+
+/** @file @brief Orders of the nodes of bodies that were settled by the clock. */
+
+#include "kernelgen/schedule/settled_order.hpp"
+#include "transforms/walsh_hadamard/bodies.hpp"
+
+namespace walsh_hadamard {
+
+/** Name of a body of the kernel of that order in the table: "11_final_columns". */
+std::string name_in_table(int order, const std::string& body);
+
+/** For the body of that name in the kernel of that order; its option is the whole kernel's. */
+kernelgen::SettledOrder settled_order(int order, Element element, const std::string& body);
+
+}  // namespace walsh_hadamard
