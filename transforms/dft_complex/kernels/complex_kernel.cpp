@@ -26,9 +26,9 @@ bool Kernel::is_scalar() const {
     return element == Element::Complex32 && length <= kLongestShortLength;
 }
 
-Kernel draft_kernel(int length, Direction direction, Element element,
+Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
                     const std::vector<LaneChoice>& choices) {
-    const Rule& rule = row_of(length, element).rule;
+    const int length = rule.length;
     Kernel kernel{length, direction, element, rule, {}};
     if (length <= kLongestShortLength) {
         kernel.graph = element == Element::Complex32 ? short_length(length, direction)
@@ -48,8 +48,9 @@ Kernel draft_kernel(int length, Direction direction, Element element,
 }
 
 Kernel proven_kernel(int length, Direction direction, Element element) {
-    const Tuning tuning = tuning_of(row_of(length, element), element);
-    Kernel kernel = draft_kernel(length, direction, element, tuning.lanes);
+    const TableRow& row = row_of(length, element);
+    const Tuning tuning = tuning_of(row, element);
+    Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes);
     if (!tuning.lanes.empty() && tuning.lanes.size() < kernel.choices.size())
         throw std::logic_error("the tuning of length " + std::to_string(length) + " in " +
                                suffix(element) + " chooses lanes for " +
@@ -66,9 +67,9 @@ LanePolicy lane_policy(int length) {
     return power_of_two ? LanePolicy::SplitOnly : LanePolicy::InterleavedEnds;
 }
 
-std::vector<int> batch_sizes(int length) {
+std::vector<int> batch_sizes(const Rule& rule) {
     Network network;
-    dft(network, row_of(length, Element::Complex32).rule, network.input(length));
+    dft(network, rule, network.input(rule.length));
     std::vector<int> sizes;
     for (const auto& batch : network.batches()) sizes.push_back(static_cast<int>(batch.size()));
     return sizes;

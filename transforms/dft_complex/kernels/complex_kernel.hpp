@@ -34,15 +34,15 @@ struct Kernel {
 /** The kernel of `length`, proven against the definition of the DFT. */
 Kernel proven_kernel(int length, Direction direction, Element element);
 
-/** Unproven, with given lane choices (of Complex32): for searches. */
-Kernel draft_kernel(int length, Direction direction, Element element,
+/** Unproven, by any rule and with given lane choices (of Complex32): for searches. */
+Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
                     const std::vector<LaneChoice>& choices);
 
 /** Powers of two move lanes in loads, transposes and stores only, so they stay split throughout. */
 LanePolicy lane_policy(int length);
 
-/** Number of transforms in each batch of the length's network. */
-std::vector<int> batch_sizes(int length);
+/** Number of transforms in each batch of the rule's network. */
+std::vector<int> batch_sizes(const Rule& rule);
 
 /** The kernel's nodes in the order of its code. */
 kernelgen::Schedule schedule_of(const Kernel& kernel);

@@ -5,6 +5,10 @@
  *     tune_dft_complex lanes [LENGTH...]
  *         improves the lane choices of Complex32, one batch at a time until none gets better, and
  *         prints rows of tuned_32fc.inc; the rule table's operation counts bind
+ *     tune_dft_complex rules TYPE LENGTH FOLDER
+ *         enumerates the decompositions of a length, of whichever the table has no row yet, tunes
+ * lanes and order of each, writes those of the least cost, FOLDER/0.cpp and so on, and prints a
+ *         line of counts for each; scripts/tune-rules adds the cycles
  *     tune_dft_complex orders TYPE LENGTH FOLDER
  *         writes the kernel in its most promising orders under several compiler options,
  *         FOLDER/0.cpp and so on, and prints its modelled traffic and the row of tuned_TYPE.inc for
@@ -17,14 +21,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <set>
+#include <limits>
 #include <stdexcept>
 
+#include "kernelgen/emission/generated_files.hpp"
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/schedule/schedule.hpp"
 #include "transforms/dft_complex/kernels/complex_kernel_source.hpp"
 #include "transforms/dft_complex/small_transforms/short_lengths.hpp"
+#include "transforms/dft_complex/tools/enumerated_rules.hpp"
 
 namespace {
 
@@ -38,12 +43,21 @@ constexpr std::size_t kOrders = 6;
 // Of GCC's register allocator and what runs before it; each is the best one for some kernels.
 constexpr const char* kOptions[] = {"", "no-live-range-shrinkage", "no-tree-ter"};
 
+// Of the decompositions of a length, in order of their cost.
+constexpr std::size_t kRules = 12;
+
 int instructions(const Kernel& kernel, const Schedule& schedule) {
     const Counts c = kernelgen::count(kernel.graph, true);
-    const int over = c.arithmetic() - row_of(kernel.length, kernel.element).arithmetic();
-    const int penalty = over > 0 ? 1000 * over : 0;
-    return c.arithmetic() + c.shuffles + c.flips + c.loads + c.stores + schedule.traffic.total() +
-           penalty;
+    return c.arithmetic() + c.shuffles + c.flips + c.loads + c.stores + schedule.traffic.total();
+}
+
+/** Operations that lanes may not cost more than. */
+constexpr int kUnbound = std::numeric_limits<int>::max();
+
+int cost(const Kernel& kernel, const Schedule& schedule, int bound) {
+    const int arithmetic = kernelgen::count(kernel.graph, true).arithmetic();
+    const int penalty = arithmetic > bound ? 1000 * (arithmetic - bound) : 0;
+    return instructions(kernel, schedule) + penalty;
 }
 
 std::string row(const Kernel& kernel, const std::string& order, const std::string& option = {}) {
@@ -56,36 +70,81 @@ std::string row(const Kernel& kernel, const std::string& order, const std::strin
     return text + "},";
 }
 
-void tune_lanes(int length) {
+/** The rule's kernel with lanes that no change of one batch improves. */
+Kernel with_tuned_lanes(const Rule& rule, int bound) {
     constexpr Element kElement = Element::Complex32;
-    Kernel best = draft_kernel(length, Direction::Forward, kElement, {});
-    int cost = instructions(best, kernelgen::schedule(best.graph, kX86Sse2));
-    const std::vector<int> sizes = batch_sizes(length);
+    Kernel best = draft_kernel(rule, Direction::Forward, kElement, {});
+    if (best.length <= kLongestShortLength) return best;
+    int best_cost = cost(best, kernelgen::schedule(best.graph, kX86Sse2), bound);
+    const std::vector<int> sizes = batch_sizes(rule);
     for (bool better = true; better;) {
         better = false;
         for (std::size_t batch = 0; batch < sizes.size(); ++batch) {
             const BatchPlace place =
                 batch == 0 || batch + 1 == sizes.size() ? BatchPlace::End : BatchPlace::Middle;
-            for (const LaneChoice& choice : choices_for(sizes[batch], place, lane_policy(length))) {
+            for (const LaneChoice& choice :
+                 choices_for(sizes[batch], place, lane_policy(rule.length))) {
                 std::vector<LaneChoice> choices = best.choices;
                 if (choices[batch] == choice) continue;
                 choices[batch] = choice;
-                Kernel next = draft_kernel(length, Direction::Forward, kElement, choices);
-                const int next_cost = instructions(next, kernelgen::schedule(next.graph, kX86Sse2));
-                if (next_cost < cost) {
-                    cost = next_cost;
+                Kernel next = draft_kernel(rule, Direction::Forward, kElement, choices);
+                const int next_cost = cost(next, kernelgen::schedule(next.graph, kX86Sse2), bound);
+                if (next_cost < best_cost) {
+                    best_cost = next_cost;
                     best = std::move(next);
                     better = true;
                 }
             }
         }
     }
+    return best;
+}
+
+void tune_lanes(int length) {
+    const TableRow& table_row = row_of(length, Element::Complex32);
+    const Kernel best = with_tuned_lanes(table_row.rule, table_row.arithmetic());
     const Schedule schedule = kernelgen::search_schedules(best.graph, kX86Sse2, kSeeds).front();
     std::printf("%s\n", row(best, schedule.method).c_str());
     std::fflush(stdout);
     std::fprintf(stderr, "length %d: %d instructions, %d of them stack accesses, %d copies\n",
                  length, instructions(best, schedule), schedule.traffic.stack_accesses,
                  schedule.traffic.copies);
+}
+
+struct Candidate {
+    Kernel kernel;
+    Schedule schedule;
+};
+
+void write_rules(Element element, int length, const std::filesystem::path& folder) {
+    std::vector<Candidate> candidates;
+    const std::vector<Rule> rules = enumerated_rules(length, element);
+    for (const Rule& rule : rules) {
+        check(rule);
+        std::fprintf(stderr, "%s (%zu of %zu)\n", formula(rule).c_str(), candidates.size() + 1,
+                     rules.size());
+        Kernel kernel = element == Element::Complex32
+                            ? with_tuned_lanes(rule, kUnbound)
+                            : draft_kernel(rule, Direction::Forward, element, {});
+        prove_dft(kernel);
+        Schedule schedule = kernelgen::search_schedules(kernel.graph, kX86Sse2, kSeeds).front();
+        kernel.order = schedule.method;
+        candidates.push_back({std::move(kernel), std::move(schedule)});
+    }
+    std::stable_sort(
+        candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
+            return instructions(a.kernel, a.schedule) < instructions(b.kernel, b.schedule);
+        });
+    std::filesystem::create_directories(folder);
+    for (std::size_t i = 0; i < std::min(candidates.size(), kRules); ++i) {
+        const auto& [kernel, schedule] = candidates[i];
+        kernelgen::write_if_changed(folder / (std::to_string(i) + ".cpp"), kernel_source(kernel));
+        const Counts c = kernelgen::count(kernel.graph, element == Element::Complex32);
+        std::printf("%s\t%d\t%d\t%d\t%d\t%d\t%d\t%s\n", formula(kernel.rule).c_str(), c.sums,
+                    c.differences, c.products, c.shuffles, schedule.traffic.stack_accesses,
+                    instructions(kernel, schedule),
+                    row(kernel, kernel.order, kernel.option).c_str());
+    }
 }
 
 void write_orders(Element element, int length, const std::filesystem::path& folder) {
@@ -97,9 +156,8 @@ void write_orders(Element element, int length, const std::filesystem::path& fold
         for (const char* option : kOptions) {
             kernel.order = found[i].method;
             kernel.option = option;
-            std::ofstream file(folder / (std::to_string(number++) + ".cpp"), std::ios::binary);
-            file << kernel_source(kernel);
-            if (!file.flush()) throw std::runtime_error("cannot write into " + folder.string());
+            kernelgen::write_if_changed(folder / (std::to_string(number++) + ".cpp"),
+                                        kernel_source(kernel));
             std::printf("%d\t%s\n", found[i].traffic.total(),
                         row(kernel, kernel.order, kernel.option).c_str());
         }
@@ -114,15 +172,18 @@ int run(const std::vector<std::string>& words) {
         }
         return 0;
     }
-    if (words.size() == 5 && words[1] == "orders") {
+    if (words.size() == 5 && (words[1] == "orders" || words[1] == "rules")) {
         for (Element element : kElements) {
             if (words[2] != suffix(element)) continue;
-            write_orders(element, std::stoi(words[3]), words[4]);
+            const auto write = words[1] == "orders" ? write_orders : write_rules;
+            write(element, std::stoi(words[3]), words[4]);
             return 0;
         }
     }
-    std::fprintf(stderr, "usage: %s lanes [LENGTH...]\n       %s orders TYPE LENGTH FOLDER\n",
-                 words[0].c_str(), words[0].c_str());
+    std::fprintf(stderr,
+                 "usage: %s lanes [LENGTH...]\n       %s rules TYPE LENGTH FOLDER\n"
+                 "       %s orders TYPE LENGTH FOLDER\n",
+                 words[0].c_str(), words[0].c_str(), words[0].c_str());
     return 2;
 }
 
