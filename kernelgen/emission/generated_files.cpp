@@ -1,5 +1,6 @@
 #include "kernelgen/emission/generated_files.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
@@ -32,15 +33,24 @@ std::string hash_of(const std::string& text) {
 int describe(int argc, char** argv, const Describer& describer) {
     const std::vector<std::string> words(argv + 1, argv + argc);
     const bool manifest = words.size() == 2 && words[0] == "--manifest";
-    if (!manifest && (words.size() != 1 || words[0].starts_with('-'))) {
-        std::fprintf(stderr, "usage: %s FOLDER | --manifest FILE\n", argv[0]);
+    std::vector<std::string> parts = describer.parts;
+    if (!manifest && words.size() > 1) parts.assign(words.begin() + 1, words.end());
+    const bool known = std::all_of(parts.begin(), parts.end(), [&](const std::string& part) {
+        return std::count(describer.parts.begin(), describer.parts.end(), part) > 0;
+    });
+    if (words.empty() || !known || (!manifest && words[0].starts_with('-'))) {
+        std::fprintf(stderr, "usage: %s FOLDER [PART...] | --manifest FILE\nparts:", argv[0]);
+        for (const std::string& part : describer.parts) std::fprintf(stderr, " %s", part.c_str());
+        std::fprintf(stderr, "\n");
         return 2;
     }
     try {
-        if (manifest)
+        if (manifest) {
             describer.write_manifest(words[1]);
-        else
-            describer.write_sources(words[0]);
+            return 0;
+        }
+        std::filesystem::create_directories(words[0]);
+        for (const std::string& part : parts) describer.write_sources(words[0], part);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
         return 1;

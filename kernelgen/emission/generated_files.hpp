@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace kernelgen {
 
@@ -17,13 +18,16 @@ void write_if_changed(const std::filesystem::path& path, const std::string& text
 /** Of a generated text, for a manifest: the 64-bit FNV-1a of Fowler, Noll and Vo in hexadecimal. */
 std::string hash_of(const std::string& text);
 
-/** What describes one family of kernels. */
+/** What describes one family of kernels, in parts that a build may run side by side. */
 struct Describer {
-    void (*write_sources)(const std::filesystem::path& folder);
+    std::vector<std::string> parts;
+    void (*write_sources)(const std::filesystem::path& folder, const std::string& part);
     void (*write_manifest)(const std::filesystem::path& file);
 };
 
-/** The program "FOLDER | --manifest FILE": calls one of the two. Returns its exit status. */
+/** The program "FOLDER [PART...] | --manifest FILE": writes the sources of the parts, of all where
+ * none is named, or the manifest. The folder is made where it is missing. Returns its exit status.
+ */
 int describe(int argc, char** argv, const Describer& describer);
 
 }  // namespace kernelgen

@@ -2,7 +2,7 @@
  * @file
  * @brief Writes the straight-line bodies of the DCT-IV.
  *
- *     describe_dct4 FOLDER            one header a body, in a folder for each element
+ *     describe_dct4 FOLDER [32f|64f]  one header a body, in a folder for each element
  *     describe_dct4 --manifest FILE   one line a body
  */
 
@@ -15,8 +15,9 @@ namespace {
 
 using namespace dct4;
 
-void write_sources(const std::filesystem::path& folder) {
+void write_sources(const std::filesystem::path& folder, const std::string& part) {
     for (Element element : kElements) {
+        if (suffix(element) != part) continue;
         const std::filesystem::path place = folder / suffix(element) / "dct4_bodies";
         std::filesystem::create_directories(place);
         for (BodyKey key : all_bodies()) {
@@ -37,5 +38,5 @@ void write_manifest(const std::filesystem::path& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
+    return kernelgen::describe(argc, argv, {{"32f", "64f"}, write_sources, write_manifest});
 }

@@ -2,7 +2,7 @@
  * @file
  * @brief Writes the sources of the Hartley kernels.
  *
- *     describe_hartley FOLDER            the kernels and the dispatchers
+ *     describe_hartley FOLDER [32f|64f]  the kernels and the dispatchers
  *     describe_hartley --manifest FILE   one line a kernel
  */
 
@@ -16,9 +16,9 @@ namespace {
 
 using namespace dft_real;
 
-void write_sources(const std::filesystem::path& folder) {
-    std::filesystem::create_directories(folder);
+void write_sources(const std::filesystem::path& folder, const std::string& part) {
     for (Element element : kElements) {
+        if (suffix(element) != part) continue;
         const std::string end = suffix(element) + ".cpp";
         for (int n : dft_real::lengths())
             kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
@@ -39,5 +39,5 @@ void write_manifest(const std::filesystem::path& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
+    return kernelgen::describe(argc, argv, {{"32f", "64f"}, write_sources, write_manifest});
 }

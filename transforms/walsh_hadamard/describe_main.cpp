@@ -2,7 +2,7 @@
  * @file
  * @brief Writes the sources of the Walsh-Hadamard kernels.
  *
- *     describe_walsh_hadamard FOLDER            the kernels and the dispatchers
+ *     describe_walsh_hadamard FOLDER [32f|64f]  the kernels and the dispatchers
  *     describe_walsh_hadamard --manifest FILE   one line a kernel
  */
 
@@ -15,9 +15,9 @@ namespace {
 
 using namespace walsh_hadamard;
 
-void write_sources(const std::filesystem::path& folder) {
-    std::filesystem::create_directories(folder);
+void write_sources(const std::filesystem::path& folder, const std::string& part) {
     for (Element element : kElements) {
+        if (suffix(element) != part) continue;
         const std::string end = suffix(element) + ".cpp";
         for (int order = kLowestOrder; order <= kHighestOrder; ++order)
             kernelgen::write_if_changed(folder / (std::to_string(order) + "_" + end),
@@ -38,5 +38,5 @@ void write_manifest(const std::filesystem::path& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    return kernelgen::describe(argc, argv, {write_sources, write_manifest});
+    return kernelgen::describe(argc, argv, {{"32f", "64f"}, write_sources, write_manifest});
 }

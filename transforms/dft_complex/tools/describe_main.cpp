@@ -1,13 +1,10 @@
 /**
  * @file
- * @brief Writes the sources of the complex DFT kernels: describe_dft_complex FOLDER [MANIFEST]
+ * @brief Writes the sources of the complex DFT kernels.
  *
- * FOLDER gets one file a kernel and the dispatchers; MANIFEST, where named, one line a kernel.
+ *     describe_dft_complex FOLDER [fwd_32fc...]   the kernels and the dispatcher of each part
+ *     describe_dft_complex --manifest FILE        one line a kernel
  */
-
-#include <cstdio>
-#include <exception>
-#include <filesystem>
 
 #include "kernelgen/emission/generated_files.hpp"
 #include "transforms/dft_complex/kernels/complex_kernel_source.hpp"
@@ -16,38 +13,40 @@ namespace {
 
 using namespace dft_complex;
 
-void run(const std::filesystem::path& folder, const char* manifest) {
-    std::filesystem::create_directories(folder);
-    std::string lines = manifest_header() + "\n";
+std::string stem(Direction direction) {
+    return direction == Direction::Forward ? "fwd_" : "inv_";
+}
+
+void write_sources(const std::filesystem::path& folder, const std::string& part) {
     for (Element element : kElements) {
-        const std::string end = "_" + suffix(element) + ".cpp";
+        const std::string end = suffix(element) + ".cpp";
         for (Direction direction : kDirections) {
-            const std::string prefix = direction == Direction::Forward ? "fwd" : "inv";
-            for (int n : lengths()) {
-                const Kernel kernel = proven_kernel(n, direction, element);
-                kernelgen::write_if_changed(folder / (prefix + "_" + std::to_string(n) + end),
-                                            kernel_source(kernel));
-                if (manifest != nullptr) lines += manifest_line(kernel) + "\n";
-            }
-            kernelgen::write_if_changed(folder / (prefix + end),
+            if (stem(direction) + suffix(element) != part) continue;
+            for (int n : lengths())
+                kernelgen::write_if_changed(
+                    folder / (stem(direction) + std::to_string(n) + "_" + end),
+                    kernel_source(proven_kernel(n, direction, element)));
+            kernelgen::write_if_changed(folder / (stem(direction) + end),
                                         dispatcher_source(direction, element));
         }
     }
-    if (manifest != nullptr) kernelgen::write_if_changed(manifest, lines);
+}
+
+void write_manifest(const std::filesystem::path& file) {
+    std::string lines = manifest_header() + "\n";
+    for (Element element : kElements) {
+        for (Direction direction : kDirections) {
+            for (int n : lengths())
+                lines += manifest_line(proven_kernel(n, direction, element)) + "\n";
+        }
+    }
+    kernelgen::write_if_changed(file, lines);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3 || argv[1][0] == '-') {
-        std::fprintf(stderr, "usage: %s FOLDER [MANIFEST]\n", argv[0]);
-        return 2;
-    }
-    try {
-        run(argv[1], argc == 3 ? argv[2] : nullptr);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
-        return 1;
-    }
-    return 0;
+    return kernelgen::describe(
+        argc, argv,
+        {{"fwd_32fc", "inv_32fc", "fwd_64fc", "inv_64fc"}, write_sources, write_manifest});
 }
