@@ -6,7 +6,8 @@
 A block of C or C++ is a whole program, which must compile without a warning and exit with 0; a block
 of sh is run in ROOT. A block of text right behind either is what it must print. A block behind a
 comment "from FILE" must stand in FILE of ROOT or BUILD, line by line; "from machine code of FUNCTION"
-in the disassembly of the library. Other blocks are figures, not examples.
+in the disassembly of the library. A block behind "into FILE" is for readers to put there, which a test of
+its own does. Other blocks are figures, not examples.
 """
 
 import argparse
@@ -17,7 +18,7 @@ import subprocess
 import sys
 import tempfile
 
-BLOCK = re.compile(r"(?:<!-- from (?P<origin>[^\n]+) -->\n)?^```(?P<kind>\w+)\n(?P<text>.*?)^```$",
+BLOCK = re.compile(r"(?:<!-- (?:from (?P<origin>[^\n]+)|into (?P<place>[^\n]+)) -->\n)?^```(?P<kind>\w+)\n(?P<text>.*?)^```$",
                    re.MULTILINE | re.DOTALL)
 COMPILERS = {"c": ["-xc", "-std=c99"], "cpp": ["-xc++", "-std=c++20"]}
 
@@ -84,7 +85,7 @@ def blocks_of(text):
     """Each block with what it must print, None where that is not told."""
     blocks = list(BLOCK.finditer(text))
     for block, following in zip(blocks, [*blocks[1:], None]):
-        if block["kind"] not in (*COMPILERS, "sh") and not block["origin"]:
+        if block["place"] or (block["kind"] not in (*COMPILERS, "sh") and not block["origin"]):
             continue
         adjacent = (following and following["kind"] == "text"
                     and not text[block.end():following.start()].strip())
