@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "transforms/walsh_hadamard/recorded/tuning.hpp"
 #include "transforms/walsh_hadamard/walsh_hadamard_source.hpp"
 
 // The text of the kernels.
@@ -19,6 +22,22 @@ TEST(WalshHadamardSource, IsTheSameEveryTime) {
         for (int order = kLowestOrder; order <= kHighestOrder; ++order)
             EXPECT_EQ(kernel_source(described_kernel(order, element)),
                       kernel_source(described_kernel(order, element)));
+    }
+}
+
+// A row of no body would be passed over, and of two rows of one body the second.
+TEST(WalshHadamardSource, HasTheRowsOfItsTuningOnce) {
+    for (Element element : kElements) {
+        std::multiset<std::string> names;
+        for (int order = kLowestOrder; order <= kHighestOrder; ++order) {
+            for (const Body& body : described_kernel(order, element).bodies)
+                names.insert(name_in_table(order, body.name));
+        }
+        for (const kernelgen::SettledBody& row : settled_bodies(element)) {
+            const auto found = names.find(row.name);
+            EXPECT_NE(names.end(), found) << row.name << ", " << suffix(element);
+            if (found != names.end()) names.erase(found);
+        }
     }
 }
 

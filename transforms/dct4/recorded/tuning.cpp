@@ -15,9 +15,12 @@ const std::vector<SettledBody> kDoubleOrders = {
 
 }  // namespace
 
+const std::vector<SettledBody>& settled_bodies(Element element) {
+    return element == Element::Real32 ? kSingleOrders : kDoubleOrders;
+}
+
 kernelgen::SettledOrder settled_order(const std::string& stem, Element element) {
-    return kernelgen::settled_order(element == Element::Real32 ? kSingleOrders : kDoubleOrders,
-                                    stem);
+    return kernelgen::settled_order(settled_bodies(element), stem);
 }
 
 }  // namespace dct4

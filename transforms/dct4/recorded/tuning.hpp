@@ -7,6 +7,9 @@
 
 namespace dct4 {
 
+/** The table. */
+const std::vector<kernelgen::SettledBody>& settled_bodies(Element element);
+
 /** Of the body of that stem, "analysis_4". Options are those of the sources that bodies stand in.
  */
 kernelgen::SettledOrder settled_order(const std::string& stem, Element element);

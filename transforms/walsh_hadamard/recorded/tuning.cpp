@@ -15,13 +15,16 @@ const std::vector<SettledBody> kDoubleOrders = {
 
 }  // namespace
 
+const std::vector<SettledBody>& settled_bodies(Element element) {
+    return element == Element::Real32 ? kSingleOrders : kDoubleOrders;
+}
+
 std::string name_in_table(int order, const std::string& body) {
     return std::to_string(order) + "_" + body;
 }
 
 kernelgen::SettledOrder settled_order(int order, Element element, const std::string& body) {
-    return kernelgen::settled_order(element == Element::Real32 ? kSingleOrders : kDoubleOrders,
-                                    name_in_table(order, body));
+    return kernelgen::settled_order(settled_bodies(element), name_in_table(order, body));
 }
 
 }  // namespace walsh_hadamard

@@ -7,6 +7,9 @@
 
 namespace walsh_hadamard {
 
+/** The table. */
+const std::vector<kernelgen::SettledBody>& settled_bodies(Element element);
+
 /** Name of a body of the kernel of that order in the table: "11_final_columns". */
 std::string name_in_table(int order, const std::string& body);
 

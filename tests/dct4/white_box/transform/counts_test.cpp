@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <stdexcept>
 
 #include "kernelgen/proof/proof.hpp"
 #include "tests/dct4/white_box/transform/support/expected_counts.hpp"
 #include "transforms/dct4/dct4_body.hpp"
+#include "transforms/dct4/recorded/tuning.hpp"
 
 namespace {
 
@@ -162,6 +164,20 @@ TEST(Dct4Proof, HoldsWithTheTransformsOwnOperations) {
         const Kernel copy{kernel.step, kernel.rule, kernel.element, damaged(kernel.graph, -1)};
         EXPECT_NO_THROW(prove(copy)) << kernel.name();
         EXPECT_EQ(counts_of(kernel).arithmetic(), counts_of(copy).arithmetic()) << kernel.name();
+    }
+}
+
+// A row of no body would be passed over, and of two rows of one body the second.
+TEST(Dct4Bodies, HaveTheRowsOfTheirTuningOnce) {
+    for (Element element : kElements) {
+        std::multiset<std::string> stems;
+        for (BodyKey key : all_bodies()) stems.insert(described_kernel(key, element).stem());
+        for (const kernelgen::SettledBody& row : settled_bodies(element)) {
+            const auto found = stems.find(row.name);
+            EXPECT_NE(stems.end(), found) << row.name << ", " << suffix(element);
+            if (found != stems.end()) stems.erase(found);
+            EXPECT_EQ("", row.order.option) << row.name << ": options are those of whole sources";
+        }
     }
 }
 
