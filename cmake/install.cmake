@@ -18,6 +18,9 @@ install(
     EXPORT qsvgen
     LIBRARY COMPONENT runtime
             NAMELINK_COMPONENT development)
+install(
+    CODE "file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:qsvgent7>\")"
+    COMPONENT runtime)
 install(FILES ${PROJECT_SOURCE_DIR}/include/qsvgen.h TYPE INCLUDE COMPONENT development)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE TYPE DOC COMPONENT licence)
 

@@ -28,6 +28,8 @@ One kernel for each length of the complex and the real DFT, the Hartley and
 the Walsh-Hadamard transform, and plans of the DCT-IV, in single and double
 precision with SSE2. The platform core library is an open stand-in.")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+# Where the core library is found, whose own package this is.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
     ${PROJECT_BINARY_DIR}/package/triggers ${PROJECT_BINARY_DIR}/package/shlibs)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${development_package})

@@ -152,6 +152,12 @@ TEST(LibraryFile, NeedsItsPlatformLibraryAndAtMostTheTwoOfC) {
     }
 }
 
+// An empty element of the path would be the folder that a program happens to run in.
+TEST(LibraryFile, FindsThePlatformLibraryBesideItselfInTheBuildFolderAndSearchesNowhereElse) {
+    EXPECT_EQ(Names{"$ORIGIN"}, dynamic_values("RUNPATH"));
+    EXPECT_EQ(Names{}, dynamic_values("RPATH"));
+}
+
 TEST(LibraryFile, HasALinkForTheLinkerBesideIt) {
     namespace fs = std::filesystem;
     const fs::path library = fs::canonical(QSVGENT7_PATH);
