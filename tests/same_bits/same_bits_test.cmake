@@ -27,5 +27,10 @@ endforeach()
 foreach(line IN LISTS new)
     message("+ ${line}")
 endforeach()
-message(FATAL_ERROR "The transforms' bits are not those promised (-), but others (+).\n"
-                    "If the change is meant: ${PRINT} >tests/same_bits/hashes.txt")
+# Beside the file and then in its place, so that nothing is lost where the program fails.
+string(JOIN " " command ${PRINT})
+message(FATAL_ERROR
+    "The transforms' bits are not those promised (-), but others (+).\n"
+    "The bits of every published kernel are frozen: a line with - is a fault of the change. Lines with + "
+    "alone are of new transforms, whose bits this promises from now on:\n"
+    "  ${command} >${HASHES}.new && mv ${HASHES}.new ${HASHES}")

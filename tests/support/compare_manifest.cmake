@@ -2,7 +2,11 @@
 # column. That one is of the machine code; it is compared where a LIBRARY is named, which must come
 # from the compiler that the manifest was written with, by what COUNT_STACK_ACCESSES prints.
 
-set(remedy "If the change is meant, write the manifest anew by scripts/manifest")
+set(remedy
+    "Frozen are the bits of every published kernel (tests/same_bits/hashes.txt), and what tables of "
+    "required values hold. Where these stay as they are and the change is meant, write the manifest "
+    "anew by scripts/manifest")
+list(JOIN remedy "" remedy)
 if(NOT EXISTS ${MANIFEST})
     message(FATAL_ERROR "There is no ${MANIFEST}.\n${remedy}")
 endif()

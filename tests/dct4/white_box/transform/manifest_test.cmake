@@ -8,5 +8,6 @@ file(STRINGS ${MANIFEST} checked_in)
 file(STRINGS ${MADE} made)
 if(NOT checked_in STREQUAL made)
     message(FATAL_ERROR "The bodies differ from ${MANIFEST}: compare it with ${MADE}.\n"
-                        "If the change is meant, write the manifest anew by scripts/manifest")
+                        "Frozen are the bits of every published kernel (tests/same_bits/hashes.txt). Where these "
+                        "stay as they are and the change is meant, write the manifest anew by scripts/manifest")
 endif()
