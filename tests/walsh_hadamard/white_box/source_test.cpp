@@ -31,7 +31,7 @@ TEST(WalshHadamardSource, HasTheRowsOfItsTuningOnce) {
         std::multiset<std::string> names;
         for (int order = kLowestOrder; order <= kHighestOrder; ++order) {
             for (const Body& body : described_kernel(order, element).bodies)
-                names.insert(name_in_table(order, body.name));
+                names.insert(name_in_table(order, element, body.name));
         }
         for (const kernelgen::SettledBody& row : settled_bodies(element)) {
             const auto found = names.find(row.name);

@@ -1,5 +1,7 @@
 #include "transforms/walsh_hadamard/recorded/tuning.hpp"
 
+#include "transforms/walsh_hadamard/passes.hpp"
+
 namespace walsh_hadamard {
 namespace {
 
@@ -19,12 +21,15 @@ const std::vector<SettledBody>& settled_bodies(Element element) {
     return element == Element::Real32 ? kSingleOrders : kDoubleOrders;
 }
 
-std::string name_in_table(int order, const std::string& body) {
-    return std::to_string(order) + "_" + body;
+std::string name_in_table(int order, Element element, const std::string& body) {
+    std::string stages;
+    for (int number : stages_of(order, element))
+        stages += (stages.empty() ? "" : "+") + std::to_string(number);
+    return std::to_string(order) + "=" + stages + " " + body;
 }
 
 kernelgen::SettledOrder settled_order(int order, Element element, const std::string& body) {
-    return kernelgen::settled_order(settled_bodies(element), name_in_table(order, body));
+    return kernelgen::settled_order(settled_bodies(element), name_in_table(order, element, body));
 }
 
 }  // namespace walsh_hadamard

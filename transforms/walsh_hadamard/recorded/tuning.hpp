@@ -10,8 +10,9 @@ namespace walsh_hadamard {
 /** The table. */
 const std::vector<kernelgen::SettledBody>& settled_bodies(Element element);
 
-/** Name of a body of the kernel of that order in the table: "11_final_columns". */
-std::string name_in_table(int order, const std::string& body);
+/** Name of a body of the kernel of that order in the table, "10=6+4 row": with the stages of its
+ * passes, since a row is for the bodies that it was found for. */
+std::string name_in_table(int order, Element element, const std::string& body);
 
 /** For the body of that name in the kernel of that order; its option is the whole kernel's. */
 kernelgen::SettledOrder settled_order(int order, Element element, const std::string& body);

@@ -39,9 +39,9 @@ void write_orders(const std::string& name, int order, Element element,
             for (const std::string option : kOptions) {
                 if (i > 0 && !option.empty()) continue;
                 if (i == 0) kernel.option = option;
-                candidates.add(
-                    kernel_source(kernel), found[rank],
-                    kernelgen::table_row({name_in_table(order, name), {body.method, option}}));
+                candidates.add(kernel_source(kernel), found[rank],
+                               kernelgen::table_row(
+                                   {name_in_table(order, element, name), {body.method, option}}));
             }
         }
     }
