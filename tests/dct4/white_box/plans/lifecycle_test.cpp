@@ -233,7 +233,9 @@ TEST_F(Lifecycle, ABufferMayBeUsedForPlanAfterPlan) {
 TEST_F(Lifecycle, PlansMadeAtOnceByEightThreadsAreThoseMadeAlone) {
     constexpr std::int32_t kLength = 8192;
     PlanBuffer alone(kLength);
-    const std::size_t bytes = kLength * sizeof(Real);
+    const auto same_bytes = [](const void* a, const void* b, std::size_t size) {
+        return std::memcmp(a, b, size) == 0;
+    };
     std::array<bool, 8> same = {};
     std::vector<std::thread> threads;
     for (bool& result : same) {
@@ -245,9 +247,10 @@ TEST_F(Lifecycle, PlansMadeAtOnceByEightThreadsAreThoseMadeAlone) {
                 const auto twiddle_bytes = static_cast<std::size_t>(2 * twiddles.factor - 2) * 16 *
                                            static_cast<std::size_t>(twiddles.blocks);
                 result = result &&
-                         std::memcmp(plan.rotations().table, alone.rotations().table, bytes) == 0 &&
-                         std::memcmp(twiddles.table, twiddles_of(*alone.splits().front()).table,
-                                     twiddle_bytes) == 0;
+                         same_bytes(plan.rotations().table, alone.rotations().table,
+                                    kLength * sizeof(Real)) &&
+                         same_bytes(twiddles.table, twiddles_of(*alone.splits().front()).table,
+                                    twiddle_bytes);
             }
         });
     }

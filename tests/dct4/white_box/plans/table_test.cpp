@@ -105,8 +105,10 @@ std::int32_t expect_twiddles(const Real* table, std::int32_t length, std::int32_
                              std::int32_t f) {
     Slots slots(table, length);
     const std::int32_t blocks = n / (2 * f);
+    const std::int32_t quotient = n / f;
     const auto lambda = [&](std::int32_t block) {
-        const volatile Real x = (static_cast<Real>(block) + Real(0.5)) / static_cast<Real>(n / f);
+        const volatile Real x =
+            (static_cast<Real>(block) + Real(0.5)) / static_cast<Real>(quotient);
         return static_cast<Real>(x);
     };
     const std::int32_t outer = f <= 8 ? f : f / 4;
@@ -165,7 +167,8 @@ TEST(Tables, OfTwiddlesAreWhatTheSplitMultipliesBy) {
             Slots slots(twiddles_of(*split).table, length);
             const auto expect_angle = [&](std::int32_t r, std::int32_t block, std::int32_t t) {
                 // r (theta + 2 pi t / s), as a multiple of pi.
-                const Real numerator = static_cast<Real>(r * (2 * block + 1 + 4 * t * (n / s)));
+                const std::int32_t turned = 4 * t * (n / s);
+                const Real numerator = static_cast<Real>(r * (2 * block + 1 + turned));
                 slots.expect_pair(numerator / static_cast<Real>(2 * n));
             };
             for (std::int32_t block = 0; s > 8 && block < n / s; ++block) {
