@@ -5,6 +5,8 @@
 
 #include <stdexcept>
 
+#include "tests/support/required_rows.hpp"
+
 namespace {
 
 using dft_complex::Element;
@@ -51,6 +53,23 @@ TEST(Table, EachLengthOfAPublishedKernelHasARow) {
     for (int length = 2; length <= 64; ++length) {
         for (Element element : {Element::Complex32, Element::Complex64})
             EXPECT_EQ(dft_complex::row_of(length, element).length, length);
+    }
+}
+
+// Published kernels keep what the file requires; lengths beside it are free.
+TEST(Table, EachRowIsTheRequiredOne) {
+    const auto rows = qsvgen_test::required_rows(REQUIRED_ROWS);
+    ASSERT_EQ(rows.size(), 63U);
+    for (const std::vector<std::string>& cells : rows) {
+        std::size_t cell = 1;
+        for (Element element : dft_complex::kElements) {
+            const TableRow& row = dft_complex::row_of(std::stoi(cells.at(0)), element);
+            const std::string where = "length " + cells[0] + ", " + suffix(element);
+            EXPECT_EQ(to_string(row.rule), cells.at(cell++)) << where;
+            EXPECT_EQ(row.sums, std::stoi(cells.at(cell++))) << where;
+            EXPECT_EQ(row.differences, std::stoi(cells.at(cell++))) << where;
+            EXPECT_EQ(row.products, std::stoi(cells.at(cell++))) << where;
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 
+#include "tests/support/required_rows.hpp"
 #include "transforms/dft_real/recorded/tuning.hpp"
 
 namespace {
@@ -37,6 +38,25 @@ TEST(StageOrders, TheTableMakesSense) {
 
 TEST(StageOrders, EachLengthOfAPublishedKernelHasARow) {
     for (int length = 2; length <= 64; ++length) EXPECT_EQ(dft_real::row_of(length).length, length);
+}
+
+// Published kernels keep what the file requires; lengths beside it are free.
+TEST(StageOrders, EachRowIsTheRequiredOne) {
+    constexpr Kind kKinds[] = {Kind::Forward, Kind::Inverse, Kind::Hartley};
+    const auto rows = qsvgen_test::required_rows(REQUIRED_ROWS);
+    ASSERT_EQ(rows.size(), 63U);
+    for (const std::vector<std::string>& cells : rows) {
+        const TableRow& row = dft_real::row_of(std::stoi(cells.at(0)));
+        std::size_t stages = 1;
+        std::size_t cost = 4;
+        for (Kind kind : kKinds) {
+            const std::string where =
+                "length " + cells[0] + ", kind " + std::to_string(static_cast<int>(kind));
+            EXPECT_EQ(dft_real::in_words(row.order_of(kind)), cells.at(stages++)) << where;
+            EXPECT_EQ(row.cost_of(kind).sums, std::stoi(cells.at(cost++))) << where;
+            EXPECT_EQ(row.cost_of(kind).products, std::stoi(cells.at(cost++))) << where;
+        }
+    }
 }
 
 TEST(StageOrders, RowsTwiceOrOutOfOrderAreNamed) {
