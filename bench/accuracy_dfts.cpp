@@ -9,6 +9,7 @@
 #include "fftw_peer.hpp"
 #include "kernel_family.hpp"
 #include "kissfft_peer.hpp"
+#include "lengths.hpp"
 #include "support/real_reference.hpp"
 #include "support/reference_dft.hpp"
 #include "support/signals.hpp"
@@ -18,9 +19,7 @@ namespace {
 
 namespace reference = qsvgen_test;
 
-constexpr int kShortest = 2;
-constexpr int kLongest = 64;
-constexpr size_t kArray = 2 * kLongest + 2;
+constexpr size_t kArray = 2 * kLongestLength + 2;
 
 bool IsComplex(Transform transform) {
     return transform == Transform::kComplexForward || transform == Transform::kComplexInverse;
@@ -155,7 +154,7 @@ void MeasureFamily(const TransformLibrary& library, const AccuracyOptions& optio
                    const KernelFamily& family, std::vector<Accuracy>& found) {
     options.on_progress(family.name, family.type);
     const int inputs = options.quick ? 20 : 200;
-    for (int length = kShortest; length <= kLongest; ++length) {
+    for (int length : kLengths) {
         const auto& wanted = options.lengths;
         if (!wanted.empty() && std::find(wanted.begin(), wanted.end(), length) == wanted.end())
             continue;

@@ -13,6 +13,7 @@
 #include "environment.hpp"
 #include "fftw_peer.hpp"
 #include "kernel_family.hpp"
+#include "lengths.hpp"
 #include "options.hpp"
 #include "peer_figures.hpp"
 #include "program.hpp"
@@ -22,9 +23,6 @@
 
 namespace bench {
 namespace {
-
-constexpr int kShortest = 2;
-constexpr int kLongest = 64;
 
 struct Libraries {
     TransformLibrary ours;
@@ -72,7 +70,7 @@ bool Measure(const Options& options, const std::vector<KernelFamily>& families,
     std::list<TransformCase<Fftw>> cases;
     for (const KernelFamily& family : families) {
         const auto best_peer_shares = BestPeerShares(options.peer_figures, family.peer_figures);
-        for (int length = kShortest; length <= kLongest; ++length) {
+        for (int length : kLengths) {
             Comparison& comparison = comparisons.emplace_back();
             comparison.family = family.name;
             comparison.length = length;

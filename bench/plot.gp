@@ -13,7 +13,7 @@ set terminal svg size 1100,560 font 'sans,13' background 'white'
 set grid ytics lc '#dddddd'
 set xlabel 'length'
 set xrange [1:65]
-set xtics 2, 2, 64
+set xtics 2, 2
 set key below horizontal
 set pointsize 0.5
 set yrange [0:*]

@@ -15,6 +15,7 @@
 #include "fftw_peer.hpp"
 #include "kernel_family.hpp"
 #include "kissfft_peer.hpp"
+#include "lengths.hpp"
 #include "transform_library.hpp"
 
 namespace bench {
@@ -70,8 +71,8 @@ class TransformCase {
   private:
     // Elements of all types are handed over by address, in the same way.
     using Kernel = QsvStatus(const void*, void*, int32_t);
-    // A complex source of 64 elements is the longest array.
-    using Array = std::array<Real, 128>;
+    // The longest array is a complex one, or a spectrum with two zeros.
+    using Array = std::array<Real, 2 * kLongestLength + 2>;
 
     bool IsComplex() const {
         return family_.transform == Transform::kComplexForward ||

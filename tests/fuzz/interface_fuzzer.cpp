@@ -116,7 +116,8 @@ void call_kernel(Bytes& bytes) {
         return;
     }
     const auto& dispatcher = dispatcher_of(kernel);
-    const bool exists = length >= kShortestLength && length <= kLongestLength;
+    const bool exists =
+        std::count(std::begin(kHeaderLengths), std::end(kHeaderLengths), length) > 0;
     // The arrays are those of the kernel: another length would go beyond them.
     if (exists && length != kernel.length) return;
     arrays.expect_status(exists ? arrays.status(flag) : qsvStatusBadLength,

@@ -16,7 +16,7 @@ inline constexpr int kHeaderLengths[] = {QSVG_FOR_EACH_LENGTH(QSVG_TEST_LENGTH)}
 #undef QSVG_TEST_LENGTH
 
 /** Place of a length in a table that QSVG_FOR_EACH_LENGTH has made. */
-inline std::size_t place_in_header(int length) {
+constexpr std::size_t place_in_header(int length) {
     const auto* const found =
         std::find(std::begin(kHeaderLengths), std::end(kHeaderLengths), length);
     if (found == std::end(kHeaderLengths))

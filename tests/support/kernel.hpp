@@ -2,12 +2,15 @@
 
 /** @file @brief What tests know of one kernel or one transform of a run-time length. */
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <string>
 
 #include "qsvgen.h"
 #include "support/elements.hpp"
+#include "support/header_lengths.hpp"
 
 namespace qsvgen_test {
 
@@ -19,9 +22,11 @@ enum class Layout { Natural, Ccs, Pack, Perm };
 
 inline constexpr std::array<Layout, 3> kRealLayouts = {Layout::Ccs, Layout::Pack, Layout::Perm};
 
-inline constexpr int kShortestLength = 2;
-inline constexpr int kLongestLength = 64;
-inline constexpr int kLengthCount = kLongestLength - kShortestLength + 1;
+inline constexpr int kShortestLength =
+    *std::min_element(std::begin(kHeaderLengths), std::end(kHeaderLengths));
+inline constexpr int kLongestLength =
+    *std::max_element(std::begin(kHeaderLengths), std::end(kHeaderLengths));
+inline constexpr int kLengthCount = static_cast<int>(std::size(kHeaderLengths));
 
 inline constexpr std::array<std::int32_t, 4> kFlags = {qsvScaleFwdByN, qsvScaleInvByN,
                                                        qsvScaleBySqrtN, qsvScaleNone};

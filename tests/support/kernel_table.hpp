@@ -86,8 +86,7 @@ std::size_t family_row(Direction direction, Layout layout) {
 
 template <class E>
 const Kernel<E>& kernel_of(int length, Direction direction, Layout layout = Layout::Natural) {
-    const std::size_t rows_before =
-        E::kFamilies * static_cast<std::size_t>(length - kShortestLength);
+    const std::size_t rows_before = E::kFamilies * place_in_header(length);
     return kernels<E>().at(rows_before + family_row<E>(direction, layout));
 }
 

@@ -97,7 +97,7 @@ inline constexpr std::array<RealCounts, kLengthCount> kRealCounts = {{
 // clang-format on
 
 constexpr const RealCounts& real_counts(int length) {
-    return kRealCounts[static_cast<std::size_t>(length - kShortestLength)];
+    return kRealCounts[place_in_header(length)];
 }
 
 constexpr const OperationCounts& operation_counts(int length, Direction direction) {

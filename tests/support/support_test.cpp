@@ -99,7 +99,7 @@ TEST(ReferenceDft, TurnsRightForTheForwardTransformAndLeftForTheInverse) {
 }
 
 TEST(ReferenceDft, HasAnErrorFarBelowTheLimitsForDoublePrecision) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         for (const auto direction : {Direction::Forward, Direction::Inverse}) {
             const auto x = widened(random_signal<Double>(length, 1));
             const auto y = reference_dft(x, direction);
@@ -127,7 +127,7 @@ TYPED_TEST_SUITE(ScaleFactor, ElementTypes, ElementNames);
 // than to any other number. Their squares have few enough bits to be exact.
 TYPED_TEST(ScaleFactor, IsTheNearestNumberToTheInverseRootOfEveryLength) {
     using Real = typename TypeParam::Real;
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         const Real s = scale_factor<TypeParam>(length, Direction::Forward, qsvScaleBySqrtN);
         const Long below = (Long(s) + Long(std::nextafter(s, Real{0}))) / 2;
         const Long above = (Long(s) + Long(std::nextafter(s, Real{1}))) / 2;
@@ -138,7 +138,7 @@ TYPED_TEST(ScaleFactor, IsTheNearestNumberToTheInverseRootOfEveryLength) {
 
 TYPED_TEST(ScaleFactor, IsTheNearestNumberToTheInverseOfEveryLength) {
     using Real = typename TypeParam::Real;
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         const Real s = scale_factor<TypeParam>(length, Direction::Inverse, qsvScaleInvByN);
         const Long below = (Long(s) + Long(std::nextafter(s, Real{0}))) / 2;
         const Long above = (Long(s) + Long(std::nextafter(s, Real{1}))) / 2;

@@ -73,7 +73,7 @@ TYPED_TEST(KnownSignal, AnImpulseAtOneHasTheSameMagnitudeInAllOutputsOfAPrimeLen
 }
 
 TYPED_TEST(KnownSignal, TheInverseOfAnImpulseAtOneIsTheConjugateOfTheForward) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         const auto x = impulse<TypeParam>(length, 1, {1, 0});
         const auto forward =
             transform(kernel_of<TypeParam>(length, Direction::Forward), x, qsvScaleNone);

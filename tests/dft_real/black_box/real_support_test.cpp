@@ -37,7 +37,7 @@ TEST(RealLayout, IsTheOneWrittenOutForShortLengths) {
 }
 
 TEST(RealLayout, HasTheSizeThatItsSlotsFill) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         for (const auto layout : kRealLayouts) {
             EXPECT_EQ(spectrum_size(layout, length), slots_of(layout, length).size())
                 << "length " << length;
@@ -49,7 +49,7 @@ TEST(RealLayout, HasTheSizeThatItsSlotsFill) {
 }
 
 TEST(RealLayout, HasElementsWhereTheTablesOfAllLengthsPutThem) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         const auto at = [length](Part part, int bin, Layout layout) {
             return static_cast<int>(element_of({part, bin}, layout, length));
         };
@@ -92,7 +92,7 @@ long double part_of(const Wide& value, Part part) {
 constexpr long double kSmall = 1e-17L;
 
 TEST(RealReference, ForwardHoldsTheComplexTransformOfTheSignal) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         const auto x = random_signal<RealDouble>(static_cast<std::size_t>(length), 1);
         const auto bins = reference_dft(as_complex(x), Direction::Forward);
         for (const auto layout : kRealLayouts) {
@@ -112,7 +112,7 @@ TEST(RealReference, ForwardHoldsTheComplexTransformOfTheSignal) {
 }
 
 TEST(RealReference, InverseIsTheComplexTransformOfTheSpectrumWithItsConjugates) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         for (const auto layout : kRealLayouts) {
             const auto spectrum = random_signal<RealDouble>(spectrum_size(layout, length), 2);
             const auto slots = slots_of(layout, length);
@@ -137,7 +137,7 @@ TEST(RealReference, InverseIsTheComplexTransformOfTheSpectrumWithItsConjugates) 
 }
 
 TEST(RealReference, HartleyIsTheRealMinusTheImaginaryPartOfTheComplexTransform) {
-    for (int length = kShortestLength; length <= kLongestLength; ++length) {
+    for (int length : kHeaderLengths) {
         const auto x = random_signal<RealDouble>(static_cast<std::size_t>(length), 3);
         const auto bins = reference_dft(as_complex(x), Direction::Forward);
         const auto y = RealReference(Direction::Both, Layout::Natural, length)(x);
