@@ -1,10 +1,13 @@
 # Options of code that runs during the build, in tests and in examples.
 
+# Sources are generated alike by all builds, so that a slow one may take another's programs for it.
+set(QSVG_DESCRIBED_BY "" CACHE PATH "Build folder whose programs write the generated sources; if empty, this")
+
 add_library(build_time_code INTERFACE)
 target_compile_features(build_time_code INTERFACE cxx_std_20)
 target_compile_options(
     build_time_code INTERFACE # Built more often than run, where all time goes into libraries.
-                              -O1 -Wall -Wextra
+                              $<IF:$<BOOL:${QSVG_DESCRIBED_BY}>,-O0,-O1> -Wall -Wextra
                               # GCC 12 sees overlaps and overflows in the joining of short strings.
                               $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>)
 
@@ -27,4 +30,14 @@ function(lengths_of_table table result)
     endforeach()
     set(${result} ${lengths} PARENT_SCOPE)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
+endfunction()
+
+# writes_generated_sources(program result): what the command of a generated source runs and depends on.
+function(writes_generated_sources program result)
+    if(QSVG_DESCRIBED_BY)
+        set(${result} ${QSVG_DESCRIBED_BY}/bin/${program} PARENT_SCOPE)
+        set_target_properties(${program} PROPERTIES EXCLUDE_FROM_ALL TRUE)
+    else()
+        set(${result} ${program} PARENT_SCOPE)
+    endif()
 endfunction()

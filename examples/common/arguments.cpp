@@ -44,7 +44,7 @@ std::optional<std::string_view> Arguments::value(std::string_view option) const 
 
 std::filesystem::path Arguments::recording(const std::filesystem::path& unnamed) const {
     if (names_.size() > 1) WrongUse("One recording at a time.", hint_);
-    const std::filesystem::path name = names_.empty() ? unnamed : names_.front();
+    std::filesystem::path name = names_.empty() ? unnamed : names_.front();
     if (name.empty()) WrongUse("Name a recording.", hint_);
     return name;
 }

@@ -8,7 +8,7 @@ namespace {
 
 std::string in_words(const Graph& graph, NodeId id) {
     const Node& node = graph.node(id);
-    const std::string name = "node " + std::to_string(id);
+    std::string name = "node " + std::to_string(id);
     if (!is_load(node.op) && !is_store(node.op)) return name;
     const Elements elements = touched(node);
     return name + (is_load(node.op) ? ", a load" : ", a store") + " of elements " +

@@ -15,8 +15,10 @@
 #endif
 
 /** The following statement for `name` = 0, step, 2 step, ... below `end`. */
+// NOLINTBEGIN(bugprone-macro-parentheses): a name that is declared stands in none.
 #define QSVG_FOR_EACH_BLOCK(name, end, step) \
     QSVG_WRITTEN_OUT_ONCE for (int name = 0; name < (end); name += (step))
+// NOLINTEND(bugprone-macro-parentheses)
 
 namespace core {
 

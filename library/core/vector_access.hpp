@@ -48,9 +48,9 @@ struct Between {
     }
 };
 
-// Half vectors have no alignment of their own in either path. Two floats travel as one double, which
-// may stand for elements of any type: kernels read x[0] as a float and write y[0] as half a vector,
-// and the two are one element where a transform runs in place.
+// Half vectors have no alignment of their own in either path. Two floats travel as one double,
+// which may stand for elements of any type: kernels read x[0] as a float and write y[0] as half a
+// vector, and the two are one element where a transform runs in place.
 using TwoFloats [[gnu::may_alias]] = double;
 
 inline __m128 load_low(const float* p) {

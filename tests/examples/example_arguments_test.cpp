@@ -15,7 +15,7 @@ using example::Arguments;
 using example::ParseNumber;
 using Names = std::vector<std::string_view>;
 
-Arguments parse(std::vector<const char*> words) {
+Arguments parse(const std::vector<const char*>& words) {
     std::vector<char*> pointers;
     for (const char* word : words) pointers.push_back(const_cast<char*>(word));
     return Arguments(pointers, {.flags = {"--loud"}, .with_values = {"-o"}, .hint = "Read on."});

@@ -68,7 +68,7 @@ TEST(ExactConstant, CosinesAreReducedToTheFirstQuadrant) {
 
 TEST(ExactConstant, CosinesAndSinesHaveTheValueOfTheirTurn) {
     IndependentEvaluator evaluator;
-    const Independent two_pi = boost::math::constants::two_pi<Independent>();
+    const Independent& two_pi = boost::math::constants::two_pi<Independent>();
     const Independent tolerance("1e-55");
     for (long q = 1; q <= 64; ++q) {
         for (long p = -q; p <= 2 * q; ++p) {

@@ -16,7 +16,7 @@ static void expect(int condition, const char* what) {
     }
 }
 
-int main(void) {
+int main(void) {  // NOLINT(modernize-redundant-void-arg): C
     const Complex32 x[4] = {{1.0f, 0.0f}, {2.0f, 0.0f}, {3.0f, 0.0f}, {4.0f, 0.0f}};
     Complex32 y[4] = {{0.0f, 0.0f}, {0.0f, 0.0f}, {0.0f, 0.0f}, {0.0f, 0.0f}};
     const Real32 signal[4] = {1.0f, 2.0f, 3.0f, 4.0f};

@@ -61,7 +61,7 @@ std::vector<Symbol> symbols(const char* table) {
 
 std::vector<Section> sections() {
     std::vector<Section> all;
-    for (auto line : readelf("-S")) {
+    for (const auto& line : readelf("-S")) {
         // "  [ 7] .text PROGBITS 00001000 001000 0a0b0c ..."
         const auto close = line.find(']');
         const auto open = line.find('[');

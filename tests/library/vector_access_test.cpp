@@ -15,6 +15,7 @@ namespace {
 constexpr __m128 kNewFloats = {10, 20, 30, 40};
 constexpr __m128d kNewDoubles = {10, 20};
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types stand in none.
 // How much the element that a store overwrites grows. A compiler that takes the store for one of
 // another type makes x - x of it.
 #define QSVG_GROWTH(name, Real, Vector, store)                             \
@@ -32,6 +33,8 @@ constexpr __m128d kNewDoubles = {10, 20};
         y[element] = -value;                                                  \
         return found;                                                         \
     }
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 __m128 load_high_above_zeros(const float* p) {
     return core::load_high(_mm_setzero_ps(), p);

@@ -38,6 +38,7 @@ constexpr std::size_t kOffsets[] = {0, 4, 8, 12};
 template <class E, class Run>
 std::uint64_t hash_of(std::size_t source_size, std::size_t destination_size, Run run) {
     using Element = typename E::Element;
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): a complex element has two parts.
     constexpr std::size_t kParts = sizeof(Element) / sizeof(typename E::Real);
     same_bits::Fnv hash;
     bool agree = true;

@@ -42,7 +42,7 @@ Independent IndependentEvaluator::sum(const Exact::Expression& e, bool decimals)
 Independent IndependentEvaluator::cosine(long numerator, long denominator) {
     auto [entry, fresh] = cosines_.try_emplace({numerator, denominator});
     if (fresh) {
-        const Independent turn = boost::math::constants::two_pi<Independent>();
+        const Independent& turn = boost::math::constants::two_pi<Independent>();
         entry->second = cos(Independent(turn * numerator / denominator));
     }
     return entry->second;

@@ -63,7 +63,7 @@ std::string to_string(const Rule& rule) {
 std::string formula(const Rule& rule) {
     std::string parts;
     for (const Rule& part : rule.parts) parts += (parts.empty() ? "" : ",") + formula(part);
-    const std::string length = std::to_string(rule.length);
+    std::string length = std::to_string(rule.length);
     switch (rule.form) {
         case Rule::Form::Small:
             switch (rule.small_form) {

@@ -90,9 +90,9 @@ HalfSpectrum rader_of_thirteen(RowArithmetic& m, const Reals& x) {
     // The even bins as six points, three and then two; bin 4 of twelve stands for its conjugate.
     const Ref z0 = m.row({{one, x[0]}, {-Exact::rational(1, L), zeroth[0].re}});
     const Ref z6 = m.row({{convolution_constant(p, g, q).re, A[q].re}});
-    kernelgen::ExactComplex W4 = convolution_constant(p, g, 4);
-    W4.im = -W4.im;
-    const ThreePoints first = three_points(m, z0, {e[0], d[0], false}, W4, false);
+    kernelgen::ExactComplex fourth = convolution_constant(p, g, 4);
+    fourth.im = -fourth.im;
+    const ThreePoints first = three_points(m, z0, {e[0], d[0], false}, fourth, false);
     const ThreePoints second =
         three_points(m, z6, {e[2], d[2], false}, convolution_constant(p, g, 2), true);
     Reals re(at(q));

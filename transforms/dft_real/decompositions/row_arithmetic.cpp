@@ -39,7 +39,7 @@ Ref RowArithmetic::row(const std::vector<Term>& terms) {
 }
 
 Term RowArithmetic::only_product_of(Ref x) const {
-    const Term itself{Exact::rational(1), x};
+    Term itself{Exact::rational(1), x};
     if (x.is_zero() || graph_.node(x.id).op != Op::Round) return itself;
     const kernelgen::Node& product = graph_.node(graph_.node(x.id).a);
     if (product.op != Op::Mul) return itself;

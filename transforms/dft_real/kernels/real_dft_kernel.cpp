@@ -71,16 +71,16 @@ RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element
     const std::vector<Part> parts = parts_of(N, layout);
     const auto spectrum_length = static_cast<int>(parts.size());
     if (direction == Direction::Forward) {
-        const auto entry = [&](int element_of_X, int n) -> Wide {
-            const Part part = parts[at(element_of_X)];
+        const auto entry = [&](int element, int n) -> Wide {
+            const Part part = parts[at(element)];
             if (part.bin < 0) return 0;
             const ExactComplex w = ExactComplex::forward_root(static_cast<long>(part.bin) * n, N);
             return part.imaginary ? w.im.value() : w.re.value();
         };
         return proven(family, N, element, forward_network(N, layout), N, spectrum_length, entry);
     }
-    const auto entry = [&](int n, int element_of_X) -> Wide {
-        const Part part = parts[at(element_of_X)];
+    const auto entry = [&](int n, int element) -> Wide {
+        const Part part = parts[at(element)];
         if (part.bin < 0) return 0;
         const ExactComplex w = ExactComplex::forward_root(-static_cast<long>(part.bin) * n, N);
         const int times = is_complex(N, part.bin) ? 2 : 1;

@@ -27,8 +27,8 @@ Tuning tuning_of(Kind kind, const TableRow& row, Element element) {
 
 Tuning tuning_of(Kind kind, const TableRow& row, Element element,
                  std::span<const RecordedTuning> recorded) {
-    const std::string name = "the tuning of length " + std::to_string(row.length) + " in " +
-                             suffix(element);
+    const std::string name =
+        "the tuning of length " + std::to_string(row.length) + " in " + suffix(element);
     const RecordedTuning* found = nullptr;
     for (const RecordedTuning& tuning : recorded) {
         if (tuning.kind != kind || tuning.length != row.length) continue;

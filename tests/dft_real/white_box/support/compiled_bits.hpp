@@ -96,7 +96,8 @@ std::vector<Real> random_signal(std::mt19937_64& random, int length, int lowest,
     constexpr int kFraction = std::numeric_limits<Real>::digits - 1;
     std::vector<Real> x;
     for (int i = 0; i < length; ++i) {
-        const auto spread = static_cast<std::uint64_t>(highest - lowest + 1);
+        const auto spread =
+            static_cast<std::uint64_t>(highest) - static_cast<std::uint64_t>(lowest) + 1;
         const int exponent = lowest + static_cast<int>(random() % spread);
         const auto fraction = static_cast<Real>(random() >> (64 - kFraction));
         const Real significand = Real(1) + std::ldexp(fraction, -kFraction);

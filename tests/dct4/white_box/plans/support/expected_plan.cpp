@@ -4,6 +4,8 @@
 
 #include "dct4/operations.hpp"
 
+// Slots of a plan are words, whether signed or not.
+// NOLINTBEGIN(bugprone-narrowing-conversions)
 namespace qsvgen_test {
 namespace {
 
@@ -191,3 +193,4 @@ Address ExpectedPlan::split(std::int32_t points, std::int32_t stride, std::int32
 }
 
 }  // namespace qsvgen_test
+// NOLINTEND(bugprone-narrowing-conversions)
