@@ -86,6 +86,19 @@ Arithmetic without_conversions(Arithmetic arithmetic) {
     return arithmetic;
 }
 
+/** What compilers may not change. Clang takes a minus into a constant, a - c b as a + (-c) b, which
+ * keeps every bit: sums and differences are one there. */
+Arithmetic settled(Arithmetic arithmetic) {
+#ifdef __clang__
+    Arithmetic joined;
+    for (const auto& [mnemonic, number] : arithmetic)
+        joined[mnemonic.starts_with("sub") ? "add" + mnemonic.substr(3) : mnemonic] += number;
+    return joined;
+#else
+    return arithmetic;
+#endif
+}
+
 bool is_written_with_both_copies(const Kernel& kernel) {
     return !kernel.is_scalar() && kernel.twin_name().empty();
 }
@@ -96,10 +109,11 @@ TEST(MachineCodeCounts, EveryFunctionHoldsTheSumsDifferencesAndProductsOfItsGrap
         std::vector<std::string> names = {kernel.name()};
         if (!kernel.twin_name().empty()) names.push_back(kernel.twin_name());
         for (const auto& name : names) {
-            const Arithmetic found = without_conversions(arithmetic_of(function_named(name)));
+            const Arithmetic found =
+                settled(without_conversions(arithmetic_of(function_named(name))));
             const int twos = doublings(kernel.graph);
-            if (twos > 0 && found == arithmetic_of(kernel, twos)) continue;
-            EXPECT_EQ(arithmetic_of(kernel), found) << name;
+            if (twos > 0 && found == settled(arithmetic_of(kernel, twos))) continue;
+            EXPECT_EQ(settled(arithmetic_of(kernel)), found) << name;
         }
     });
 }
@@ -108,10 +122,10 @@ TEST(MachineCodeCounts, EveryFunctionHoldsTheSumsDifferencesAndProductsOfItsGrap
 TEST(MachineCodeCounts, AFunctionWrittenWithBothCopiesHoldsTheGraphOnceOrTwice) {
     for_each_kernel([](const Kernel& kernel) {
         if (!is_written_with_both_copies(kernel)) return;
-        const Arithmetic once = arithmetic_of(kernel);
+        const Arithmetic once = settled(arithmetic_of(kernel));
         Arithmetic twice = once;
         for (auto& operation : twice) operation.second *= 2;
-        const Arithmetic found = arithmetic_of(function_named(kernel.name()));
+        const Arithmetic found = settled(arithmetic_of(function_named(kernel.name())));
         EXPECT_TRUE(found == once || found == twice)
             << kernel.name() << ": " << testing::PrintToString(found) << " instead of "
             << testing::PrintToString(once) << " once or twice";
