@@ -71,8 +71,8 @@ class TransformCase {
   private:
     // Elements of all types are handed over by address, in the same way.
     using Kernel = QsvStatus(const void*, void*, int32_t);
-    // The longest array is a complex one, or a spectrum with two zeros.
-    using Array = std::array<Real, 2 * kLongestLength + 2>;
+    // A complex source is the longest array.
+    using Array = std::array<Real, 2 * kLongestLength>;
 
     bool IsComplex() const {
         return family_.transform == Transform::kComplexForward ||

@@ -7,6 +7,12 @@
 
 #include "qsvgen.h"
 
+// Of itself it is about a length that is there.
+#ifndef QSVG_ADDED_LENGTH
+#define QSVG_ADDED_LENGTH 64
+#define QSVG_ADDED_BITS 32
+#endif
+
 #define QSVG_JOINED_(a, n, b) a##n##b
 #define QSVG_JOINED(a, n, b) QSVG_JOINED_(a, n, b)
 #if QSVG_ADDED_BITS == 32
@@ -27,7 +33,10 @@ constexpr int kLength = QSVG_ADDED_LENGTH;
 
 double largest_error(QsvStatus (*transform)(const Complex*, Complex*, int32_t), int sign) {
     std::vector<Complex> x(kLength), y(kLength);
-    for (int n = 0; n < kLength; ++n) x[n] = {std::sin(3.0F * n + 1), std::cos(7.0F * n)};
+    for (int n = 0; n < kLength; ++n) {
+        const auto t = static_cast<float>(n);
+        x[n] = {std::sin(3 * t + 1), std::cos(7 * t)};
+    }
     if (transform(x.data(), y.data(), qsvScaleNone) != qsvStatusOk) return 1e9;
     double worst = 0;
     for (int k = 0; k < kLength; ++k) {
