@@ -86,16 +86,28 @@ Arithmetic without_conversions(Arithmetic arithmetic) {
     return arithmetic;
 }
 
-/** What compilers may not change. Clang takes a minus into a constant, a - c b as a + (-c) b, which
- * keeps every bit: sums and differences are one there. */
-Arithmetic settled(Arithmetic arithmetic) {
+/**
+ * Whether a function holds the operations of its graph: to the last one by GCC. Clang takes a minus
+ * into a constant, a - c b as a + (-c) b, which keeps every bit, so that sums and differences are
+ * one there, and a sum that so comes to stand twice is formed once.
+ */
+bool agrees(const Arithmetic& expected, const Arithmetic& found) {
 #ifdef __clang__
-    Arithmetic joined;
-    for (const auto& [mnemonic, number] : arithmetic)
-        joined[mnemonic.starts_with("sub") ? "add" + mnemonic.substr(3) : mnemonic] += number;
-    return joined;
+    const auto joined = [](const Arithmetic& arithmetic) {
+        Arithmetic sums;
+        for (const auto& [mnemonic, number] : arithmetic)
+            sums[mnemonic.starts_with("sub") ? "add" + mnemonic.substr(3) : mnemonic] += number;
+        return sums;
+    };
+    const Arithmetic wanted = joined(expected);
+    const Arithmetic got = joined(found);
+    return std::equal(
+        wanted.begin(), wanted.end(), got.begin(), got.end(), [](const auto& a, const auto& b) {
+            const bool is_sum = a.first.starts_with("add");
+            return a.first == b.first && (is_sum ? b.second <= a.second : b.second == a.second);
+        });
 #else
-    return arithmetic;
+    return expected == found;
 #endif
 }
 
@@ -109,11 +121,12 @@ TEST(MachineCodeCounts, EveryFunctionHoldsTheSumsDifferencesAndProductsOfItsGrap
         std::vector<std::string> names = {kernel.name()};
         if (!kernel.twin_name().empty()) names.push_back(kernel.twin_name());
         for (const auto& name : names) {
-            const Arithmetic found =
-                settled(without_conversions(arithmetic_of(function_named(name))));
+            const Arithmetic found = without_conversions(arithmetic_of(function_named(name)));
             const int twos = doublings(kernel.graph);
-            if (twos > 0 && found == settled(arithmetic_of(kernel, twos))) continue;
-            EXPECT_EQ(settled(arithmetic_of(kernel)), found) << name;
+            if (twos > 0 && agrees(arithmetic_of(kernel, twos), found)) continue;
+            EXPECT_TRUE(agrees(arithmetic_of(kernel), found))
+                << name << ": " << testing::PrintToString(found) << " instead of "
+                << testing::PrintToString(arithmetic_of(kernel));
         }
     });
 }
@@ -122,11 +135,11 @@ TEST(MachineCodeCounts, EveryFunctionHoldsTheSumsDifferencesAndProductsOfItsGrap
 TEST(MachineCodeCounts, AFunctionWrittenWithBothCopiesHoldsTheGraphOnceOrTwice) {
     for_each_kernel([](const Kernel& kernel) {
         if (!is_written_with_both_copies(kernel)) return;
-        const Arithmetic once = settled(arithmetic_of(kernel));
+        const Arithmetic once = arithmetic_of(kernel);
         Arithmetic twice = once;
         for (auto& operation : twice) operation.second *= 2;
-        const Arithmetic found = settled(arithmetic_of(function_named(kernel.name())));
-        EXPECT_TRUE(found == once || found == twice)
+        const Arithmetic found = arithmetic_of(function_named(kernel.name()));
+        EXPECT_TRUE(agrees(once, found) || agrees(twice, found))
             << kernel.name() << ": " << testing::PrintToString(found) << " instead of "
             << testing::PrintToString(once) << " once or twice";
     });
