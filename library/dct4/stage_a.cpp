@@ -12,6 +12,14 @@ ColumnGroups batch_of(const env5& node, int first) {
     return {column, node.lastIndex - 2 * column, column, groups_from(first, node.inner)};
 }
 
+/** Apart, so that short transforms need no work space on the stack and no boundary for it. */
+template <int kRule>
+[[gnu::noinline]] void analyse_in_batches(const env5& node, const AnalysisOfColumns& columns) {
+    AnalysisBatches<kRule> batches;
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch)
+        analyse_batch<kRule>(columns, batch_of(node, i), batches);
+}
+
 template <int kRule>
 void analyse(const env5& node, const Real* source, Real* destination) {
     const int row = node.twoFactor;
@@ -29,9 +37,7 @@ void analyse(const env5& node, const Real* source, Real* destination) {
         return false;
     };
     if (any_length<kShortestTree, kShortestSplit / 2>(analyse_rows_of)) return;
-    AnalysisBatches<kRule> batches;
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.inner; i += kBatch)
-        analyse_batch<kRule>(columns, batch_of(node, i), batches);
+    analyse_in_batches<kRule>(node, columns);
 }
 
 void analyse_recursively(const env5& node, const Real* source, Real* destination) {

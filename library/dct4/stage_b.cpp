@@ -26,7 +26,7 @@ struct RowsOfBlocks {
 };
 
 template <int kRule>
-void synthesise_batches(const env4& node, const Real* source, Real* destination) {
+[[gnu::noinline]] void synthesise_batches(const env4& node, const Real* source, Real* destination) {
     constexpr int kPoints = 1 << kRule;
     constexpr int kHalf = kPoints / 2;
     Batch<kPoints> out;
