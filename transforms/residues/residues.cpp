@@ -8,6 +8,13 @@ namespace residues {
 using kernelgen::Exact;
 using kernelgen::ExactComplex;
 
+bool is_prime(int n) {
+    for (int d = 2; d * d <= n; ++d) {
+        if (n % d == 0) return false;
+    }
+    return n > 1;
+}
+
 int power_modulo(int base, int exponent, int p) {
     int power = 1;
     for (int i = 0; i < exponent; ++i) power = power * base % p;

@@ -9,6 +9,8 @@
 
 namespace residues {
 
+bool is_prime(int n);
+
 /** base^exponent modulo p, 0 <= base < p, exponent >= 0. */
 int power_modulo(int base, int exponent, int p);
 

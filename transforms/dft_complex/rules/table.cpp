@@ -4,15 +4,12 @@
 #include <numeric>
 #include <stdexcept>
 
+#include "transforms/residues/residues.hpp"
+
 namespace dft_complex {
 namespace {
 
-bool is_prime(int n) {
-    for (int d = 2; d * d <= n; ++d) {
-        if (n % d == 0) return false;
-    }
-    return n > 1;
-}
+using residues::is_prime;
 
 [[noreturn]] void refuse(const Rule& rule, const std::string& reason) {
     throw std::invalid_argument("the rule " + formula(rule) + " " + reason);

@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <numeric>
 #include <set>
-#include <stdexcept>
+
+#include "transforms/residues/residues.hpp"
 
 namespace dft_complex {
 namespace {
 
-bool is_prime(int n) {
-    for (int d = 2; d * d <= n; ++d) {
-        if (n % d == 0) return false;
-    }
-    return n > 1;
-}
+using residues::is_prime;
 
 bool has_row(int length) {
     return std::binary_search(lengths().begin(), lengths().end(), length);

@@ -5,15 +5,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "transforms/residues/residues.hpp"
+
 namespace dft_real {
 namespace {
 
-bool is_prime(int n) {
-    for (int d = 2; d * d <= n; ++d) {
-        if (n % d == 0) return false;
-    }
-    return n > 1;
-}
+using residues::is_prime;
 
 const std::vector<TableRow>& checked_table() {
     static const bool checked = (check(table()), true);
