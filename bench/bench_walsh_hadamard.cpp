@@ -18,7 +18,7 @@ const char* const kUsage =
     "  --quick               fewer rounds: a first look, not a result\n"
     "  --library=FILE        the build to measure, instead of the one built with this program\n"
     "  --out=STEM            write STEM.json\n"
-    "  --peer-figures=FILE   instead of bench/peers.csv\n"
+    "  --peer-figures=FILE   instead of bench/peers/TARGET.csv\n"
     "  --help                this text\n";
 
 struct Run {

@@ -17,7 +17,7 @@ struct KernelFamily {
     std::string type;                              ///< of an element: 32fc, 64fc, 32f, 64f
     std::string name;                              ///< as in the names of benchmarks: dft_real/fwd
     std::string exported;                          ///< of exported names: DFTFwd_RToCCS
-    std::string peer_figures;                      ///< the family in peers.csv: real_forward_32
+    std::string peer_figures;                      ///< the family in bench/peers: real_forward_32
 
     std::string KernelName(int length) const;     ///< qsvgDFTFwd_RToCCS_15_32f
     std::string BenchmarkName(int length) const;  ///< dft_real/fwd/15/32f

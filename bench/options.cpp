@@ -24,7 +24,7 @@ const char* const kUsage =
     "  --library=FILE        the build to measure, instead of the one built with this program\n"
     "  --other=FILE          a second build of the library, to be timed in the same rounds\n"
     "  --out=STEM            write STEM.json and STEM.dat\n"
-    "  --peer-figures=FILE   instead of bench/peers.csv\n"
+    "  --peer-figures=FILE   instead of bench/peers/TARGET.csv\n"
     "  --benchmark_...       handed on to Google Benchmark\n"
     "  --help                this text\n";
 

@@ -32,6 +32,9 @@ function(lengths_of_table table result)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
 endfunction()
 
+# Where a family's sources for the target are written.
+set(QSVG_GENERATED ${PROJECT_BINARY_DIR}/generated/${QSVG_TARGET})
+
 # writes_generated_sources(program result): what the command of a generated source runs and depends on.
 function(writes_generated_sources program result)
     if(QSVG_DESCRIBED_BY)

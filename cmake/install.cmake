@@ -1,27 +1,30 @@
 # What `cmake --install` puts where: the library and what its users need, and nothing else.
 
-# Beside the 64-bit libraries of the same prefix, where the linker looks for it.
+# Beside the libraries of other targets in the same prefix, where the linker looks for it.
 if(NOT DEFINED CMAKE_INSTALL_LIBDIR)
-    set(CMAKE_INSTALL_LIBDIR lib/i386-linux-gnu CACHE PATH "Directory of libraries below the prefix")
+    set(CMAKE_INSTALL_LIBDIR lib/${QSVG_MULTIARCH} CACHE PATH "Directory of libraries below the prefix")
 endif()
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+if(QSVG_HAS_CORE_LIBRARY)
+    install(
+        TARGETS qsvcore
+        EXPORT qsvgen
+        LIBRARY COMPONENT runtime
+                # Nobody links to it but the library.
+                NAMELINK_SKIP)
+endif()
 install(
-    TARGETS qsvcore
-    EXPORT qsvgen
-    LIBRARY COMPONENT runtime
-            # Nobody links to it but the library.
-            NAMELINK_SKIP)
-install(
-    TARGETS qsvgent7
+    TARGETS qsvgen
     EXPORT qsvgen
     LIBRARY COMPONENT runtime
             NAMELINK_COMPONENT development)
 install(
-    CODE "file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:qsvgent7>\")"
+    CODE "file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:qsvgen>\")"
     COMPONENT runtime)
-install(FILES ${PROJECT_SOURCE_DIR}/include/qsvgen.h TYPE INCLUDE COMPONENT development)
+# The same for all targets.
+install(FILES ${PROJECT_SOURCE_DIR}/include/qsvgen.h TYPE INCLUDE COMPONENT common)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE TYPE DOC COMPONENT licence)
 
 set(places ${PROJECT_BINARY_DIR}/install)
@@ -34,7 +37,7 @@ install(
     COMPONENT development)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/qsvgenConfig.cmake.in
                               ${places}/qsvgenConfig.cmake INSTALL_DESTINATION ${cmake_package})
-# Refuses projects whose pointers are not of 32 bits, too.
+# Refuses projects whose pointers are of another size, too.
 write_basic_package_version_file(${places}/qsvgenConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
 install(
@@ -42,9 +45,23 @@ install(
     DESTINATION ${cmake_package}
     COMPONENT development)
 
+# Found whatever the mode of a project is: goes on to the package of that mode.
+set(any_mode ${CMAKE_INSTALL_DATAROOTDIR}/cmake/qsvgen)
+write_basic_package_version_file(${places}/any_mode/qsvgenConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+install(
+    FILES ${PROJECT_SOURCE_DIR}/cmake/any_mode/qsvgenConfig.cmake
+          ${places}/any_mode/qsvgenConfigVersion.cmake
+    DESTINATION ${any_mode}
+    COMPONENT common)
+
 # Relative to itself, so that an installation may be moved.
 file(RELATIVE_PATH PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" PREFIX_FROM_PC "${PREFIX_FROM_PC}")
+if(QSVG_HAS_CORE_LIBRARY)
+    # Where linkers find what the library needs.
+    set(PC_RPATH_LINK "-Wl,-rpath-link,\${libdir} ")
+endif()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/qsvgen.pc.in ${places}/qsvgen.pc @ONLY)
 install(
     FILES ${places}/qsvgen.pc

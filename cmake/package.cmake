@@ -1,4 +1,5 @@
-# `cpack` in the build folder makes Debian packages for i386: the library, and what it is built with.
+# `cpack` in the build folder makes Debian packages: the library, what it is built with, and of that what
+# is the same for all targets, so that those of several may be installed.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME qsvgen)
@@ -8,25 +9,30 @@ set(QSVG_PACKAGE_CONTACT "The qsvgen authors <qsvgen@localhost>"
 set(CPACK_PACKAGE_CONTACT ${QSVG_PACKAGE_CONTACT})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_COMPONENTS_ALL runtime development common)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE i386)
+set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE ${QSVG_DEBIAN_ARCHITECTURE})
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 # A new soname is a new package, so that both may be installed.
-set(runtime_package libqsvgent7-6.1)
-set(development_package libqsvgent7-dev)
+if(QSVG_SOVERSION VERSION_EQUAL PROJECT_VERSION)
+    set(runtime_package lib${QSVG_LIBRARY_NAME}-${QSVG_SOVERSION})
+else()
+    set(runtime_package lib${QSVG_LIBRARY_NAME}${QSVG_SOVERSION})
+endif()
+set(development_package lib${QSVG_LIBRARY_NAME}-dev)
+set(common_package qsvgen-common)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
     "discrete transforms of small fixed sizes
 One kernel for each length of the complex and the real DFT, the Hartley and
 the Walsh-Hadamard transform, and plans of the DCT-IV, in single and double
-precision with SSE2. The platform core library is an open stand-in.")
+precision, for ${QSVG_MODE}.${QSVG_PACKAGE_NOTE}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 # Where the core library is found, whose own package this is.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
@@ -34,19 +40,30 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
     ${PROJECT_BINARY_DIR}/package/triggers ${PROJECT_BINARY_DIR}/package/shlibs)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${development_package})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtime_package} (= ${PROJECT_VERSION}-1)")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "${runtime_package} (= ${PROJECT_VERSION}-1), ${common_package} (= ${PROJECT_VERSION}-1)")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
     "discrete transforms of small fixed sizes, development files
-The header, and what compilers, pkg-config and CMake need to build programs
-with the library.")
+What compilers, pkg-config and CMake need to build programs with the library,
+but for the header.")
+set(CPACK_DEBIAN_COMMON_PACKAGE_NAME ${common_package})
+set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_COMMON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_COMMON_DESCRIPTION
+    "discrete transforms of small fixed sizes, header
+The header, which is one for all targets, and what leads CMake to the
+development files of the target that is built for.")
 
 file(WRITE ${PROJECT_BINARY_DIR}/package/triggers "activate-noawait ldconfig\n")
 file(WRITE ${PROJECT_BINARY_DIR}/package/shlibs
-     "libqsvgent7 6.1 ${runtime_package}\nlibqsvcore 6.1 ${runtime_package}\n")
+     "lib${QSVG_LIBRARY_NAME} ${QSVG_SOVERSION} ${runtime_package}\n")
+if(QSVG_HAS_CORE_LIBRARY)
+    file(APPEND ${PROJECT_BINARY_DIR}/package/shlibs "libqsvcore 6.1 ${runtime_package}\n")
+endif()
 configure_file(cmake/changelog.in ${PROJECT_BINARY_DIR}/package/changelog @ONLY)
 execute_process(COMMAND gzip -9 --no-name --keep --force ${PROJECT_BINARY_DIR}/package/changelog
                         COMMAND_ERROR_IS_FATAL ANY)
-foreach(component runtime development)
+foreach(component runtime development common)
     set(documents ${CMAKE_INSTALL_DATAROOTDIR}/doc/${${component}_package})
     install(
         FILES ${PROJECT_SOURCE_DIR}/LICENSE
@@ -64,7 +81,7 @@ foreach(component runtime development)
 endforeach()
 file(WRITE ${PROJECT_BINARY_DIR}/package/overrides
      "# Sines and cosines are all that it takes from outside, besides the core library.\n"
-     "${runtime_package}: library-not-linked-against-libc *libqsvgent7.so.6.1*\n")
+     "${runtime_package}: library-not-linked-against-libc *lib${QSVG_LIBRARY_NAME}.so.6.1*\n")
 install(
     FILES ${PROJECT_BINARY_DIR}/package/overrides
     DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides

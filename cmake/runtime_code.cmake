@@ -19,11 +19,13 @@ target_compile_options(
               # vectors needlessly on eight registers.
               $<$<CXX_COMPILER_ID:GNU>:-frename-registers;-flive-range-shrinkage>
               $<$<CXX_COMPILER_ID:Clang>:-fno-vectorize;-fno-slp-vectorize>
-              # Callers may come with a stack on a 4-byte boundary.
-              $<$<CXX_COMPILER_ID:GNU>:-mincoming-stack-boundary=2>
-              $<$<CXX_COMPILER_ID:Clang>:-mstackrealign>
+              ${QSVG_RUNTIME_OPTIONS}
               # Half vectors are moved at any address, which the processor allows.
               -fno-sanitize=alignment)
+if(NOT QSVG_HAS_CORE_LIBRARY)
+    # Its functions are the library's own, and hidden.
+    target_compile_definitions(runtime_code INTERFACE QSVCORE_API=)
+endif()
 # Calls in place of instructions written out: kernels are long, and mostly loads and stores.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "sanitize")
     target_compile_options(
@@ -35,12 +37,8 @@ add_library(scalar_runtime_code INTERFACE)
 target_link_libraries(scalar_runtime_code INTERFACE runtime_code)
 
 # A dispatcher jumps straight to its kernels: without a procedure linkage table the linker can bind
-# the jumps inside the library, and it leaves the stack as it finds it, since no kernel trusts it.
+# the jumps inside the library.
 function(dispatches_directly)
-    set_source_files_properties(
-        ${ARGV}
-        PROPERTIES
-            COMPILE_OPTIONS
-            "-fno-plt;$<$<CXX_COMPILER_ID:GNU>:-mpreferred-stack-boundary=2>;$<$<CXX_COMPILER_ID:Clang>:-mno-stackrealign;-mstack-alignment=4>"
-    )
+    set_source_files_properties(${ARGV} PROPERTIES COMPILE_OPTIONS
+                                                   "-fno-plt;${QSVG_DISPATCHER_OPTIONS}")
 endfunction()

@@ -19,8 +19,15 @@ def _cpu():
     return dict((part.strip() for part in line.split(":", 1)) for line in lines if ":" in line)
 
 
-def _kissfft_version():
-    version = _output("dpkg-query", "--show", "--showformat=${Version}", "libkissfft-dev:i386")
+# Debian's name of each target, and what a reader is told of it.
+_TARGETS = {
+    "x86-64": ("amd64", "libqsvgen", "64-bit x86 with SSE2"),
+    "ia32": ("i386", "libqsvgent7", "32-bit x86 with SSE2"),
+}
+
+
+def _kissfft_version(architecture):
+    version = _output("dpkg-query", "--show", "--showformat=${Version}", f"libkissfft-dev:{architecture}")
     return f"KissFFT {version}" if version else "KissFFT"
 
 
@@ -31,10 +38,12 @@ def _revision():
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--target", required=True, choices=sorted(_TARGETS))
     parser.add_argument("--core", required=True)
     parser.add_argument("--quick", action="store_true")
     parser.add_argument("--command", required=True)
     arguments = parser.parse_args()
+    architecture, library, machine = _TARGETS[arguments.target]
     cpu = _cpu()
     system = platform.freedesktop_os_release().get("PRETTY_NAME", "Linux")
     print(json.dumps({
@@ -42,7 +51,9 @@ def main():
         "hypervisor": cpu.get("Hypervisor vendor", ""),
         "system": f"{system}, Linux {platform.release()} {platform.machine()}",
         "revision": _revision(),
-        "kissfft": _kissfft_version(),
+        "library": library,
+        "target": machine,
+        "kissfft": _kissfft_version(architecture),
         "date": datetime.datetime.now().astimezone().strftime("%Y-%m-%d %H:%M %Z"),
         "core": arguments.core,
         "quick": arguments.quick,

@@ -1,13 +1,22 @@
 #pragma once
 
+/** @file @brief What the kernel compiler knows of a machine. */
+
+#include <string_view>
+
 namespace kernelgen {
 
-/** What scheduling must know of the processor and its mode. */
-struct Target {
-    int vector_registers;
+/** How operations on vectors are written. */
+enum class Spelling {
+    SseIntrinsics,  ///< _mm_add_ps(a, b)
+    VectorTypes,    ///< a + b, by the vector types that GCC and Clang share
 };
 
-/** 32-bit x86 with SSE2. */
-inline constexpr Target kX86Sse2{8};
+/** A processor in one of its modes, with one set of instructions. */
+struct Target {
+    std::string_view name;  ///< of presets, and of the folders of what was found for it
+    int vector_registers;
+    Spelling spelling;
+};
 
 }  // namespace kernelgen

@@ -59,7 +59,8 @@ Section TotalOf(const std::vector<Dct4Work>& work, dct4::Element element) {
     long long sums = 0;
     long long products = 0;
     for (const Dct4Work& item : work) {
-        const kernelgen::Counts c = dct4::counts_of(dct4::described_kernel(item.key, element));
+        const kernelgen::Counts c =
+            dct4::counts_of(dct4::described_kernel(item.key, element, BuiltFor()));
         sums += static_cast<long long>(item.runs) * (c.sums + c.differences);
         products += static_cast<long long>(item.runs) * c.products;
     }
@@ -89,7 +90,7 @@ Explanation ExplainDct4(const Request& request) {
     explanation.sections.push_back(RuleOf(splits, request.length));
     for (const Dct4Work& item : work) {
         // The build has proven it, which takes a second for long ones.
-        const dct4::Kernel kernel = dct4::described_kernel(item.key, element);
+        const dct4::Kernel kernel = dct4::described_kernel(item.key, element, BuiltFor());
         explanation.sections.push_back(BodySection(kernel, item.runs));
         Section constants = Constants(kernel.graph, 8 * kernel.points());
         constants.title =

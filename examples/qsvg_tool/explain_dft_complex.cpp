@@ -114,7 +114,8 @@ Explanation ExplainDftComplex(const Request& request) {
     const auto kernel = dft_complex::proven_kernel(
         request.length,
         request.is_inverse ? dft_complex::Direction::Inverse : dft_complex::Direction::Forward,
-        request.is_double ? dft_complex::Element::Complex64 : dft_complex::Element::Complex32);
+        request.is_double ? dft_complex::Element::Complex64 : dft_complex::Element::Complex32,
+        BuiltFor());
     Section rule{"rule"};
     rule.lines.push_back({"rule", dft_complex::to_string(kernel.rule)});
     AddTree(rule, kernel.rule, 0);

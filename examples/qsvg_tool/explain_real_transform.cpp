@@ -107,13 +107,14 @@ Section CostOf(const dft_real::RealKernel& kernel) {
 
 dft_real::RealKernel KernelOf(const Request& request) {
     const auto element = request.is_double ? dft_real::Element::Real64 : dft_real::Element::Real32;
-    if (request.family == Family::kHartley) return hartley::hartley_kernel(request.length, element);
+    if (request.family == Family::kHartley)
+        return hartley::hartley_kernel(request.length, element, BuiltFor());
     constexpr dft_real::Layout kLayouts[] = {dft_real::Layout::CCS, dft_real::Layout::Pack,
                                              dft_real::Layout::Perm};
     return dft_real::dft_kernel(
         request.length,
         request.is_inverse ? dft_real::Direction::Inverse : dft_real::Direction::Forward,
-        kLayouts[static_cast<size_t>(request.layout)], element);
+        kLayouts[static_cast<size_t>(request.layout)], element, BuiltFor());
 }
 
 }  // namespace

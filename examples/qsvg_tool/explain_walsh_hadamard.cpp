@@ -93,13 +93,12 @@ Section CostOf(const Kernel& kernel) {
     std::string orders;
     int stack_accesses = 0;
     for (const walsh_hadamard::Body& body : kernel.bodies) {
-        const kernelgen::Schedule schedule = walsh_hadamard::schedule_of(body);
+        const kernelgen::Schedule schedule = walsh_hadamard::schedule_of(body, kernel.target);
         orders += (orders.empty() ? "" : ", ") + schedule.method;
         stack_accesses += schedule.traffic.stack_accesses;
     }
     section.lines.push_back({"orders", orders, "of the operations in the code, body by body"});
-    section.Add("modelled stack accesses", stack_accesses,
-                "spills and reloads with eight registers, each body once");
+    section.Add("modelled stack accesses", stack_accesses, "spills and reloads, each body once");
     if (!kernel.option.empty())
         section.lines.push_back({"option", kernel.option, "of GCC, for this kernel"});
     AddCodeSize(section, kernel.name());
@@ -111,7 +110,8 @@ Section CostOf(const Kernel& kernel) {
 Explanation ExplainWalshHadamard(const Request& request) {
     const Kernel kernel = walsh_hadamard::proven_kernel(
         std::countr_zero(static_cast<unsigned>(request.length)),
-        request.is_double ? walsh_hadamard::Element::Real64 : walsh_hadamard::Element::Real32);
+        request.is_double ? walsh_hadamard::Element::Real64 : walsh_hadamard::Element::Real32,
+        BuiltFor());
     return {kernel.name() + ": Walsh-Hadamard transform of " + std::to_string(request.length) +
                 " real points, " + Precision(request.is_double),
             {RuleOf(kernel), CountsOf(kernel), WorkOf(kernel), ScalesOf(kernel), CostOf(kernel)}};

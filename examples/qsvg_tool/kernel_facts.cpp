@@ -12,6 +12,8 @@
 #include "columns.hpp"
 #include "kernelgen/emission/emission.hpp"
 
+#include "targets/targets.hpp"
+
 namespace qsvg_tool {
 namespace {
 
@@ -131,8 +133,9 @@ Section Constants(const kernelgen::Graph& graph, int length) {
 
 void AddSchedule(Section& section, const kernelgen::Schedule& schedule) {
     section.lines.push_back({"order", schedule.method, "of the operations in the code"});
-    section.Add("modelled stack accesses", schedule.traffic.stack_accesses,
-                "spills and reloads with eight registers");
+    section.Add(
+        "modelled stack accesses", schedule.traffic.stack_accesses,
+        "spills and reloads with " + std::to_string(BuiltFor().vector_registers) + " registers");
     section.Add("modelled copies", schedule.traffic.copies,
                 "of operands that an instruction overwrites");
 }
@@ -147,6 +150,10 @@ void AddCodeSize(Section& section, const std::string& function) {
     }
     section.Add("code bytes", static_cast<int>(static_cast<const ElfW(Sym)*>(symbol)->st_size),
                 "of " + function + " in this build");
+}
+
+const kernelgen::Target& BuiltFor() {
+    return kernelgen::target_named(QSVG_TARGET);
 }
 
 std::string Precision(bool is_double) {

@@ -7,6 +7,7 @@
 #include "explanation.hpp"
 #include "kernelgen/graph/graph.hpp"
 #include "kernelgen/schedule/schedule.hpp"
+#include "targets/target.hpp"
 
 namespace qsvg_tool {
 
@@ -18,6 +19,9 @@ std::string Formula(const kernelgen::Exact& constant, int length);
 
 /** Order of the nodes, and what the register model makes of it. */
 void AddSchedule(Section& section, const kernelgen::Schedule& schedule);
+
+/** The one that this program and its library are built for. */
+const kernelgen::Target& BuiltFor();
 
 /** Bytes of an exported function in the library that this program runs with. */
 void AddCodeSize(Section& section, const std::string& function);

@@ -5,6 +5,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "kernelgen/emission/spelling.hpp"
 #include "kernelgen/schedule/order_check.hpp"
 
 namespace kernelgen {
@@ -20,8 +21,8 @@ enum class Memory { Arrays, Places };
 
 class Emitter {
   public:
-    Emitter(const Graph& graph, const std::string& rounding, Memory memory)
-        : graph_(graph), rounding_(rounding), memory_(memory) {}
+    Emitter(const Graph& graph, const Target& target, const std::string& rounding, Memory memory)
+        : graph_(graph), target_(target), rounding_(rounding), memory_(memory) {}
 
     EmittedBody run(const Order& order) {
         check_order(graph_, order);
@@ -31,26 +32,12 @@ class Emitter {
     }
 
   private:
-    static const char* type_name(Type type) {
-        switch (type) {
-            case Type::Binary32:
-                return "float";
-            case Type::Binary64:
-                return "double";
-            case Type::Binary32x4:
-                return "__m128";
-            case Type::Binary64x2:
-                return "__m128d";
-        }
-        return "";
-    }
-
     std::string statement(NodeId id) {
         const Node& n = graph_.node(id);
         if (is_store(n.op)) return store(n);
         const std::string name = "v" + std::to_string(names_.size());
-        std::string text =
-            std::string("const ") + type_name(n.type) + " " + name + " = " + expression(n) + ";";
+        const std::string text =
+            "const " + type_name(n.type, target_) + " " + name + " = " + expression(n) + ";";
         names_[id] = name;
         return text;
     }
@@ -94,18 +81,21 @@ class Emitter {
             case Op::LoadHigh:
                 return "load_high(" + operand(n.a) + ", " + place + ")";
             case Op::LoadScalar:
-                return "_mm_load_ss(" + place + ")";
+                return scalar_load(place, target_);
             case Op::Add:
-                return binary(n, "+", "add");
             case Op::Sub:
-                return binary(n, "-", "sub");
             case Op::Mul:
-                return binary(n, "*", "mul");
-            case Op::Flip:
-                return std::string("_mm_xor_") + suffix(n.type) + "(" + operand(n.a) + ", " +
-                       sign_mask(n) + ")";
-            case Op::Shuffle:
-                return shuffle(n);
+            case Op::Shuffle: {
+                // One after the other, since constants are numbered where they are first named.
+                const std::string a = operand(n.a);
+                const std::string b = operand(n.b);
+                return n.op == Op::Shuffle ? shuffled(n, a, b, target_)
+                                           : arithmetic(n, a, b, target_);
+            }
+            case Op::Flip: {
+                const std::string a = operand(n.a);
+                return flipped(n, a, sign_mask(n), target_);
+            }
             case Op::Widen:
                 return "static_cast<double>(" + operand(n.a) + ")";
             case Op::Round:
@@ -115,46 +105,12 @@ class Emitter {
         }
     }
 
-    static const char* suffix(Type type) { return type == Type::Binary32x4 ? "ps" : "pd"; }
-
-    std::string binary(const Node& n, const char* sign, const char* word) {
-        if (lane_count(n.type) == 1) return operand(n.a) + " " + sign + " " + operand(n.b);
-        return std::string("_mm_") + word + "_" + suffix(n.type) + "(" + operand(n.a) + ", " +
-               operand(n.b) + ")";
-    }
-
-    std::string shuffle(const Node& n) {
-        const std::string a = operand(n.a);
-        const std::string b = operand(n.b);
-        const Selection& s = n.selection;
-        const std::logic_error no_instruction("no instruction picks these lanes");
-        if (n.type == Type::Binary64x2) {
-            if (s[0] > 1 || (s[1] < 2 && n.a != n.b)) throw no_instruction;
-            return "_mm_shuffle_pd(" + a + ", " + b + ", " + std::to_string(s[0] + 2 * (s[1] % 2)) +
-                   ")";
-        }
-        const auto is = [&](std::uint8_t i, std::uint8_t j, std::uint8_t k, std::uint8_t l) {
-            return s == Selection{i, j, k, l};
-        };
-        const std::string pair = "(" + a + ", " + b + ")";
-        if (is(4, 1, 2, 3)) return "_mm_move_ss" + pair;
-        if (is(4, 5, 2, 3)) return "move_low" + pair;
-        if (is(0, 4, 1, 5)) return "_mm_unpacklo_ps" + pair;
-        if (is(2, 6, 3, 7)) return "_mm_unpackhi_ps" + pair;
-        if (is(0, 1, 4, 5)) return "_mm_movelh_ps" + pair;
-        if (is(2, 3, 6, 7)) return "_mm_movehl_ps(" + b + ", " + a + ")";
-        if (s[0] > 3 || s[1] > 3 || s[2] < 4 || s[3] < 4) throw no_instruction;
-        return "_mm_shuffle_ps(" + a + ", " + b + ", _MM_SHUFFLE(" + std::to_string(s[3] - 4) +
-               ", " + std::to_string(s[2] - 4) + ", " + std::to_string(s[1]) + ", " +
-               std::to_string(s[0]) + "))";
-    }
-
     std::string operand(NodeId id) {
         const Node& n = graph_.node(id);
         if (n.op == Op::Scale) return "scale";
         if (n.op == Op::Zero && lane_count(n.type) == 1)
             return is_binary32(n.type) ? literal(0.0F) : literal(0.0);
-        if (n.op == Op::Zero) return std::string("_mm_setzero_") + suffix(n.type) + "()";
+        if (n.op == Op::Zero) return zero(n.type, target_);
         if (n.op == Op::Constant) return constant(n);
         return names_.at(id);
     }
@@ -191,8 +147,7 @@ class Emitter {
         vector_type_ = type;
         auto [entry, fresh] = vectors_.try_emplace(values, vectors_.size());
         if (fresh) order_of_vectors_.push_back(values);
-        return std::string("_mm_load_") + suffix(type) + "(kConstants[" +
-               std::to_string(entry->second) + "])";
+        return aligned_load(type, target_) + "(kConstants[" + std::to_string(entry->second) + "])";
     }
 
     std::string definitions() const {
@@ -205,6 +160,7 @@ class Emitter {
     }
 
     const Graph& graph_;
+    const Target& target_;
     const std::string& rounding_;
     const Memory memory_;
     std::map<NodeId, std::string> names_;
@@ -215,13 +171,14 @@ class Emitter {
 
 }  // namespace
 
-EmittedBody emit(const Graph& graph, const Order& order, const std::string& rounding) {
-    return Emitter(graph, rounding, Memory::Arrays).run(order);
+EmittedBody emit(const Graph& graph, const Order& order, const Target& target,
+                 const std::string& rounding) {
+    return Emitter(graph, target, rounding, Memory::Arrays).run(order);
 }
 
-EmittedBody emit_between_places(const Graph& graph, const Order& order) {
+EmittedBody emit_between_places(const Graph& graph, const Order& order, const Target& target) {
     const std::string no_conversions;
-    return Emitter(graph, no_conversions, Memory::Places).run(order);
+    return Emitter(graph, target, no_conversions, Memory::Places).run(order);
 }
 
 std::string literal(float value) {

@@ -2,7 +2,7 @@
 
 /**
  * @file
- * @brief Writes a scheduled graph as C++ statements with SSE2 intrinsics.
+ * @brief Writes a scheduled graph as C++ statements in the words of a target.
  *
  * The statements stand in a function template over the memory access (`Memory::load`,
  * `Memory::store` for whole vectors), with the arrays `x` and `y` of real elements and the factor
@@ -26,14 +26,14 @@ struct EmittedBody {
 };
 
 /** `rounding` converts a binary64 value to binary32. */
-EmittedBody emit(const Graph& graph, const Order& order,
+EmittedBody emit(const Graph& graph, const Order& order, const Target& target,
                  const std::string& rounding = "static_cast<float>");
 
 /**
  * The same for a graph of whole vectors whose places the surrounding loop knows: the vector at
  * offset i times the lanes is `x.load(i)`, and `y.store(i, value)` stores one.
  */
-EmittedBody emit_between_places(const Graph& graph, const Order& order);
+EmittedBody emit_between_places(const Graph& graph, const Order& order, const Target& target);
 
 /** A literal that reads back as exactly this value: 0x1.bb67aep-1f, 0x1.bb67ae8584caap-1. */
 std::string literal(float value);

@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "targets/targets.hpp"
+
 namespace kernelgen {
 
 void write_if_changed(const std::filesystem::path& path, const std::string& text) {
@@ -32,25 +34,31 @@ std::string hash_of(const std::string& text) {
 
 int describe(int argc, char** argv, const Describer& describer) {
     const std::vector<std::string> words(argv + 1, argv + argc);
-    const bool manifest = words.size() == 2 && words[0] == "--manifest";
+    const bool manifest = words.size() == 3 && words[1] == "--manifest";
     std::vector<std::string> parts = describer.parts;
-    if (!manifest && words.size() > 1) parts.assign(words.begin() + 1, words.end());
+    if (!manifest && words.size() > 2) parts.assign(words.begin() + 2, words.end());
     const bool known = std::all_of(parts.begin(), parts.end(), [&](const std::string& part) {
         return std::count(describer.parts.begin(), describer.parts.end(), part) > 0;
     });
-    if (words.empty() || !known || (!manifest && words[0].starts_with('-'))) {
-        std::fprintf(stderr, "usage: %s FOLDER [PART...] | --manifest FILE\nparts:", argv[0]);
+    const auto is_option = [](const std::string& word) { return word.starts_with('-'); };
+    if (words.size() < 2 || !known || (!manifest && (is_option(words[0]) || is_option(words[1])))) {
+        std::fprintf(stderr, "usage: %s TARGET FOLDER [PART...] | TARGET --manifest FILE\ntargets:",
+                     argv[0]);
+        for (const Target& target : kTargets)
+            std::fprintf(stderr, " %s", std::string(target.name).c_str());
+        std::fprintf(stderr, "\nparts:");
         for (const std::string& part : describer.parts) std::fprintf(stderr, " %s", part.c_str());
         std::fprintf(stderr, "\n");
         return 2;
     }
     try {
+        const Target& target = target_named(words[0]);
         if (manifest) {
-            describer.write_manifest(words[1]);
+            describer.write_manifest(target, words[2]);
             return 0;
         }
-        std::filesystem::create_directories(words[0]);
-        for (const std::string& part : parts) describer.write_sources(words[0], part);
+        std::filesystem::create_directories(words[1]);
+        for (const std::string& part : parts) describer.write_sources(target, words[1], part);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
         return 1;

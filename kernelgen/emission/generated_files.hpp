@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "targets/target.hpp"
+
 namespace kernelgen {
 
 /** Writes `text`. An unchanged file keeps its time, so that only changed kernels are compiled
@@ -21,13 +23,14 @@ std::string hash_of(const std::string& text);
 /** What describes one family of kernels, in parts that a build may run side by side. */
 struct Describer {
     std::vector<std::string> parts;
-    void (*write_sources)(const std::filesystem::path& folder, const std::string& part);
-    void (*write_manifest)(const std::filesystem::path& file);
+    void (*write_sources)(const Target& target, const std::filesystem::path& folder,
+                          const std::string& part);
+    void (*write_manifest)(const Target& target, const std::filesystem::path& file);
 };
 
-/** The program "FOLDER [PART...] | --manifest FILE": writes the sources of the parts, of all where
- * none is named, or the manifest. The folder is made where it is missing. Returns its exit status.
- */
+/** The program "TARGET FOLDER [PART...] | TARGET --manifest FILE": writes the target's sources of
+ * the parts, of all where none is named, or its manifest. The folder is made where it is missing.
+ * Returns its exit status. */
 int describe(int argc, char** argv, const Describer& describer);
 
 }  // namespace kernelgen

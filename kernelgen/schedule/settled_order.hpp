@@ -3,8 +3,8 @@
 /** @file @brief Orders of the nodes of bodies that were settled by the clock, by the body's name.
  */
 
+#include <span>
 #include <string>
-#include <vector>
 
 #include "kernelgen/schedule/schedule.hpp"
 
@@ -21,7 +21,7 @@ struct SettledBody {
     SettledOrder order;
 };
 
-inline SettledOrder settled_order(const std::vector<SettledBody>& table, const std::string& name) {
+inline SettledOrder settled_order(std::span<const SettledBody> table, const std::string& name) {
     for (const SettledBody& body : table) {
         if (body.name == name) return body.order;
     }

@@ -9,6 +9,9 @@
 
 namespace core {
 
+using Float4 = float __attribute__((vector_size(16)));
+using Double2 = double __attribute__((vector_size(16)));
+
 /** Whole vectors on 16-byte boundaries. */
 struct Aligned {
     static __m128 load(const float* p) { return _mm_load_ps(p); }
@@ -68,6 +71,19 @@ inline void store_low(float* p, __m128 v) {
 
 inline void store_high(float* p, __m128 v) {
     *reinterpret_cast<TwoFloats*>(p) = _mm_castps_pd(v)[1];
+}
+
+/** The first lane from memory, zeros above. */
+inline Float4 load_scalar(const float* p) {
+    return _mm_load_ss(p);
+}
+
+/** `v` with the signs changed where `mask`, a vector of zeros, has one. */
+inline Float4 flipped(Float4 v, Float4 mask) {
+    return _mm_xor_ps(v, mask);
+}
+inline Double2 flipped(Double2 v, Double2 mask) {
+    return _mm_xor_pd(v, mask);
 }
 
 /** Low half of `b`, high half of `a`. */

@@ -17,10 +17,6 @@ namespace dct4::QSVG_ELEMENT {
 
 namespace {
 
-/** The longest power of two whose plan takes less than 2^31 bytes, and one. Of longer lengths, not
- * even the strides are sure to have 32 bits. */
-constexpr std::int32_t kLongestLength = (1 << (sizeof(Real) == 4 ? 26 : 25)) + 1;
-
 /** Enters a child that `children` owns into the list of the stage that runs it. */
 void add_child(EnvList* children, EnvList* stage, EnvObject* child) {
     EnvList_add(stage, EnvList_add(children, child));
@@ -100,17 +96,17 @@ QsvStatus DCT4(env1_plan)(EnvObject* object) {
     auto* const node = static_cast<env1*>(object);
     node->rule = DCT4(env1__chooseRule)(node->length);
     node->scratch = nullptr;
-    if (node->length > kLongestLength) return qsvStatusBadLength;
+    if (node->length > kLongestPowerOfTwo + 1) return qsvStatusBadLength;
     return node->rule == 6 ? split_root(node) : qsvStatusOk;
 }
 
 QsvStatus DCT4(env2_plan)(EnvObject* object) {
     auto* const node = static_cast<env2*>(object);
-    node->valid = node->blocks % kLanes == 0 ? 1 : 0;
+    node->valid = node->blocks % kPlanLanes == 0 ? 1 : 0;
     if (node->valid != 1) return qsvStatusBadLength;
 
     Arena* const arena = node->arena;
-    const std::int32_t blocks = node->blocks / kLanes;
+    const std::int32_t blocks = node->blocks / kPlanLanes;
     auto* const rotations = allocate<env4>(arena);
     auto* const split = allocate<envfsplit>(arena);
     *split = {{{DCT4(envfsplit___del__), sizeof(envfsplit)}, DCT4(envfsplit_at), arena},
@@ -126,7 +122,7 @@ QsvStatus DCT4(env2_plan)(EnvObject* object) {
     static_cast<env4_parameters&>(*rotations) = {.factor = node->factor,
                                                  .length = node->length,
                                                  .twoFactor = node->twoFactor,
-                                                 .span = node->twoFactor * kLanes,
+                                                 .span = node->twoFactor * kPlanLanes,
                                                  .blocks = blocks,
                                                  .length2 = node->length2,
                                                  .lastIndex = node->lastIndex,
@@ -140,12 +136,12 @@ QsvStatus DCT4(env2_plan)(EnvObject* object) {
 
 QsvStatus DCT4(env3_plan)(EnvObject* object) {
     auto* const node = static_cast<env3*>(object);
-    node->valid = node->inner % kLanes == 0 ? 1 : 0;
+    node->valid = node->inner % kPlanLanes == 0 ? 1 : 0;
     if (node->valid != 1) return qsvStatusBadLength;
 
     auto* const analyses = allocate<env5>(node->arena);
     env5_parameters parameters = *node;
-    parameters.inner /= kLanes;
+    parameters.inner /= kPlanLanes;
     DCT4(env5___init__)(analyses, node->arena, parameters);
     add_child(node->children, node->stage, analyses);
     if (plan_only_child(node->stage, DCT4(env5_plan)) != qsvStatusOk) return qsvStatusBadLength;

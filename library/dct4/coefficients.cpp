@@ -33,7 +33,7 @@ Real DCT4(envlambda_at)(const CoefficientObject* object, std::int32_t i, std::in
 Real DCT4(envfsplit_at)(const CoefficientObject* object, std::int32_t i, std::int32_t j,
                         std::int32_t k) {
     const CoefficientObject* const inner = static_cast<const envfsplit*>(object)->inner;
-    return inner->at(inner, (Wrapping(i) * kLanes + j).value(), k, 0);
+    return inner->at(inner, (Wrapping(i) * kPlanLanes + j).value(), k, 0);
 }
 
 Real DCT4(envfCompose_at)(const CoefficientObject* object, std::int32_t r, std::int32_t k,

@@ -9,10 +9,9 @@
  * element in its name: DCT4(env1_plan) is owngDCT4_32fw7_env1_plan or owngDCT4_64fw7_env1_plan.
  */
 
-#include <emmintrin.h>
-
 #include <cstdint>
 
+#include "core/vector_access.hpp"
 #include "qsvgen.h"
 
 #if QSVG_REAL_BITS == 32
@@ -83,5 +82,9 @@ inline Vector reversed(Vector v) {
 
 /** Lanes of a vector: adjacent columns or blocks, each a transform of its own. */
 constexpr std::int32_t kLanes = sizeof(Vector) / sizeof(Real);
+
+/** Lanes of the vectors that plans are made for, in the order of their tables and in what they
+ * refuse: of every machine the same, whatever its own vectors are. */
+constexpr std::int32_t kPlanLanes = 16 / sizeof(Real);
 
 }  // namespace dct4::QSVG_ELEMENT

@@ -7,14 +7,24 @@
 
 namespace {
 
+/** Whether no plan of that length is so much as begun. The 32-bit library leaves it to the sums of
+ * what a plan takes, whose answers callers know: they also tell a size for lengths that are of no
+ * use, a power of two and one, and where the sum has wrapped around. */
+constexpr bool is_refused_by_length(std::int32_t length) {
+    const bool is_power_of_two = length > 1 && (length & (length - 1)) == 0;
+    return sizeof(void*) > 4 &&
+           (!is_power_of_two || length > dct4::QSVG_ELEMENT::kLongestPowerOfTwo);
+}
+
 using namespace dct4::QSVG_ELEMENT;
 
 /** Where the first block goes: behind the bump pointer and some reserve, on a 32-byte boundary. The
  *  remainder is that of the address as a signed number, so that it is negative in the upper half of
- *  the address space and the reserve longer there. */
-std::uint32_t arena_start(const Arena* arena) {
-    const auto head = reinterpret_cast<std::uint32_t>(arena);
-    return head + 64U - static_cast<std::uint32_t>(static_cast<std::int32_t>(head) % 32);
+ *  the address space and the reserve longer there: half of it is a 32-bit program's, none of it is
+ * a 64-bit one's. */
+std::uintptr_t arena_start(const Arena* arena) {
+    const auto head = reinterpret_cast<std::uintptr_t>(arena);
+    return head + 64U - static_cast<std::uintptr_t>(static_cast<std::intptr_t>(head) % 32);
 }
 
 }  // namespace
@@ -22,6 +32,7 @@ std::uint32_t arena_start(const Arena* arena) {
 extern "C" {
 
 QsvStatus EXPORTED(DCT4GetSize)(std::int32_t length, std::int32_t* size) {
+    if (is_refused_by_length(length)) return qsvStatusBadLength;
     const std::int32_t need = DCT4(env1_mem)(length);
     if (need < 0) return qsvStatusBadLength;
     const auto reserve = static_cast<std::int32_t>(2 * qsvgAlignSize32Bytes(1));
@@ -31,6 +42,7 @@ QsvStatus EXPORTED(DCT4GetSize)(std::int32_t length, std::int32_t* size) {
 
 QsvStatus EXPORTED(DCT4Init)(Plan** plan, std::int32_t length, std::uint8_t* buffer) {
     if (plan == nullptr || buffer == nullptr) return qsvStatusNullPointer;
+    if (is_refused_by_length(length)) return qsvStatusBadLength;
     auto* const arena = reinterpret_cast<Arena*>(buffer);
     arena->bump = arena_start(arena);
     env1* const root = DCT4(env1___init__)(allocate<env1>(arena), arena, length);

@@ -53,10 +53,10 @@ std::int32_t DCT4(env1_mem)(std::int32_t length) {
 }
 
 std::int32_t DCT4(env2_mem)(std::int32_t factor, std::int32_t blocks) {
-    if (blocks % kLanes != 0) return qsvStatusBadLength;
+    if (blocks % kPlanLanes != 0) return qsvStatusBadLength;
     if (DCT4(env4__chooseRule)(factor) == 0) return qsvStatusBadLength;
-    const Wrapping env4_need =
-        aligned(sizeof(env4)) + list_heads(1) + aligned(env4_table_bytes(factor, blocks / kLanes));
+    const Wrapping env4_need = aligned(sizeof(env4)) + list_heads(1) +
+                               aligned(env4_table_bytes(factor, blocks / kPlanLanes));
     return (aligned(sizeof(env2)) + list_heads(2) + aligned(sizeof(envfsplit)) + env4_need +
             adds(3))
         .value();
@@ -64,7 +64,7 @@ std::int32_t DCT4(env2_mem)(std::int32_t factor, std::int32_t blocks) {
 
 std::int32_t DCT4(env3_mem)(std::int32_t sub_length, std::int32_t factor,
                             std::int32_t scratch_length) {
-    if (factor % kLanes != 0) return qsvStatusBadLength;
+    if (factor % kPlanLanes != 0) return qsvStatusBadLength;
     const std::int32_t analyses = DCT4(env5_mem)(sub_length, scratch_length);
     if (analyses < 0) return analyses;
     return (aligned(sizeof(env3)) + list_heads(2) + adds(2) + analyses).value();

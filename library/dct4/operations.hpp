@@ -10,6 +10,10 @@
 #include "dct4/records.hpp"
 
 namespace dct4::QSVG_ELEMENT {
+
+/** The longest power of two whose plan takes less than 2^31 bytes. Of lengths beyond the next one,
+ * not even the strides are sure to have 32 bits. */
+constexpr std::int32_t kLongestPowerOfTwo = 1 << (sizeof(Real) == 4 ? 26 : 25);
 extern "C" {
 
 // Constructors return the object, already in its final place in the arena.

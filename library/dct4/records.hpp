@@ -15,28 +15,32 @@
 
 namespace dct4::QSVG_ELEMENT {
 
-static_assert(sizeof(void*) == 4, "the sizes of the records rest on 32-bit pointers");
+/** The size of a record: plans of one length have one size, with pointers of 4 bytes or of 8. */
+constexpr std::size_t bytes_by_pointer(std::size_t of_4, std::size_t of_8) {
+    static_assert(sizeof(void*) == 4 || sizeof(void*) == 8);
+    return sizeof(void*) == 4 ? of_4 : of_8;
+}
 
 /** Head of the nodes. */
 struct PlanObject : EnvObject {
     QsvStatus (*plan)(EnvObject* object);
     Arena* arena;
 };
-static_assert(sizeof(PlanObject) == 16);
+static_assert(sizeof(PlanObject) == bytes_by_pointer(16, 32));
 
 /** Head of the coefficient objects: functions of up to three indices. */
 struct CoefficientObject : EnvObject {
     Real (*at)(const CoefficientObject* object, std::int32_t i, std::int32_t j, std::int32_t k);
     Arena* arena;
 };
-static_assert(sizeof(CoefficientObject) == 16);
+static_assert(sizeof(CoefficientObject) == bytes_by_pointer(16, 32));
 
 /** The angle (i + 1/2) / (numerator / denominator) of block i, as a multiple of pi. */
 struct envlambda : CoefficientObject {
     std::int32_t numerator;
     std::int32_t denominator;
 };
-static_assert(sizeof(envlambda) == 24);
+static_assert(sizeof(envlambda) == bytes_by_pointer(24, 40));
 
 /** Another object's rows, by a group of rows and the lane of one of them. */
 struct envfsplit : CoefficientObject {
@@ -44,7 +48,7 @@ struct envfsplit : CoefficientObject {
     std::int32_t rowBlocks;
     const CoefficientObject* inner;
 };
-static_assert(sizeof(envfsplit) == 28);
+static_assert(sizeof(envfsplit) == bytes_by_pointer(28, 48));
 
 struct envfCompose_parameters {
     std::int32_t columns;
@@ -56,7 +60,7 @@ struct envfCompose_parameters {
 
 /** Cosines and sines of the rotations, in even and odd columns. */
 struct envfCompose : CoefficientObject, envfCompose_parameters {};
-static_assert(sizeof(envfCompose) == 36);
+static_assert(sizeof(envfCompose) == bytes_by_pointer(36, 56));
 
 /** The root. */
 struct env1 : PlanObject {
@@ -68,7 +72,7 @@ struct env1 : PlanObject {
     std::int32_t factor; /**< a, not set in a leaf */
     std::int32_t length; /**< N */
 };
-static_assert(sizeof(env1) == 44);
+static_assert(sizeof(env1) == bytes_by_pointer(44, 80));
 
 /** Head of the owners of the two stages. */
 struct StageObject : PlanObject {
@@ -106,7 +110,7 @@ struct env2_parameters {
 
 /** Owner of stage B; valid if blocks is a multiple of the lanes. */
 struct env2 : StageObject, env2_parameters {};
-static_assert(sizeof(env2) == 64);
+static_assert(sizeof(env2) == bytes_by_pointer(64, 96));
 
 struct env3_parameters {
     std::int32_t subLength; /**< N/a */
@@ -120,7 +124,7 @@ struct env3_parameters {
 
 /** Owner of stage A; valid if inner is a multiple of the lanes. */
 struct env3 : StageObject, env3_parameters {};
-static_assert(sizeof(env3) == 60);
+static_assert(sizeof(env3) == bytes_by_pointer(60, 88));
 
 struct env4_parameters {
     std::int32_t factor;    /**< a */
@@ -136,13 +140,13 @@ struct env4_parameters {
 
 /** Stage B: rotations, then syntheses of 2a points. */
 struct env4 : TableObject, env4_parameters {};
-static_assert(sizeof(env4) == 64);
+static_assert(sizeof(env4) == bytes_by_pointer(64, 96));
 
 using env5_parameters = env3_parameters;
 
 /** Stage A: analyses of N/a points, straight or by env7. */
 struct env5 : AnalysesObject, env5_parameters {};
-static_assert(sizeof(env5) == 60);
+static_assert(sizeof(env5) == bytes_by_pointer(60, 88));
 
 struct env7_parameters {
     std::int32_t subLength; /**< n */
@@ -168,7 +172,7 @@ struct env7 : PlanObject {
     std::int32_t scratchLength; /**< N */
     std::int32_t step;
 };
-static_assert(sizeof(env7) == 64);
+static_assert(sizeof(env7) == bytes_by_pointer(64, 96));
 
 struct env8_parameters {
     std::int32_t factor; /**< f */
@@ -186,7 +190,7 @@ struct env8_parameters {
 
 /** Twiddle factors and complex DFTs of f points behind the analyses of n/f points. */
 struct env8 : TableObject, env8_parameters {};
-static_assert(sizeof(env8) == 72);
+static_assert(sizeof(env8) == bytes_by_pointer(72, 104));
 
 struct env9_parameters {
     std::int32_t subLength; /**< n/f */
@@ -202,6 +206,6 @@ struct env9_parameters {
 
 /** The analyses of n/f points, straight or by another env7. */
 struct env9 : AnalysesObject, env9_parameters {};
-static_assert(sizeof(env9) == 68);
+static_assert(sizeof(env9) == bytes_by_pointer(68, 96));
 
 }  // namespace dct4::QSVG_ELEMENT

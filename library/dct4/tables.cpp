@@ -11,7 +11,8 @@ using plan::Wrapping;
 
 namespace {
 
-constexpr std::int32_t kSlotBytes = sizeof(Vector);
+constexpr std::int32_t kSlotBytes = kPlanLanes * sizeof(Real);
+static_assert(kPlanLanes == kLanes, "slots are written as vectors");
 
 /** Appends whole vectors to a table, as its reader takes them. */
 class SlotWriter {

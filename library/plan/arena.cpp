@@ -7,7 +7,7 @@ std::uint32_t qsvgAlignSize32Bytes(std::uint32_t size) {
 }
 
 void* qsvgArenaMalloc(Arena* arena, std::uint32_t size) {
-    const std::uint32_t block = arena->bump;
+    const std::uintptr_t block = arena->bump;
     arena->bump = block + qsvgAlignSize32Bytes(size);
     return reinterpret_cast<void*>(block);
 }

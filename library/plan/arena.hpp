@@ -10,7 +10,7 @@
 
 /** First word of a buffer. Packed, since a buffer may begin at any address. */
 struct [[gnu::packed]] Arena {
-    std::uint32_t bump; /**< address of the next free byte */
+    std::uintptr_t bump; /**< address of the next free byte */
 };
 
 extern "C" {

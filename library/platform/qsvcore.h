@@ -2,8 +2,9 @@
  * @file qsvcore.h
  * @brief Memory of the platform core library, for C and C++.
  *
- * An open stand-in: it has the name and the calls of the library that is present on the target
- * systems, so that everything here can be built and tested without that one.
+ * An open stand-in: it has the name and the calls of the library that is present on the 32-bit
+ * target systems, so that everything here can be built and tested without that one. For other
+ * targets it is a part of the transforms' own library, and hidden in it.
  */
 #ifndef QSVCORE_H
 #define QSVCORE_H
@@ -14,7 +15,8 @@
 extern "C" {
 #endif
 
-#if defined(__GNUC__)
+#if defined(QSVCORE_API)
+#elif defined(__GNUC__)
 #define QSVCORE_API __attribute__((visibility("default")))
 #else
 #define QSVCORE_API

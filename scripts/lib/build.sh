@@ -15,3 +15,19 @@ build_target() {
         return 1
     fi
 }
+
+# The target that the machine's own programs are of.
+native_target() {
+    case $(dpkg --print-architecture 2>/dev/null || uname --machine) in
+        i386 | i[3-6]86) echo ia32 ;;
+        *) echo x86-64 ;;
+    esac
+}
+
+# library_of PRESET: the library that it has built.
+library_of() {
+    case $1 in
+        ia32-*) echo "build/$1/lib/libqsvgent7.so.6.1" ;;
+        *) echo "build/$1/lib/libqsvgen.so.6.1" ;;
+    esac
+}

@@ -19,7 +19,8 @@ using dft_complex::Signal;
 Kernel kernel_by_definition(int length, Direction direction, Element element) {
     Network net;
     const Signal y = extending::by_definition(net, net.input(length));
-    Kernel kernel{length, direction, element, dft_complex::small(length), {}};
+    Kernel kernel{kernelgen::kReference,      length, direction, element,
+                  dft_complex::small(length), {}};
     if (element == Element::Complex64)
         kernel.graph = lay_out_by_elements(net, y, direction);
     else
@@ -52,17 +53,19 @@ TEST(AFamilyThatIsAdded, IsProvenAndWritten) {
     const extending::Graph graph = extending::haar_of_four();
     ASSERT_NO_THROW(
         kernelgen::prove("Haar transform of 4 points", graph, 4, 4, extending::haar_matrix));
-    const kernelgen::Schedule schedule = kernelgen::schedule(graph, kernelgen::kX86Sse2);
-    const std::string statements = kernelgen::emit(graph, schedule.order).statements;
+    const kernelgen::Schedule schedule = kernelgen::schedule(graph, kernelgen::kReference);
+    const std::string statements =
+        kernelgen::emit(graph, schedule.order, kernelgen::kReference).statements;
     for (const char* store : {"y[0] = ", "y[1] = ", "y[2] = ", "y[3] = "})
         EXPECT_NE(statements.find(store), std::string::npos) << store << "\n" << statements;
 }
 
 TEST(ATargetThatIsAdded, IsScheduledForItsOwnRegisters) {
     const Kernel kernel = dft_complex::proven_kernel(32, Direction::Forward, Element::Complex32);
-    constexpr kernelgen::Target kSixteenRegisters{16};
-    EXPECT_LT(kernelgen::schedule(kernel.graph, kSixteenRegisters).traffic.stack_accesses,
-              kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2).traffic.stack_accesses);
+    constexpr kernelgen::Target kThirtyTwoRegisters{
+        .name = "added", .vector_registers = 32, .spelling = kernelgen::Spelling::VectorTypes};
+    EXPECT_LT(kernelgen::schedule(kernel.graph, kThirtyTwoRegisters).traffic.stack_accesses,
+              kernelgen::schedule(kernel.graph, kernelgen::kReference).traffic.stack_accesses);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <random>
 #include <stdexcept>
 
+#include "targets/targets.hpp"
 #include "tests/kernelgen/support/random_graph.hpp"
 
 namespace {
@@ -70,7 +71,7 @@ TEST(Emission, LiteralsOfBinary64ReadBackExactly) {
 }
 
 std::string statements(const Graph& g) {
-    return kernelgen::emit(g, kernelgen::source_order(g)).statements;
+    return kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32).statements;
 }
 
 TEST(Emission, ASumOfVectorsIsWrittenStatementByStatement) {
@@ -137,7 +138,7 @@ TEST(Emission, ConstantPairsAreDefinedOnceWithBothTheirLanes) {
     const kernelgen::Lanes lanes = {Exact::rational(1, 2), Exact::rational(-3)};
     g.store(g.mul(x, lanes), 0);
     g.store(g.mul(g.flip(x, {0, 1}), lanes), 2);
-    const auto body = kernelgen::emit(g, kernelgen::source_order(g));
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32);
     EXPECT_EQ(body.constants,
               "alignas(16) constexpr double kConstants[][2] = {\n"
               "    {0x1p-1, -0x1.8p+1},\n"
@@ -156,7 +157,7 @@ TEST(Emission, ConstantPairsKeepTheBitsOfBinary64) {
     Graph g;
     const Exact third = Exact::rational(1, 3);
     g.store(g.mul(g.load(kPair, 0), {third, third}), 0);
-    EXPECT_NE(kernelgen::emit(g, kernelgen::source_order(g))
+    EXPECT_NE(kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32)
                   .constants.find("{" + literal(1.0 / 3) + ", " + literal(1.0 / 3) + "}"),
               std::string::npos);
 }
@@ -209,7 +210,7 @@ TEST(Emission, ConstantVectorsAreDefinedOnceWithAllTheirLanes) {
     const kernelgen::Lanes lanes = {half, -half, Exact::rational(3), Exact::rational(0)};
     g.store(g.mul(x, lanes), 0);
     g.store(g.mul(g.flip(x, {0, 1, 0, 1}), lanes), 4);
-    const auto body = kernelgen::emit(g, kernelgen::source_order(g));
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32);
     EXPECT_EQ(body.constants,
               "alignas(16) constexpr float kConstants[][4] = {\n"
               "    {0x1p-1f, -0x1p-1f, 0x1.8p+1f, 0x0p+0f},\n"
@@ -227,7 +228,7 @@ TEST(Emission, ConstantVectorsAreDefinedOnceWithAllTheirLanes) {
 TEST(Emission, AKernelWithoutConstantVectorsDefinesNone) {
     Graph g;
     g.store(g.load(kVector, 0), 0);
-    EXPECT_EQ(kernelgen::emit(g, kernelgen::source_order(g)).constants, "");
+    EXPECT_EQ(kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32).constants, "");
 }
 
 TEST(Emission, EachStatementNamesAFreshValue) {
@@ -335,7 +336,8 @@ TEST(Emission, BetweenPlacesALoadAndAStoreNameTheVectorsNumber) {
     const Ref x = g.load(kVector, 8);
     const Ref y = g.load(kVector, 4);
     g.store(g.add(x, y), 12);
-    const auto body = kernelgen::emit_between_places(g, kernelgen::source_order(g));
+    const auto body =
+        kernelgen::emit_between_places(g, kernelgen::source_order(g), kernelgen::kIa32);
     EXPECT_EQ(body.statements,
               "    const __m128 v0 = x.load(2);\n"
               "    const __m128 v1 = x.load(1);\n"
@@ -343,20 +345,24 @@ TEST(Emission, BetweenPlacesALoadAndAStoreNameTheVectorsNumber) {
               "    y.store(3, v2);\n");
     Graph pairs;
     pairs.store(pairs.load(kPair, 6), 2);
-    EXPECT_EQ(kernelgen::emit_between_places(pairs, kernelgen::source_order(pairs)).statements,
-              "    const __m128d v0 = x.load(3);\n"
-              "    y.store(1, v0);\n");
+    EXPECT_EQ(
+        kernelgen::emit_between_places(pairs, kernelgen::source_order(pairs), kernelgen::kIa32)
+            .statements,
+        "    const __m128d v0 = x.load(3);\n"
+        "    y.store(1, v0);\n");
 }
 
 TEST(Emission, OnlyWholeVectorsHavePlaces) {
     Graph half;
     half.store_low(half.load(kVector, 0), 0);
-    EXPECT_THROW(kernelgen::emit_between_places(half, kernelgen::source_order(half)),
-                 std::logic_error);
+    EXPECT_THROW(
+        kernelgen::emit_between_places(half, kernelgen::source_order(half), kernelgen::kIa32),
+        std::logic_error);
     Graph scalar;
     scalar.store(scalar.load(Type::Binary32, 0), 0);
-    EXPECT_THROW(kernelgen::emit_between_places(scalar, kernelgen::source_order(scalar)),
-                 std::logic_error);
+    EXPECT_THROW(
+        kernelgen::emit_between_places(scalar, kernelgen::source_order(scalar), kernelgen::kIa32),
+        std::logic_error);
 }
 
 TEST(Emission, ConstantVectorsOfTwoTypesAreRefused) {
@@ -364,7 +370,8 @@ TEST(Emission, ConstantVectorsOfTwoTypesAreRefused) {
     const Exact c = Exact::cosine(1, 5);
     g.store(g.mul(g.load(Type::Binary32x4, 0), Lanes(4, c)), 0);
     g.store(g.mul(g.load(Type::Binary64x2, 8), Lanes(2, c)), 8);
-    EXPECT_THROW(kernelgen::emit(g, kernelgen::source_order(g)), std::logic_error);
+    EXPECT_THROW(kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32),
+                 std::logic_error);
 }
 
 }  // namespace

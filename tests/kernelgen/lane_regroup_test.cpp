@@ -9,6 +9,7 @@
 #include "kernelgen/emission/emission.hpp"
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/proof/bit_interpreter.hpp"
+#include "targets/targets.hpp"
 
 namespace {
 
@@ -176,7 +177,8 @@ TEST(LaneRegroup, EveryShuffleOfRandomVectorsIsOneInstruction) {
     for (std::uint32_t seed = 1; seed <= 2000; ++seed) {
         Regrouping r = random_regrouping(seed);
         r.run();
-        ASSERT_NO_THROW(kernelgen::emit(r.graph(), kernelgen::source_order(r.graph())))
+        ASSERT_NO_THROW(
+            kernelgen::emit(r.graph(), kernelgen::source_order(r.graph()), kernelgen::kIa32))
             << "seed " << seed;
     }
 }

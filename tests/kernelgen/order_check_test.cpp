@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "kernelgen/emission/emission.hpp"
+#include "targets/targets.hpp"
 #include "tests/kernelgen/support/random_graph.hpp"
 
 namespace {
@@ -94,7 +95,7 @@ TEST(OrderCheck, ANodeThatIsMissingOrDoubledIsRefused) {
 
 TEST(OrderCheck, NothingIsEmittedInAnOrderThatIsRefused) {
     const Butterfly k;
-    EXPECT_THROW(kernelgen::emit(k.graph, {k.a.id}), std::logic_error);
+    EXPECT_THROW(kernelgen::emit(k.graph, {k.a.id}, kernelgen::kIa32), std::logic_error);
 }
 
 }  // namespace

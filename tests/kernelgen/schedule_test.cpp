@@ -6,6 +6,7 @@
 #include <functional>
 #include <set>
 
+#include "targets/targets.hpp"
 #include "tests/kernelgen/support/random_graph.hpp"
 
 namespace {
@@ -42,7 +43,7 @@ std::vector<Method> methods() {
         }
     }
     all.push_back({"winner",
-                   [](const Graph& g) { return kernelgen::schedule(g, kernelgen::kX86Sse2).order; },
+                   [](const Graph& g) { return kernelgen::schedule(g, kernelgen::kIa32).order; },
                    false});
     return all;
 }
@@ -194,7 +195,7 @@ TEST(Schedule, TheDepthFirstOrderFinishesOneStoreBeforeTheNext) {
 
 /** What the register model predicts for the best order on the eight registers of the target. */
 int stack_accesses(const Graph& g) {
-    return kernelgen::schedule(g, kernelgen::kX86Sse2).traffic.stack_accesses;
+    return kernelgen::schedule(g, kernelgen::kIa32).traffic.stack_accesses;
 }
 
 /** Sums of loads, all of which are needed again once their total is known. */
@@ -241,9 +242,9 @@ TEST(Schedule, MoreValuesAliveNeedMoreStack) {
 
 TEST(Schedule, MoreRegistersNeedLessStack) {
     const Graph g = values_alive_at_once(12);
-    kernelgen::Target wide = kernelgen::kX86Sse2;
+    kernelgen::Target wide = kernelgen::kIa32;
     wide.vector_registers = 16;
-    EXPECT_GT(kernelgen::schedule(g, kernelgen::kX86Sse2).traffic.stack_accesses, 0);
+    EXPECT_GT(kernelgen::schedule(g, kernelgen::kIa32).traffic.stack_accesses, 0);
     EXPECT_EQ(kernelgen::schedule(g, wide).traffic.stack_accesses, 0);
 }
 

@@ -32,7 +32,7 @@ struct Section {
 };
 
 std::vector<std::string> readelf(const char* what) {
-    const auto result = run_command({"readelf", "-W", what, QSVGENT7_PATH});
+    const auto result = run_command({"readelf", "-W", what, QSVGEN_LIBRARY});
     EXPECT_EQ(0, result.exit_code) << "readelf " << what;
     return split_lines(result.output);
 }
@@ -160,7 +160,7 @@ TEST(LibraryFile, FindsThePlatformLibraryBesideItselfInTheBuildFolderAndSearches
 
 TEST(LibraryFile, HasALinkForTheLinkerBesideIt) {
     namespace fs = std::filesystem;
-    const fs::path library = fs::canonical(QSVGENT7_PATH);
+    const fs::path library = fs::canonical(QSVGEN_LIBRARY);
     const fs::path link = library.parent_path() / "libqsvgent7.so";
     ASSERT_TRUE(fs::exists(link)) << link;
     EXPECT_EQ(library, fs::canonical(link));

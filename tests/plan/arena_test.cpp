@@ -12,14 +12,14 @@ class ArenaBlocks : public testing::Test {
   protected:
     ArenaBlocks() { arena_->bump = start_; }
 
-    std::uint32_t offset(const void* block) const {
-        return reinterpret_cast<std::uint32_t>(block) - start_;
+    std::uintptr_t offset(const void* block) const {
+        return reinterpret_cast<std::uintptr_t>(block) - start_;
     }
-    std::uint32_t used() const { return arena_->bump - start_; }
+    std::uintptr_t used() const { return arena_->bump - start_; }
 
     alignas(32) std::array<unsigned char, 4096> buffer_ = {};
     Arena* arena_ = reinterpret_cast<Arena*>(buffer_.data());
-    std::uint32_t start_ = reinterpret_cast<std::uint32_t>(buffer_.data()) + 64;
+    std::uintptr_t start_ = reinterpret_cast<std::uintptr_t>(buffer_.data()) + 64;
 };
 
 TEST(AlignedSize, IsTheNextMultipleOf32) {

@@ -27,17 +27,17 @@ class List : public testing::Test {
         EnvList___init__(list_, arena_);
     }
 
-    std::uint32_t used() const { return arena_->bump - start_; }
+    std::uintptr_t used() const { return arena_->bump - start_; }
 
     alignas(32) std::array<unsigned char, 4096> buffer_ = {};
     Arena* arena_ = reinterpret_cast<Arena*>(buffer_.data());
-    std::uint32_t start_ = reinterpret_cast<std::uint32_t>(buffer_.data()) + 64;
+    std::uintptr_t start_ = reinterpret_cast<std::uintptr_t>(buffer_.data()) + 64;
     EnvList* list_ = nullptr;
     std::array<EnvObject, 5> items_ = {
         {{note, 44}, {note, 12}, {note, 64}, {note, 24}, {note, 32}}};
 };
 
-static_assert(sizeof(EnvList) == 12);
+static_assert(sizeof(EnvList) == (sizeof(void*) == 4 ? 12 : 24));
 
 TEST_F(List, BeginsAsAHeadWithoutItem) {
     EXPECT_EQ(nullptr, list_->item);
@@ -56,7 +56,7 @@ TEST_F(List, TheFirstAddTakesNoMemoryAndEachFurtherOneANode) {
         ASSERT_NE(nullptr, node) << i;
         EXPECT_EQ(&items_[i], node->item) << i;
         EXPECT_EQ(arena_, node->arena) << i;
-        EXPECT_EQ(start_ + 32 * i, reinterpret_cast<std::uint32_t>(node)) << i;
+        EXPECT_EQ(start_ + 32 * i, reinterpret_cast<std::uintptr_t>(node)) << i;
     }
     EXPECT_EQ(nullptr, node);
 }

@@ -252,7 +252,7 @@ TEST_F(ToolExplain, TheConstantsOfFifteenPointsByTheirMeaning) {
 }
 
 TEST_F(ToolExplain, CodeBytesAsTheLibraryHasThem) {
-    const auto symbols = run_command({"nm", "--dynamic", "--print-size", QSVGENT7_PATH});
+    const auto symbols = run_command({"nm", "--dynamic", "--print-size", QSVGEN_LIBRARY});
     for (const auto& [words, function] :
          {std::pair("dft-complex 15 32fc", "qsvgDFTFwd_CToC_15_32fc"),
           std::pair("dft-real 15 64f --inverse", "qsvgDFTInv_CCSToR_15_64f"),

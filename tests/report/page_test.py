@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """The page shows what was measured, and the check of this sees every way in which it might not.
 
-page_test.py SOURCE BUILD FOLDER: measures a few lengths by the programs of BUILD into FOLDER.
+page_test.py SOURCE BUILD FOLDER TARGET: measures a few lengths by the programs of BUILD into FOLDER.
 """
 
 import os
@@ -12,6 +12,7 @@ import unittest
 from pathlib import Path
 
 SOURCE, BUILD, FOLDER = (Path(argument) for argument in sys.argv[1:4])
+TARGET = sys.argv[4]
 sys.path.insert(0, str(SOURCE / "report"))
 
 from browser import browser  # noqa: E402
@@ -24,7 +25,7 @@ MEASUREMENTS = FOLDER / "measurements"
 
 def setUpModule():
     core = max(os.sched_getaffinity(0))
-    subprocess.run([SOURCE / "report/measure", MEASUREMENTS, BUILD, str(core), "page_test",
+    subprocess.run([SOURCE / "report/measure", MEASUREMENTS, TARGET, BUILD, str(core), "page_test",
                     "--quick", "--few"], check=True)
 
 
@@ -108,4 +109,4 @@ class PageTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=2)
+    unittest.main(argv=sys.argv[:1] + sys.argv[5:], verbosity=2)

@@ -34,7 +34,7 @@ std::vector<BodyKey> all_bodies() {
     return keys;
 }
 
-Kernel described_kernel(BodyKey key, Element element) {
+Kernel described_kernel(BodyKey key, Element element, const kernelgen::Target& target) {
     const auto graph = [&] {
         switch (key.step) {
             case Step::Analysis:
@@ -47,8 +47,8 @@ Kernel described_kernel(BodyKey key, Element element) {
                 return inline_body(element, 1 << key.rule);
         }
     };
-    Kernel kernel{key.step, key.rule, element, graph()};
-    kernel.method = settled_order(kernel.stem(), element).method;
+    Kernel kernel{target, key.step, key.rule, element, graph()};
+    kernel.method = settled_order(kernel.stem(), element, target).method;
     return kernel;
 }
 
@@ -66,8 +66,8 @@ void prove(const Kernel& kernel) {
     }
 }
 
-Kernel proven_kernel(BodyKey key, Element element) {
-    Kernel kernel = described_kernel(key, element);
+Kernel proven_kernel(BodyKey key, Element element, const kernelgen::Target& target) {
+    Kernel kernel = described_kernel(key, element, target);
     prove(kernel);
     return kernel;
 }
@@ -77,7 +77,7 @@ kernelgen::Counts counts_of(const Kernel& kernel) {
 }
 
 kernelgen::Schedule schedule_of(const Kernel& kernel) {
-    return kernelgen::settled_schedule(kernel.method, kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::settled_schedule(kernel.method, kernel.graph, kernel.target);
 }
 
 }  // namespace dct4

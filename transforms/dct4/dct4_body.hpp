@@ -7,6 +7,7 @@
 
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/schedule/schedule.hpp"
+#include "targets/targets.hpp"
 #include "transforms/dct4/bodies.hpp"
 
 namespace dct4 {
@@ -14,6 +15,7 @@ namespace dct4 {
 enum class Step { Analysis, Synthesis, Dft, Inline };
 
 struct Kernel {
+    kernelgen::Target target;
     Step step;
     int rule;  ///< log2 of the number of points
     Element element;
@@ -35,13 +37,15 @@ struct BodyKey {
 std::vector<BodyKey> all_bodies();
 
 /** The body, before anything of it has been proven. */
-Kernel described_kernel(BodyKey key, Element element);
+Kernel described_kernel(BodyKey key, Element element,
+                        const kernelgen::Target& target = kernelgen::kReference);
 
 /** Throws std::runtime_error where the body is not its matrix. */
 void prove(const Kernel& kernel);
 
 /** The described kernel, proven. */
-Kernel proven_kernel(BodyKey key, Element element);
+Kernel proven_kernel(BodyKey key, Element element,
+                     const kernelgen::Target& target = kernelgen::kReference);
 
 kernelgen::Counts counts_of(const Kernel& kernel);
 

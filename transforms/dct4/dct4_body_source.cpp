@@ -36,7 +36,8 @@ std::string head(const Kernel& kernel) {
 std::string inline_function(const Kernel& kernel) {
     const std::string real = kernel.element == Element::Real32 ? "float" : "double";
     return "[[gnu::always_inline]] inline void " + kernel.stem() + "(const " + real + "* x, " +
-           real + "* y) {\n" + kernelgen::emit(kernel.graph, schedule_of(kernel).order).statements +
+           real + "* y) {\n" +
+           kernelgen::emit(kernel.graph, schedule_of(kernel).order, kernel.target).statements +
            "}\n";
 }
 
@@ -54,7 +55,7 @@ std::string type_name(const Kernel& kernel) {
 /** A specialisation of the class template by rule, in the namespace of the element. */
 std::string place_body(const Kernel& kernel) {
     const kernelgen::EmittedBody code =
-        kernelgen::emit_between_places(kernel.graph, schedule_of(kernel).order);
+        kernelgen::emit_between_places(kernel.graph, schedule_of(kernel).order, kernel.target);
     std::string text = std::string("namespace dct4::") +
                        (kernel.element == Element::Real32 ? "real32" : "real64") + " {\n\n";
     if (!code.constants.empty())

@@ -2,8 +2,8 @@
  * @file
  * @brief Writes the sources of the Hartley kernels.
  *
- *     describe_hartley FOLDER [32f|64f]  the kernels and the dispatchers
- *     describe_hartley --manifest FILE   one line a kernel
+ *     describe_hartley TARGET FOLDER [32f|64f]  the kernels and the dispatchers
+ *     describe_hartley TARGET --manifest FILE   one line a kernel
  */
 
 #include <string>
@@ -16,22 +16,23 @@ namespace {
 
 using namespace dft_real;
 
-void write_sources(const std::filesystem::path& folder, const std::string& part) {
+void write_sources(const Target& target, const std::filesystem::path& folder,
+                   const std::string& part) {
     for (Element element : kElements) {
         if (suffix(element) != part) continue;
         const std::string end = suffix(element) + ".cpp";
         for (int n : dft_real::lengths())
             kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
-                                        kernel_source(hartley::hartley_kernel(n, element)));
+                                        kernel_source(hartley::hartley_kernel(n, element, target)));
         kernelgen::write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
     }
 }
 
-void write_manifest(const std::filesystem::path& file) {
+void write_manifest(const Target& target, const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
         for (int n : dft_real::lengths())
-            lines += manifest_line(hartley::hartley_kernel(n, element)) + "\n";
+            lines += manifest_line(hartley::hartley_kernel(n, element, target)) + "\n";
     }
     kernelgen::write_if_changed(file, lines);
 }

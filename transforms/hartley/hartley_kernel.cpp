@@ -7,7 +7,8 @@ namespace hartley {
 using kernelgen::ExactComplex;
 using kernelgen::Wide;
 
-dft_real::RealKernel hartley_kernel(int N, dft_real::Element element) {
+dft_real::RealKernel hartley_kernel(int N, dft_real::Element element,
+                                    const kernelgen::Target& target) {
     dft_real::Graph network;
     dft_real::RowArithmetic m(network);
     dft_real::Reals x;
@@ -18,7 +19,7 @@ dft_real::RealKernel hartley_kernel(int N, dft_real::Element element) {
         const ExactComplex w = ExactComplex::forward_root(static_cast<long>(k) * n, N);
         return w.re.value() - w.im.value();
     };
-    return proven(kFamily, N, element, network, N, N, entry);
+    return proven(kFamily, N, element, network, N, N, entry, target);
 }
 
 }  // namespace hartley

@@ -13,6 +13,7 @@ inline const dft_real::Family kFamily = {"Hartley", "Hartley transform of {N} re
                                          dft_real::Kind::Hartley};
 
 /** The kernel of `length`, proven against the definition of the transform. */
-dft_real::RealKernel hartley_kernel(int length, dft_real::Element element);
+dft_real::RealKernel hartley_kernel(int length, dft_real::Element element,
+                                    const kernelgen::Target& target = kernelgen::kReference);
 
 }  // namespace hartley

@@ -49,8 +49,8 @@ std::string Kernel::twin_name() const {
     return "owngWHT_" + std::to_string(order) + "_" + suffix(element) + "_unaligned";
 }
 
-Kernel described_kernel(int order, Element element) {
-    Kernel kernel{order, element, stages_of(order, element)};
+Kernel described_kernel(int order, Element element, const kernelgen::Target& target) {
+    Kernel kernel{target, order, element, stages_of(order, element)};
     const std::vector<int>& s = kernel.stages;
     if (is_scalar(order, element)) {
         kernel.bodies = {{"transform", scalar_body(element, order), Scaling::Last}};
@@ -68,7 +68,7 @@ Kernel described_kernel(int order, Element element) {
              Scaling::Last});
     }
     for (Body& body : kernel.bodies) {
-        const kernelgen::SettledOrder settled = settled_order(order, element, body.name);
+        const kernelgen::SettledOrder settled = settled_order(order, element, body.name, target);
         body.method = settled.method;
         if (!settled.option.empty()) kernel.option = settled.option;
     }
@@ -90,8 +90,8 @@ void prove(const Kernel& kernel) {
         throw std::runtime_error(kernel.name() + " is not the reference sequence sum by sum");
 }
 
-Kernel proven_kernel(int order, Element element) {
-    Kernel kernel = described_kernel(order, element);
+Kernel proven_kernel(int order, Element element, const kernelgen::Target& target) {
+    Kernel kernel = described_kernel(order, element, target);
     prove(kernel);
     return kernel;
 }
@@ -110,8 +110,8 @@ Counts written_out(const Kernel& kernel) {
     return all;
 }
 
-kernelgen::Schedule schedule_of(const Body& body) {
-    return kernelgen::settled_schedule(body.method, body.graph, kernelgen::kX86Sse2);
+kernelgen::Schedule schedule_of(const Body& body, const kernelgen::Target& target) {
+    return kernelgen::settled_schedule(body.method, body.graph, target);
 }
 
 }  // namespace walsh_hadamard

@@ -8,6 +8,7 @@
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/graph/graph.hpp"
 #include "kernelgen/schedule/schedule.hpp"
+#include "targets/targets.hpp"
 #include "transforms/walsh_hadamard/passes.hpp"
 
 namespace walsh_hadamard {
@@ -20,6 +21,7 @@ struct Body {
 };
 
 struct Kernel {
+    kernelgen::Target target;
     int order;
     Element element;
     std::vector<int> stages;
@@ -35,7 +37,8 @@ struct Kernel {
 };
 
 /** The kernel, before anything of it has been proven. */
-Kernel described_kernel(int order, Element element);
+Kernel described_kernel(int order, Element element,
+                        const kernelgen::Target& target = kernelgen::kReference);
 
 /**
  * Each body, as it is emitted, is the Hadamard matrix over its vectors, and the passes together are
@@ -44,12 +47,13 @@ Kernel described_kernel(int order, Element element);
 void prove(const Kernel& kernel);
 
 /** The described kernel, proven. */
-Kernel proven_kernel(int order, Element element);
+Kernel proven_kernel(int order, Element element,
+                     const kernelgen::Target& target = kernelgen::kReference);
 
 /** Operations as they are written out: each body once. */
 kernelgen::Counts written_out(const Kernel& kernel);
 
-/** A body's nodes in the order of its code. */
-kernelgen::Schedule schedule_of(const Body& body);
+/** A body's nodes in the order of the target's code. */
+kernelgen::Schedule schedule_of(const Body& body, const kernelgen::Target& target);
 
 }  // namespace walsh_hadamard

@@ -2,6 +2,7 @@
 
 #include "kernelgen/emission/emission.hpp"
 #include "kernelgen/emission/generated_files.hpp"
+#include "kernelgen/emission/spelling.hpp"
 #include "transforms/walsh_hadamard/scales.hpp"
 
 namespace walsh_hadamard {
@@ -12,15 +13,14 @@ using std::to_string;
 
 /** How vectors of one element type are spelled in the library's code. */
 struct Spelling {
-    const char* vector;
-    const char* load;
+    kernelgen::Type vector;
     const char* unaligned;
 };
 
 const Spelling& spelling(Element element) {
     // Unaligned vectors of binary64 are written as two halves, of which compilers make one move.
-    static const Spelling single{"__m128", "_mm_load_ps", "core::Unaligned"};
-    static const Spelling doubled{"__m128d", "_mm_load_pd", "core::Halves"};
+    static const Spelling single{kernelgen::Type::Binary32x4, "core::Unaligned"};
+    static const Spelling doubled{kernelgen::Type::Binary64x2, "core::Halves"};
     return element == Element::Real32 ? single : doubled;
 }
 
@@ -33,7 +33,7 @@ std::string stages_text(const Kernel& kernel) {
 std::string orders_text(const Kernel& kernel) {
     std::string text;
     for (const Body& body : kernel.bodies)
-        text += (text.empty() ? "" : ", ") + schedule_of(body).method;
+        text += (text.empty() ? "" : ", ") + schedule_of(body, kernel.target).method;
     return text;
 }
 
@@ -68,11 +68,15 @@ std::string arrays(const Kernel& kernel, const char* source, const char* destina
 std::string body_function(const Kernel& kernel, const Body& body) {
     const bool scalar = is_scalar(kernel.order, kernel.element);
     const Spelling& s = spelling(kernel.element);
-    const kernelgen::EmittedBody code = kernelgen::emit(body.graph, schedule_of(body).order);
+    const kernelgen::EmittedBody code =
+        kernelgen::emit(body.graph, schedule_of(body, kernel.target).order, kernel.target);
     std::string text = scalar ? "\n" : "\ntemplate <class Memory>\n";
     text += "[[gnu::always_inline]] inline void " + body.name + "(" + arrays(kernel, "x", "y");
     if (body.scaling == Scaling::Last)
-        text += std::string(", ") + (scalar ? real_name(kernel.element) : s.vector) + " scale";
+        text +=
+            std::string(", ") +
+            (scalar ? real_name(kernel.element) : kernelgen::type_name(s.vector, kernel.target)) +
+            " scale";
     return text + ") {\n" + code.statements + "}\n";
 }
 
@@ -85,7 +89,8 @@ std::string passes_function(const Kernel& kernel) {
     const std::string width = to_string(lanes(kernel.element));
     const std::string block = to_string(big_block(kernel.order, kernel.element));
     std::string text = "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
-                       arrays(kernel, "src", "dst") + ", " + s.vector + " scale, " +
+                       arrays(kernel, "src", "dst") + ", " +
+                       kernelgen::type_name(s.vector, kernel.target) + " scale, " +
                        real_name(kernel.element) +
                        "* work) {\n    using Rows = core::Between<Memory, core::Aligned>;\n"
                        "    using Columns = core::Between<core::Aligned, Memory>;\n";
@@ -114,7 +119,8 @@ constexpr const char* kCheck =
 
 std::string transform_call(const Kernel& kernel, const std::string& memory) {
     if (is_scalar(kernel.order, kernel.element)) return "transform(src, dst, *kScales[flag]);\n";
-    return "transform<" + memory + ">(src, dst, " + spelling(kernel.element).load +
+    return "transform<" + memory + ">(src, dst, " +
+           kernelgen::aligned_load(spelling(kernel.element).vector, kernel.target) +
            "(kScales[flag])" + (kernel.has_passes() ? ", work.begin()" : "") + ");\n";
 }
 
@@ -203,7 +209,7 @@ std::string manifest_line(const Kernel& kernel) {
         line += "," + to_string(value);
     int stack_accesses = 0;
     for (const Body& body : kernel.bodies)
-        stack_accesses += schedule_of(body).traffic.stack_accesses;
+        stack_accesses += schedule_of(body, kernel.target).traffic.stack_accesses;
     line += ",\"" + orders_text(kernel) + "\"," + to_string(stack_accesses) + "," + kernel.option;
     return line + "," + kernelgen::hash_of(kernel_source(kernel));
 }

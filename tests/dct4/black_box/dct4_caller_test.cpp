@@ -1,59 +1,20 @@
 /**
  * @file
- * @brief The DCT-IV through its interface: what a caller's stack, registers, control state and
- * allocator see of it.
+ * @brief The DCT-IV through its interface: what a caller's control state and allocator see of it.
  */
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdlib>
 #include <vector>
 
-#include "support/bits.hpp"
 #include "support/control_state.hpp"
 #include "support/dct4_interface.hpp"
-#include "support/fault.hpp"
-#include "support/placed_array.hpp"
+#include "support/library_memory.hpp"
 #include "support/signals.hpp"
-#include "support/skewed_call.hpp"
-
-namespace {
-
-struct Core {
-    std::vector<std::int32_t> sizes;  ///< asked for
-    std::vector<void*> blocks;        ///< handed out
-    std::vector<void*> freed;
-};
-
-Core& core() {
-    static Core instance;
-    return instance;
-}
-
-}  // namespace
-
-// The program's own definitions go before those of the core library.
-extern "C" {
-
-[[gnu::visibility("default")]] void* qsvMalloc(std::int32_t size) {
-    void* block = nullptr;
-    if (posix_memalign(&block, 16, static_cast<std::size_t>(size)) != 0) block = nullptr;
-    core().sizes.push_back(size);
-    core().blocks.push_back(block);
-    return block;
-}
-
-[[gnu::visibility("default")]] void qsvFree(void* block) {
-    core().freed.push_back(block);
-    std::free(block);
-}
-}
 
 namespace qsvgen_test {
 namespace {
 
-constexpr std::uint32_t kSkews[] = {0, 4, 8, 12};
 constexpr unsigned kMxcsrValues[] = {0x1F80, 0x9F80, 0x1FC0, 0x3F80, 0x5F80, 0x7F80, 0x1FBF};
 constexpr std::uint16_t kX87Values[] = {0x037F, 0x027F, 0x007F, 0x077F, 0x0B7F, 0x0F7F};
 
@@ -74,66 +35,8 @@ class Dct4Caller : public testing::Test {
         EXPECT_EQ(0, Functions::kRun(x.data(), y.data(), plan));
         return y;
     }
-
-    void call(std::int32_t length, const char* what, const void* function, std::uint32_t skew,
-              std::array<std::uint32_t, 5> arguments) {
-        volatile QsvStatus status = -1;
-        KeptRegisters kept = {};
-        const bool faulted = catcher_.faults(
-            [&] { status = call_on_skewed_stack(function, arguments.data(), skew, &kept); });
-        EXPECT_FALSE(faulted) << what << ", length " << length << ", esp = " << skew << " mod 16";
-        EXPECT_EQ(0, status) << what << ", length " << length << ", esp = " << skew << " mod 16";
-        EXPECT_EQ(kRegistersBefore.ebx, kept.ebx) << what << ", length " << length;
-        EXPECT_EQ(kRegistersBefore.esi, kept.esi) << what << ", length " << length;
-        EXPECT_EQ(kRegistersBefore.edi, kept.edi) << what << ", length " << length;
-        EXPECT_EQ(kRegistersBefore.ebp, kept.ebp) << what << ", length " << length;
-    }
-
-    template <class Pointer>
-    static std::uint32_t word(Pointer pointer) {
-        return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(pointer));
-    }
-    template <class Function>
-    static const void* address(Function* function) {
-        return reinterpret_cast<const void*>(function);
-    }
-
-    FaultCatcher catcher_;
 };
 TYPED_TEST_SUITE(Dct4Caller, RealTypes, ElementNames);
-
-TYPED_TEST(Dct4Caller, MayComeWithAStackOfAnyWordAndFindsItsRegistersKept) {
-    using Functions = typename TestFixture::Functions;
-    using Plan = typename TestFixture::Plan;
-    for (const std::int32_t length : kPlanLengths) {
-        const auto x = this->signal(length);
-        Plan* usual = nullptr;
-        ASSERT_EQ(0, Functions::kInitAlloc(&usual, length));
-        const auto expected = this->transformed(usual, x);
-        EXPECT_EQ(0, Functions::kFree(usual));
-        const auto N = static_cast<std::uint32_t>(length);
-        for (const std::uint32_t skew : kSkews) {
-            std::int32_t size = 0;
-            this->call(length, "size", this->address(Functions::kGetSize), skew,
-                       {N, this->word(&size)});
-            std::vector<std::uint8_t> buffer(static_cast<std::size_t>(size) + 16);
-            Plan* made = nullptr;
-            this->call(length, "init", this->address(Functions::kInit), skew,
-                       {this->word(&made), N, this->word(buffer.data())});
-            Plan* allocated = nullptr;
-            this->call(length, "init and allocate", this->address(Functions::kInitAlloc), skew,
-                       {this->word(&allocated), N});
-            for (Plan* plan : {made, allocated}) {
-                typename TestFixture::Signal y(x.size());
-                this->call(length, "run", this->address(Functions::kRun), skew,
-                           {this->word(x.data()), this->word(y.data()), this->word(plan)});
-                EXPECT_TRUE(same_bits<TypeParam>(expected, y)) << length;
-            }
-            this->call(length, "free", this->address(Functions::kFree), skew,
-                       {this->word(allocated)});
-        }
-    }
-}
 
 TYPED_TEST(Dct4Caller, FindsTheControlStateOfBothUnitsAsItWas) {
     using Functions = typename TestFixture::Functions;
@@ -175,16 +78,16 @@ TYPED_TEST(Dct4Caller, FindsTheControlStateOfBothUnitsAsItWas) {
 TYPED_TEST(Dct4Caller, PaysOneAllocationForAPlanAndNoneForARun) {
     using Functions = typename TestFixture::Functions;
     for (const std::int32_t length : kPlanLengths) {
-        core() = Core();
+        library_memory() = LibraryMemory();
         std::int32_t size = 0;
         ASSERT_EQ(0, Functions::kGetSize(length, &size));
         typename TestFixture::Plan* plan = nullptr;
         ASSERT_EQ(0, Functions::kInitAlloc(&plan, length));
         for (int round = 0; round < 3; ++round) this->transformed(plan, this->signal(length));
-        EXPECT_EQ(std::vector<std::int32_t>{size}, core().sizes) << length;
-        EXPECT_TRUE(core().freed.empty()) << length;
+        EXPECT_EQ(std::vector<std::int32_t>{size}, library_memory().sizes) << length;
+        EXPECT_TRUE(library_memory().freed.empty()) << length;
         EXPECT_EQ(0, Functions::kFree(plan)) << length;
-        EXPECT_EQ(core().blocks, core().freed) << length;
+        EXPECT_EQ(library_memory().blocks, library_memory().freed) << length;
     }
 }
 

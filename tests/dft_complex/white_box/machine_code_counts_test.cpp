@@ -28,7 +28,7 @@ using qsvgen_test::Function;
 using Arithmetic = std::map<std::string, int>;
 
 const Function& function_named(const std::string& name) {
-    static const Disassembly library = qsvgen_test::disassemble(QSVGENT7_PATH);
+    static const Disassembly library = qsvgen_test::disassemble(QSVGEN_LIBRARY);
     static const Function missing;
     const auto found = library.find(name);
     EXPECT_NE(library.end(), found) << "no machine code for " << name;

@@ -1,14 +1,14 @@
 # Describing the kernels again gives the bytes that the build was made of, and the manifest is the one under
 # version control: a change of any kernel has to be seen and agreed to.
 #
-# cmake -D DESCRIBE=<program> -D GENERATED=<folder> -D MANIFEST=<file> -D FOLDER=<scratch folder>
+# cmake -D DESCRIBE=<program> -D TARGET=<name> -D GENERATED=<folder> -D MANIFEST=<file> -D FOLDER=<scratch folder>
 #     [-D COUNT_STACK_ACCESSES=<program> -D LIBRARY=<file>] -P manifest_test.cmake
 cmake_minimum_required(VERSION 3.25)
 
 file(REMOVE_RECURSE ${FOLDER})
 set(failed FALSE)
 
-execute_process(COMMAND ${DESCRIBE} ${FOLDER}/sources COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${DESCRIBE} ${TARGET} ${FOLDER}/sources COMMAND_ERROR_IS_FATAL ANY)
 file(GLOB built RELATIVE ${GENERATED} ${GENERATED}/*)
 file(GLOB again RELATIVE ${FOLDER}/sources ${FOLDER}/sources/*)
 if(NOT built STREQUAL again OR NOT built)
@@ -23,5 +23,5 @@ foreach(file IN LISTS again)
 endforeach()
 
 set(MADE ${FOLDER}/manifest.csv)
-execute_process(COMMAND ${DESCRIBE} --manifest ${MADE} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${DESCRIBE} ${TARGET} --manifest ${MADE} COMMAND_ERROR_IS_FATAL ANY)
 include(${CMAKE_CURRENT_LIST_DIR}/../../support/compare_manifest.cmake)

@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+#include "targets/targets.hpp"
 #include "transforms/dft_complex/decompositions/decompositions.hpp"
 #include "transforms/dft_complex/layouts/packed_layout.hpp"
 #include "transforms/dft_complex/rules/table.hpp"
@@ -37,7 +38,7 @@ TEST(Tuning, IsFoundByLengthAndRule) {
 }
 
 TEST(Tuning, IsEmptyWhereNoneIsRecorded) {
-    const Tuning tuning = tuning_of(kSix, Element::Complex32, {});
+    const Tuning tuning = tuning_of(kSix, Element::Complex32, std::span<const RecordedTuning>());
     EXPECT_TRUE(tuning.lanes.empty());
     EXPECT_EQ(tuning.order, "");
 }
@@ -60,10 +61,24 @@ TEST(Tuning, ThatStandsThereTwiceIsRefused) {
 }
 
 TEST(Tuning, AllThatAreRecordedFitTheirTables) {
-    for (Element element : {Element::Complex32, Element::Complex64}) {
-        for (int length : dft_complex::lengths())
-            EXPECT_NO_THROW(tuning_of(dft_complex::row_of(length, element), element)) << length;
+    for (const kernelgen::Target& target : kernelgen::kTargets) {
+        for (Element element : {Element::Complex32, Element::Complex64}) {
+            for (int length : dft_complex::lengths())
+                EXPECT_NO_THROW(tuning_of(dft_complex::row_of(length, element), element, target))
+                    << length << ", " << target.name;
+        }
     }
+}
+
+TEST(Tuning, ForATargetThatHasNoneHasTheLanesOfTheReferenceAndNoOrder) {
+    constexpr kernelgen::Target kAdded{
+        .name = "added", .vector_registers = 32, .spelling = kernelgen::Spelling::VectorTypes};
+    const auto& row = dft_complex::row_of(15, Element::Complex32);
+    const Tuning tuning = tuning_of(row, Element::Complex32, kAdded);
+    EXPECT_EQ(tuning.lanes, tuning_of(row, Element::Complex32, kernelgen::kReference).lanes);
+    EXPECT_FALSE(tuning.lanes.empty());
+    EXPECT_EQ(tuning.order, "");
+    EXPECT_EQ(tuning.option, "");
 }
 
 TEST(LaneChoices, OutOfRangeAreRefused) {

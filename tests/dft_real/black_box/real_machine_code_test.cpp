@@ -22,7 +22,7 @@ namespace qsvgen_test {
 namespace {
 
 const Disassembly& library() {
-    static const Disassembly disassembly = disassemble(QSVGENT7_PATH);
+    static const Disassembly disassembly = disassemble(QSVGEN_LIBRARY);
     return disassembly;
 }
 

@@ -26,7 +26,7 @@ std::vector<std::string> cells_of(const std::string& line) {
 
 std::map<std::string, ManifestRow> manifest_of(const std::string& folder) {
     std::ifstream file(std::filesystem::path(QSVG_SOURCE_DIR) / "transforms" / folder /
-                       "recorded/manifest.csv");
+                       "recorded/" QSVG_TARGET "/manifest.csv");
     std::string line;
     std::getline(file, line);
     const auto columns = cells_of(line);

@@ -64,7 +64,7 @@ bool is_scalar(int order) {
 }
 
 const Function& function_named(const std::string& name) {
-    static const Disassembly library = disassemble(QSVGENT7_PATH);
+    static const Disassembly library = disassemble(QSVGEN_LIBRARY);
     static const Function missing;
     const auto found = library.find(name);
     EXPECT_NE(library.end(), found) << "no machine code for " << name;

@@ -83,7 +83,7 @@ TEST(WalshHadamardBodies, StoreNoElementBeforeItIsLoaded) {
     for_each_row([](const Row&, const Kernel& kernel) {
         for (const Body& body : kernel.bodies) {
             std::vector<int> stored;
-            for (kernelgen::NodeId id : schedule_of(body).order) {
+            for (kernelgen::NodeId id : schedule_of(body, kernel.target).order) {
                 const kernelgen::Node& node = body.graph.node(id);
                 if (node.op == kernelgen::Op::Store) stored.push_back(node.offset);
                 if (node.op != kernelgen::Op::Load) continue;

@@ -27,16 +27,19 @@ TEST(WalshHadamardSource, IsTheSameEveryTime) {
 
 // A row of no body would be passed over, and of two rows of one body the second.
 TEST(WalshHadamardSource, HasTheRowsOfItsTuningOnce) {
-    for (Element element : kElements) {
-        std::multiset<std::string> names;
-        for (int order = kLowestOrder; order <= kHighestOrder; ++order) {
-            for (const Body& body : described_kernel(order, element).bodies)
-                names.insert(name_in_table(order, element, body.name));
-        }
-        for (const kernelgen::SettledBody& row : settled_bodies(element)) {
-            const auto found = names.find(row.name);
-            EXPECT_NE(names.end(), found) << row.name << ", " << suffix(element);
-            if (found != names.end()) names.erase(found);
+    for (const kernelgen::Target& target : kernelgen::kTargets) {
+        for (Element element : kElements) {
+            std::multiset<std::string> names;
+            for (int order = kLowestOrder; order <= kHighestOrder; ++order) {
+                for (const Body& body : described_kernel(order, element).bodies)
+                    names.insert(name_in_table(order, element, body.name));
+            }
+            for (const kernelgen::SettledBody& row : settled_bodies(element, target)) {
+                const auto found = names.find(row.name);
+                EXPECT_NE(names.end(), found)
+                    << row.name << ", " << suffix(element) << ", " << target.name;
+                if (found != names.end()) names.erase(found);
+            }
         }
     }
 }

@@ -1,26 +1,47 @@
 #include "transforms/dct4/recorded/tuning.hpp"
 
+#include "kernelgen/schedule/rows_of_target.hpp"
+
 namespace dct4 {
 namespace {
 
 using kernelgen::SettledBody;
 
+using Rows = kernelgen::RowsOfTarget<Element, SettledBody>;
+
 // Written by scripts/tune-orders.
-const std::vector<SettledBody> kSingleOrders = {
-#include "transforms/dct4/recorded/tuned_32f.inc"
-};
-const std::vector<SettledBody> kDoubleOrders = {
-#include "transforms/dct4/recorded/tuned_64f.inc"
+const Rows kTables[] = {
+    {kernelgen::kIa32,
+     Element::Real32,
+     {
+#include "transforms/dct4/recorded/ia32/tuned_32f.inc"
+     }},
+    {kernelgen::kIa32,
+     Element::Real64,
+     {
+#include "transforms/dct4/recorded/ia32/tuned_64f.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Real32,
+     {
+#include "transforms/dct4/recorded/x86-64/tuned_32f.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Real64,
+     {
+#include "transforms/dct4/recorded/x86-64/tuned_64f.inc"
+     }},
 };
 
 }  // namespace
 
-const std::vector<SettledBody>& settled_bodies(Element element) {
-    return element == Element::Real32 ? kSingleOrders : kDoubleOrders;
+std::span<const SettledBody> settled_bodies(Element element, const kernelgen::Target& target) {
+    return kernelgen::rows_of<Element, SettledBody>(kTables, target, element);
 }
 
-kernelgen::SettledOrder settled_order(const std::string& stem, Element element) {
-    return kernelgen::settled_order(settled_bodies(element), stem);
+kernelgen::SettledOrder settled_order(const std::string& stem, Element element,
+                                      const kernelgen::Target& target) {
+    return kernelgen::settled_order(settled_bodies(element, target), stem);
 }
 
 }  // namespace dct4

@@ -1,6 +1,7 @@
 /**
  * @file
- * @brief Writes a body of the DCT-IV in its most promising orders: tune_dct4 STEP RULE TYPE FOLDER
+ * @brief Writes a body of the DCT-IV in its most promising orders: tune_dct4 TARGET STEP RULE TYPE
+ * FOLDER
  *
  * STEP is analysis, synthesis, dft or inline; where it has no body of that rule there are no
  * candidates. FOLDER gets the body as 0.hpp and so on and around it 0.cpp, an exported function
@@ -33,11 +34,12 @@ std::string timed_source(const Kernel& kernel, const std::string& header) {
            body + ")\n";
 }
 
-void write_orders(BodyKey key, Element element, const std::filesystem::path& folder) {
-    Kernel kernel = proven_kernel(key, element);
+void write_orders(BodyKey key, Element element, const kernelgen::Target& target,
+                  const std::filesystem::path& folder) {
+    Kernel kernel = proven_kernel(key, element, target);
     kernelgen::Candidates candidates(folder);
     const std::vector<kernelgen::Schedule> found =
-        kernelgen::search_schedules(kernel.graph, kernelgen::kX86Sse2, kSeeds);
+        kernelgen::search_schedules(kernel.graph, target, kSeeds);
     for (std::size_t rank = 0; rank < std::min(found.size(), kOrders); ++rank) {
         kernel.method = found[rank].method;
         const std::string header = candidates.stem() + ".hpp";
@@ -50,17 +52,18 @@ void write_orders(BodyKey key, Element element, const std::filesystem::path& fol
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 5) {
-        std::fprintf(stderr, "usage: %s STEP RULE 32f|64f FOLDER\n", argv[0]);
+    if (argc != 6) {
+        std::fprintf(stderr, "usage: %s TARGET STEP RULE 32f|64f FOLDER\n", argv[0]);
         return 2;
     }
     try {
-        const std::string stem = std::string(argv[1]) + "_" + argv[2];
-        std::filesystem::create_directories(argv[4]);
+        const kernelgen::Target& target = kernelgen::target_named(argv[1]);
+        const std::string stem = std::string(argv[2]) + "_" + argv[3];
+        std::filesystem::create_directories(argv[5]);
         for (Element element : kElements) {
             for (BodyKey key : all_bodies()) {
-                if (suffix(element) == argv[3] && described_kernel(key, element).stem() == stem)
-                    write_orders(key, element, argv[4]);
+                if (suffix(element) == argv[4] && described_kernel(key, element).stem() == stem)
+                    write_orders(key, element, target, argv[5]);
             }
         }
     } catch (const std::exception& error) {

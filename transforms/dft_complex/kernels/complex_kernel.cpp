@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "kernelgen/proof/proof.hpp"
+#include "kernelgen/schedule/settled_order.hpp"
 #include "transforms/dft_complex/decompositions/decompositions.hpp"
 #include "transforms/dft_complex/layouts/element_layout.hpp"
 #include "transforms/dft_complex/recorded/tuning.hpp"
@@ -27,9 +28,9 @@ bool Kernel::is_scalar() const {
 }
 
 Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
-                    const std::vector<LaneChoice>& choices) {
+                    const std::vector<LaneChoice>& choices, const Target& target) {
     const int length = rule.length;
-    Kernel kernel{length, direction, element, rule, {}};
+    Kernel kernel{target, length, direction, element, rule, {}};
     if (length <= kLongestShortLength) {
         kernel.graph = element == Element::Complex32 ? short_length(length, direction)
                                                      : short_length_by_elements(length, direction);
@@ -47,10 +48,10 @@ Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
     return kernel;
 }
 
-Kernel proven_kernel(int length, Direction direction, Element element) {
+Kernel proven_kernel(int length, Direction direction, Element element, const Target& target) {
     const TableRow& row = row_of(length, element);
-    const Tuning tuning = tuning_of(row, element);
-    Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes);
+    const Tuning tuning = tuning_of(row, element, target);
+    Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes, target);
     if (!tuning.lanes.empty() && tuning.lanes.size() < kernel.choices.size())
         throw std::logic_error("the tuning of length " + std::to_string(length) + " in " +
                                suffix(element) + " chooses lanes for " +
@@ -76,8 +77,7 @@ std::vector<int> batch_sizes(const Rule& rule) {
 }
 
 kernelgen::Schedule schedule_of(const Kernel& kernel) {
-    if (kernel.order.empty()) return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
-    return kernelgen::schedule_by(kernel.order, kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::settled_schedule(kernel.order, kernel.graph, kernel.target);
 }
 
 void prove_dft(const Kernel& kernel) {

@@ -8,13 +8,17 @@
 #include <string>
 
 #include "kernelgen/schedule/schedule.hpp"
+#include "targets/targets.hpp"
 #include "transforms/dft_complex/layouts/packed_layout.hpp"
 #include "transforms/dft_complex/rules/table.hpp"
 #include "transforms/dft_complex/rules/variant.hpp"
 
 namespace dft_complex {
 
+using kernelgen::Target;
+
 struct Kernel {
+    Target target;
     int length;
     Direction direction;
     Element element;
@@ -31,12 +35,13 @@ struct Kernel {
     bool is_scalar() const;
 };
 
-/** The kernel of `length`, proven against the definition of the DFT. */
-Kernel proven_kernel(int length, Direction direction, Element element);
+/** The kernel of `length` for a target, proven against the definition of the DFT. */
+Kernel proven_kernel(int length, Direction direction, Element element,
+                     const Target& target = kernelgen::kReference);
 
 /** Unproven, by any rule and with given lane choices (of Complex32): for searches. */
 Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
-                    const std::vector<LaneChoice>& choices);
+                    const std::vector<LaneChoice>& choices, const Target& target);
 
 /** Powers of two move lanes in loads, transposes and stores only, so they stay split throughout. */
 LanePolicy lane_policy(int length);

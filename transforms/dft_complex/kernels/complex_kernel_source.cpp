@@ -2,6 +2,7 @@
 
 #include "kernelgen/emission/emission.hpp"
 #include "kernelgen/emission/generated_files.hpp"
+#include "kernelgen/emission/spelling.hpp"
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/schedule/schedule.hpp"
 #include "transforms/dft_complex/small_transforms/short_lengths.hpp"
@@ -17,13 +18,12 @@ struct Spelling {
     const char* precision;
     const char* complex;
     const char* real;
-    const char* vector;
-    const char* load;
+    kernelgen::Type vector;
 };
 
 const Spelling& spelling(Element element) {
-    static const Spelling single{"single", "Complex32", "float", "__m128", "_mm_load_ps"};
-    static const Spelling doubled{"double", "Complex64", "double", "__m128d", "_mm_load_pd"};
+    static const Spelling single{"single", "Complex32", "float", kernelgen::Type::Binary32x4};
+    static const Spelling doubled{"double", "Complex64", "double", kernelgen::Type::Binary64x2};
     return element == Element::Complex32 ? single : doubled;
 }
 
@@ -75,7 +75,8 @@ std::string checked(const std::string& call) {
 }
 
 std::string packed_call(const Kernel& kernel, const std::string& memory) {
-    return "transform<" + memory + ">(&src->re, &dst->re, " + spelling(kernel.element).load +
+    return "transform<" + memory + ">(&src->re, &dst->re, " +
+           kernelgen::aligned_load(spelling(kernel.element).vector, kernel.target) +
            "(kScales[flag]));";
 }
 
@@ -121,14 +122,15 @@ std::string transform_head(const Kernel& kernel) {
             "using core::store_high;\nusing core::store_low;\nusing core::Unaligned;\n";
     }
     return text + "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
-           arrays + s.vector + " scale) {\n";
+           arrays + kernelgen::type_name(s.vector, kernel.target) + " scale) {\n";
 }
 
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
     const kernelgen::Schedule schedule = schedule_of(kernel);
-    const kernelgen::EmittedBody body = kernelgen::emit(kernel.graph, schedule.order);
+    const kernelgen::EmittedBody body =
+        kernelgen::emit(kernel.graph, schedule.order, kernel.target);
     std::string text = "// DFT of " + std::to_string(kernel.length) + " complex points in " +
                        spelling(kernel.element).precision + " precision, " +
                        word(kernel.direction) + ".\n";

@@ -3,25 +3,48 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "kernelgen/schedule/rows_of_target.hpp"
+
 namespace dft_complex {
 namespace {
+
+using Rows = kernelgen::RowsOfTarget<Element, RecordedTuning>;
 
 // Written by tune_dft_complex; the cost it minimised stands in the manifest. At 19 and 56 the
 // fastest by the clock of its best few was taken, 6 and 12 percent ahead of the one with the least
 // cost.
-constexpr RecordedTuning kSingleWinners[] = {
-#include "transforms/dft_complex/recorded/tuned_32fc.inc"
-};
-constexpr RecordedTuning kDoubleWinners[] = {
-#include "transforms/dft_complex/recorded/tuned_64fc.inc"
+const Rows kTables[] = {
+    {kernelgen::kIa32,
+     Element::Complex32,
+     {
+#include "transforms/dft_complex/recorded/ia32/tuned_32fc.inc"
+     }},
+    {kernelgen::kIa32,
+     Element::Complex64,
+     {
+#include "transforms/dft_complex/recorded/ia32/tuned_64fc.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Complex32,
+     {
+#include "transforms/dft_complex/recorded/x86-64/tuned_32fc.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Complex64,
+     {
+#include "transforms/dft_complex/recorded/x86-64/tuned_64fc.inc"
+     }},
 };
 
 }  // namespace
-
-Tuning tuning_of(const TableRow& row, Element element) {
-    return tuning_of(row, element,
-                     element == Element::Complex32 ? std::span<const RecordedTuning>(kSingleWinners)
-                                                   : kDoubleWinners);
+Tuning tuning_of(const TableRow& row, Element element, const kernelgen::Target& target) {
+    const auto recorded_for = [&](const kernelgen::Target& any) {
+        return tuning_of(row, element,
+                         kernelgen::rows_of<Element, RecordedTuning>(kTables, any, element));
+    };
+    Tuning tuning = recorded_for(target);
+    if (tuning.lanes.empty()) tuning.lanes = recorded_for(kernelgen::kReference).lanes;
+    return tuning;
 }
 
 Tuning tuning_of(const TableRow& row, Element element, std::span<const RecordedTuning> recorded) {

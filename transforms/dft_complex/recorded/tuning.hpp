@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "targets/target.hpp"
 #include "transforms/dft_complex/layouts/lane_groups.hpp"
 #include "transforms/dft_complex/rules/rules.hpp"
 #include "transforms/dft_complex/rules/variant.hpp"
@@ -27,9 +28,10 @@ struct RecordedTuning {
     const char* option = "";
 };
 
-/** What was found best for the row; empty where nothing has been searched. Throws std::logic_error
- * where it was found for another rule than the row's, or stands there twice. */
-Tuning tuning_of(const TableRow& row, Element element);
+/** What was found best for the row on the target; where nothing has been searched there, the lanes
+ * of the reference and no order. Throws std::logic_error where it was found for another rule than
+ * the row's, or stands there twice. */
+Tuning tuning_of(const TableRow& row, Element element, const kernelgen::Target& target);
 Tuning tuning_of(const TableRow& row, Element element, std::span<const RecordedTuning> recorded);
 
 }  // namespace dft_complex

@@ -2,8 +2,8 @@
  * @file
  * @brief Writes the sources of the complex DFT kernels.
  *
- *     describe_dft_complex FOLDER [fwd_32fc...]   the kernels and the dispatcher of each part
- *     describe_dft_complex --manifest FILE        one line a kernel
+ *     describe_dft_complex TARGET FOLDER [fwd_32fc...]   the kernels and the dispatcher of each
+ * part describe_dft_complex TARGET --manifest FILE        one line a kernel
  */
 
 #include "kernelgen/emission/generated_files.hpp"
@@ -17,7 +17,8 @@ std::string stem(Direction direction) {
     return direction == Direction::Forward ? "fwd_" : "inv_";
 }
 
-void write_sources(const std::filesystem::path& folder, const std::string& part) {
+void write_sources(const Target& target, const std::filesystem::path& folder,
+                   const std::string& part) {
     for (Element element : kElements) {
         const std::string end = suffix(element) + ".cpp";
         for (Direction direction : kDirections) {
@@ -25,19 +26,19 @@ void write_sources(const std::filesystem::path& folder, const std::string& part)
             for (int n : lengths())
                 kernelgen::write_if_changed(
                     folder / (stem(direction) + std::to_string(n) + "_" + end),
-                    kernel_source(proven_kernel(n, direction, element)));
+                    kernel_source(proven_kernel(n, direction, element, target)));
             kernelgen::write_if_changed(folder / (stem(direction) + end),
                                         dispatcher_source(direction, element));
         }
     }
 }
 
-void write_manifest(const std::filesystem::path& file) {
+void write_manifest(const Target& target, const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
         for (Direction direction : kDirections) {
             for (int n : lengths())
-                lines += manifest_line(proven_kernel(n, direction, element)) + "\n";
+                lines += manifest_line(proven_kernel(n, direction, element, target)) + "\n";
         }
     }
     kernelgen::write_if_changed(file, lines);

@@ -2,14 +2,14 @@
  * @file
  * @brief Searches lane choices and schedules, by the register model.
  *
- *     tune_dft_complex lanes [LENGTH...]
+ *     tune_dft_complex TARGET lanes [LENGTH...]
  *         improves the lane choices of Complex32, one batch at a time until none gets better, and
  *         prints rows of tuned_32fc.inc; the rule table's operation counts bind
- *     tune_dft_complex rules TYPE LENGTH FOLDER
+ *     tune_dft_complex TARGET rules TYPE LENGTH FOLDER
  *         enumerates the decompositions of a length, of whichever the table has no row yet, tunes
  * lanes and order of each, writes those of the least cost, FOLDER/0.cpp and so on, and prints a
  *         line of counts for each; scripts/tune-rules adds the cycles
- *     tune_dft_complex orders TYPE LENGTH FOLDER
+ *     tune_dft_complex TARGET orders TYPE LENGTH FOLDER
  *         writes the kernel in its most promising orders under several compiler options,
  *         FOLDER/0.cpp and so on, and prints its modelled traffic and the row of tuned_TYPE.inc for
  *         each
@@ -35,7 +35,6 @@ namespace {
 
 using namespace dft_complex;
 using kernelgen::Counts;
-using kernelgen::kX86Sse2;
 using kernelgen::Schedule;
 
 constexpr int kSeeds = 24;
@@ -71,11 +70,11 @@ std::string row(const Kernel& kernel, const std::string& order, const std::strin
 }
 
 /** The rule's kernel with lanes that no change of one batch improves. */
-Kernel with_tuned_lanes(const Rule& rule, int bound) {
+Kernel with_tuned_lanes(const Rule& rule, int bound, const Target& target) {
     constexpr Element kElement = Element::Complex32;
-    Kernel best = draft_kernel(rule, Direction::Forward, kElement, {});
+    Kernel best = draft_kernel(rule, Direction::Forward, kElement, {}, target);
     if (best.length <= kLongestShortLength) return best;
-    int best_cost = cost(best, kernelgen::schedule(best.graph, kX86Sse2), bound);
+    int best_cost = cost(best, kernelgen::schedule(best.graph, target), bound);
     const std::vector<int> sizes = batch_sizes(rule);
     for (bool better = true; better;) {
         better = false;
@@ -87,8 +86,8 @@ Kernel with_tuned_lanes(const Rule& rule, int bound) {
                 std::vector<LaneChoice> choices = best.choices;
                 if (choices[batch] == choice) continue;
                 choices[batch] = choice;
-                Kernel next = draft_kernel(rule, Direction::Forward, kElement, choices);
-                const int next_cost = cost(next, kernelgen::schedule(next.graph, kX86Sse2), bound);
+                Kernel next = draft_kernel(rule, Direction::Forward, kElement, choices, target);
+                const int next_cost = cost(next, kernelgen::schedule(next.graph, target), bound);
                 if (next_cost < best_cost) {
                     best_cost = next_cost;
                     best = std::move(next);
@@ -100,10 +99,10 @@ Kernel with_tuned_lanes(const Rule& rule, int bound) {
     return best;
 }
 
-void tune_lanes(int length) {
+void tune_lanes(int length, const Target& target) {
     const TableRow& table_row = row_of(length, Element::Complex32);
-    const Kernel best = with_tuned_lanes(table_row.rule, table_row.arithmetic());
-    const Schedule schedule = kernelgen::search_schedules(best.graph, kX86Sse2, kSeeds).front();
+    const Kernel best = with_tuned_lanes(table_row.rule, table_row.arithmetic(), target);
+    const Schedule schedule = kernelgen::search_schedules(best.graph, target, kSeeds).front();
     std::printf("%s\n", row(best, schedule.method).c_str());
     std::fflush(stdout);
     std::fprintf(stderr, "length %d: %d instructions, %d of them stack accesses, %d copies\n",
@@ -116,7 +115,8 @@ struct Candidate {
     Schedule schedule;
 };
 
-void write_rules(Element element, int length, const std::filesystem::path& folder) {
+void write_rules(Element element, int length, const Target& target,
+                 const std::filesystem::path& folder) {
     std::vector<Candidate> candidates;
     const std::vector<Rule> rules = enumerated_rules(length, element);
     for (const Rule& rule : rules) {
@@ -124,10 +124,10 @@ void write_rules(Element element, int length, const std::filesystem::path& folde
         std::fprintf(stderr, "%s (%zu of %zu)\n", formula(rule).c_str(), candidates.size() + 1,
                      rules.size());
         Kernel kernel = element == Element::Complex32
-                            ? with_tuned_lanes(rule, kUnbound)
-                            : draft_kernel(rule, Direction::Forward, element, {});
+                            ? with_tuned_lanes(rule, kUnbound, target)
+                            : draft_kernel(rule, Direction::Forward, element, {}, target);
         prove_dft(kernel);
-        Schedule schedule = kernelgen::search_schedules(kernel.graph, kX86Sse2, kSeeds).front();
+        Schedule schedule = kernelgen::search_schedules(kernel.graph, target, kSeeds).front();
         kernel.order = schedule.method;
         candidates.push_back({std::move(kernel), std::move(schedule)});
     }
@@ -147,10 +147,11 @@ void write_rules(Element element, int length, const std::filesystem::path& folde
     }
 }
 
-void write_orders(Element element, int length, const std::filesystem::path& folder) {
-    Kernel kernel = proven_kernel(length, Direction::Forward, element);
+void write_orders(Element element, int length, const Target& target,
+                  const std::filesystem::path& folder) {
+    Kernel kernel = proven_kernel(length, Direction::Forward, element, target);
     std::filesystem::create_directories(folder);
-    const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, kX86Sse2, kSeeds);
+    const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, target, kSeeds);
     int number = 0;
     for (std::size_t i = 0; i < std::min(found.size(), kOrders); ++i) {
         for (const char* option : kOptions) {
@@ -165,24 +166,25 @@ void write_orders(Element element, int length, const std::filesystem::path& fold
 }
 
 int run(const std::vector<std::string>& words) {
-    if (words.size() > 1 && words[1] == "lanes") {
-        for (std::size_t i = 2; i < words.size(); ++i) tune_lanes(std::stoi(words[i]));
+    if (words.size() > 2 && words[2] == "lanes") {
+        const Target& target = kernelgen::target_named(words[1]);
+        for (std::size_t i = 3; i < words.size(); ++i) tune_lanes(std::stoi(words[i]), target);
         for (int n : lengths()) {
-            if (words.size() == 2 && n > kLongestShortLength) tune_lanes(n);
+            if (words.size() == 3 && n > kLongestShortLength) tune_lanes(n, target);
         }
         return 0;
     }
-    if (words.size() == 5 && (words[1] == "orders" || words[1] == "rules")) {
+    if (words.size() == 6 && (words[2] == "orders" || words[2] == "rules")) {
         for (Element element : kElements) {
-            if (words[2] != suffix(element)) continue;
-            const auto write = words[1] == "orders" ? write_orders : write_rules;
-            write(element, std::stoi(words[3]), words[4]);
+            if (words[3] != suffix(element)) continue;
+            const auto write = words[2] == "orders" ? write_orders : write_rules;
+            write(element, std::stoi(words[4]), kernelgen::target_named(words[1]), words[5]);
             return 0;
         }
     }
     std::fprintf(stderr,
-                 "usage: %s lanes [LENGTH...]\n       %s rules TYPE LENGTH FOLDER\n"
-                 "       %s orders TYPE LENGTH FOLDER\n",
+                 "usage: %s TARGET lanes [LENGTH...]\n       %s TARGET rules TYPE LENGTH FOLDER\n"
+                 "       %s TARGET orders TYPE LENGTH FOLDER\n",
                  words[0].c_str(), words[0].c_str(), words[0].c_str());
     return 2;
 }

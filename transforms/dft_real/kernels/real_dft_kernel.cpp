@@ -66,7 +66,8 @@ Family family_of(Direction direction, Layout layout) {
             Kind::Inverse};
 }
 
-RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element) {
+RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element,
+                      const Target& target) {
     const Family family = family_of(direction, layout);
     const std::vector<Part> parts = parts_of(N, layout);
     const auto spectrum_length = static_cast<int>(parts.size());
@@ -77,7 +78,8 @@ RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element
             const ExactComplex w = ExactComplex::forward_root(static_cast<long>(part.bin) * n, N);
             return part.imaginary ? w.im.value() : w.re.value();
         };
-        return proven(family, N, element, forward_network(N, layout), N, spectrum_length, entry);
+        return proven(family, N, element, forward_network(N, layout), N, spectrum_length, entry,
+                      target);
     }
     const auto entry = [&](int n, int element) -> Wide {
         const Part part = parts[at(element)];
@@ -86,7 +88,8 @@ RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element
         const int times = is_complex(N, part.bin) ? 2 : 1;
         return times * (part.imaginary ? Wide(-w.im.value()) : w.re.value());
     };
-    return proven(family, N, element, inverse_network(N, layout), spectrum_length, N, entry);
+    return proven(family, N, element, inverse_network(N, layout), spectrum_length, N, entry,
+                  target);
 }
 
 }  // namespace dft_real

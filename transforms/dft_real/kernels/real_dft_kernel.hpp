@@ -16,6 +16,7 @@ inline constexpr Direction kDirections[] = {Direction::Forward, Direction::Inver
 Family family_of(Direction direction, Layout layout);
 
 /** The kernel of `length`, proven against the definition of the DFT. */
-RealKernel dft_kernel(int length, Direction direction, Layout layout, Element element);
+RealKernel dft_kernel(int length, Direction direction, Layout layout, Element element,
+                      const Target& target = kernelgen::kReference);
 
 }  // namespace dft_real

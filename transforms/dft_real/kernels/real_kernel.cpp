@@ -1,5 +1,6 @@
 #include "transforms/dft_real/kernels/real_kernel.hpp"
 
+#include "kernelgen/schedule/settled_order.hpp"
 #include "transforms/dft_real/kernels/precision.hpp"
 
 namespace dft_real {
@@ -43,12 +44,16 @@ std::string RealKernel::name() const {
 }
 
 RealKernel proven(const Family& family, int length, Element element, const Graph& network,
-                  int inputs, int outputs, const kernelgen::Definition& definition) {
+                  int inputs, int outputs, const kernelgen::Definition& definition,
+                  const Target& target) {
     const Graph joined = with_products_joined(network);
     const Graph rows = has_wide_sums(length) ? with_wide_sums(joined) : joined;
-    RealKernel kernel{family, length, element,
+    RealKernel kernel{target,
+                      family,
+                      length,
+                      element,
                       element == Element::Real32 ? rows : in_binary64(rows),
-                      tuning_of(family.kind, row_of(length), element)};
+                      tuning_of(family.kind, row_of(length), element, target)};
     kernelgen::prove(kernel.name() + " by stages " + in_words(row_of(length).order_of(family.kind)),
                      kernel.graph, inputs, outputs, definition);
     return kernel;
@@ -80,9 +85,7 @@ int wide_sums(const Graph& graph) {
 }
 
 kernelgen::Schedule schedule_of(const RealKernel& kernel) {
-    const std::string& order = kernel.tuning.order;
-    if (order.empty()) return kernelgen::schedule(kernel.graph, kernelgen::kX86Sse2);
-    return kernelgen::schedule_by(order, kernel.graph, kernelgen::kX86Sse2);
+    return kernelgen::settled_schedule(kernel.tuning.order, kernel.graph, kernel.target);
 }
 
 }  // namespace dft_real

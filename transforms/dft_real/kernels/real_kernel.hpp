@@ -11,10 +11,13 @@
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/proof/proof.hpp"
 #include "kernelgen/schedule/schedule.hpp"
+#include "targets/targets.hpp"
 #include "transforms/dft_real/recorded/tuning.hpp"
 #include "transforms/dft_real/rules/stage_orders.hpp"
 
 namespace dft_real {
+
+using kernelgen::Target;
 
 inline constexpr auto& kElements = transforms::kRealElements;
 using transforms::suffix;
@@ -27,6 +30,7 @@ struct Family {
 };
 
 struct RealKernel {
+    Target target;
     Family family;
     int length;
     Element element;
@@ -43,7 +47,7 @@ struct RealKernel {
  * `inputs` elements to `outputs`; throws std::runtime_error. */
 RealKernel proven(const Family& family, int length, Element element,
                   const kernelgen::Graph& network, int inputs, int outputs,
-                  const kernelgen::Definition& definition);
+                  const kernelgen::Definition& definition, const Target& target);
 
 /** Sums and products as the table counts them: without those by the scale factor and by 2. */
 Cost network_cost(const kernelgen::Graph& graph);

@@ -52,8 +52,9 @@ std::string counts_comment(const RealKernel& kernel) {
 std::string kernel_source(const RealKernel& kernel) {
     const kernelgen::Schedule schedule = schedule_of(kernel);
     const bool whole_register = kernel.tuning.rounding == Rounding::WholeRegister;
-    const kernelgen::EmittedBody body = kernelgen::emit(
-        kernel.graph, schedule.order, whole_register ? "core::rounded" : "static_cast<float>");
+    const kernelgen::EmittedBody body =
+        kernelgen::emit(kernel.graph, schedule.order, kernel.target,
+                        whole_register ? "core::rounded" : "static_cast<float>");
     const std::string real = real_name(kernel.element);
     const std::string arrays = "const " + real + "* src, " + real + "* dst, ";
     std::string text = "// " + title_of(kernel) + ", " + precision_name(kernel.element) +

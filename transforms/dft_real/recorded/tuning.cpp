@@ -1,17 +1,36 @@
 #include "transforms/dft_real/recorded/tuning.hpp"
 
 #include <stdexcept>
-#include <vector>
+
+#include "kernelgen/schedule/rows_of_target.hpp"
 
 namespace dft_real {
 namespace {
 
+using Rows = kernelgen::RowsOfTarget<Element, RecordedTuning>;
+
 // Written by scripts/tune-orders.
-const std::vector<RecordedTuning> kSingleWinners = {
-#include "transforms/dft_real/recorded/tuned_32f.inc"
-};
-const std::vector<RecordedTuning> kDoubleWinners = {
-#include "transforms/dft_real/recorded/tuned_64f.inc"
+const Rows kTables[] = {
+    {kernelgen::kIa32,
+     Element::Real32,
+     {
+#include "transforms/dft_real/recorded/ia32/tuned_32f.inc"
+     }},
+    {kernelgen::kIa32,
+     Element::Real64,
+     {
+#include "transforms/dft_real/recorded/ia32/tuned_64f.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Real32,
+     {
+#include "transforms/dft_real/recorded/x86-64/tuned_32f.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Real64,
+     {
+#include "transforms/dft_real/recorded/x86-64/tuned_64f.inc"
+     }},
 };
 
 }  // namespace
@@ -20,9 +39,9 @@ std::string to_string(Rounding rounding) {
     return rounding == Rounding::Conversion ? "conversion" : "whole register";
 }
 
-Tuning tuning_of(Kind kind, const TableRow& row, Element element) {
+Tuning tuning_of(Kind kind, const TableRow& row, Element element, const kernelgen::Target& target) {
     return tuning_of(kind, row, element,
-                     element == Element::Real32 ? kSingleWinners : kDoubleWinners);
+                     kernelgen::rows_of<Element, RecordedTuning>(kTables, target, element));
 }
 
 Tuning tuning_of(Kind kind, const TableRow& row, Element element,

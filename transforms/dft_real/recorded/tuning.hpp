@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "targets/target.hpp"
 #include "transforms/dft_real/rules/stage_orders.hpp"
 #include "transforms/real_element.hpp"
 
@@ -31,10 +32,10 @@ struct RecordedTuning {
     Tuning tuning;
 };
 
-/** What scripts/tune-orders found fastest for the row's kernel; as by default where nothing has
- * been searched. Throws std::logic_error where it was found for another order of stages than the
- * row's, or stands there twice. */
-Tuning tuning_of(Kind kind, const TableRow& row, Element element);
+/** What scripts/tune-orders found fastest for the row's kernel on the target; as by default where
+ * nothing has been searched. Throws std::logic_error where it was found for another order of stages
+ * than the row's, or stands there twice. */
+Tuning tuning_of(Kind kind, const TableRow& row, Element element, const kernelgen::Target& target);
 Tuning tuning_of(Kind kind, const TableRow& row, Element element,
                  std::span<const RecordedTuning> recorded);
 

@@ -2,8 +2,8 @@
  * @file
  * @brief Writes the sources of the real-input DFT kernels.
  *
- *     describe_dft_real FOLDER [fwd_ccs_32f...]   the kernels and the dispatcher of each part
- *     describe_dft_real --manifest FILE           one line a kernel of all parts
+ *     describe_dft_real TARGET FOLDER [fwd_ccs_32f...]   the kernels and the dispatcher of each
+ * part describe_dft_real TARGET --manifest FILE           one line a kernel of all parts
  */
 
 #include <cctype>
@@ -35,25 +35,27 @@ void for_each_part(const std::function<void(Direction, Layout, Element, const st
     }
 }
 
-void write_sources(const std::filesystem::path& folder, const std::string& part) {
-    for_each_part([&](Direction direction, Layout layout, Element element,
-                      const std::string& name) {
-        if (name != part) return;
-        const std::string end = "_" + suffix(element) + ".cpp";
-        const std::string start = name.substr(0, name.rfind('_') + 1);
-        for (int n : lengths())
-            kernelgen::write_if_changed(folder / (start + std::to_string(n) + end),
-                                        kernel_source(dft_kernel(n, direction, layout, element)));
-        kernelgen::write_if_changed(folder / (name + ".cpp"),
-                                    dispatcher_source(family_of(direction, layout), element));
-    });
+void write_sources(const Target& target, const std::filesystem::path& folder,
+                   const std::string& part) {
+    for_each_part(
+        [&](Direction direction, Layout layout, Element element, const std::string& name) {
+            if (name != part) return;
+            const std::string end = "_" + suffix(element) + ".cpp";
+            const std::string start = name.substr(0, name.rfind('_') + 1);
+            for (int n : lengths())
+                kernelgen::write_if_changed(
+                    folder / (start + std::to_string(n) + end),
+                    kernel_source(dft_kernel(n, direction, layout, element, target)));
+            kernelgen::write_if_changed(folder / (name + ".cpp"),
+                                        dispatcher_source(family_of(direction, layout), element));
+        });
 }
 
-void write_manifest(const std::filesystem::path& file) {
+void write_manifest(const Target& target, const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for_each_part([&](Direction direction, Layout layout, Element element, const std::string&) {
         for (int n : lengths())
-            lines += manifest_line(dft_kernel(n, direction, layout, element)) + "\n";
+            lines += manifest_line(dft_kernel(n, direction, layout, element, target)) + "\n";
     });
     kernelgen::write_if_changed(file, lines);
 }

@@ -1,6 +1,6 @@
 /**
  * @file
- * @brief Writes a real kernel in its most promising forms: tune_real KIND LENGTH TYPE FOLDER
+ * @brief Writes a real kernel in its most promising forms: tune_real TARGET KIND LENGTH TYPE FOLDER
  *
  * KIND is forward (into CCS), inverse (from CCS) or hartley. FOLDER gets 0.cpp and so on; for each
  * its modelled traffic and the row of recorded/tuned_TYPE.inc are printed.
@@ -28,16 +28,16 @@ constexpr const char* kOptions[] = {"", "no-tree-ter"};
 const std::map<std::string, Kind> kKinds = {
     {"forward", Kind::Forward}, {"inverse", Kind::Inverse}, {"hartley", Kind::Hartley}};
 
-RealKernel kernel_of(Kind kind, int length, Element element) {
+RealKernel kernel_of(Kind kind, int length, Element element, const Target& target) {
     switch (kind) {
         case Kind::Forward:
-            return dft_kernel(length, Direction::Forward, Layout::CCS, element);
+            return dft_kernel(length, Direction::Forward, Layout::CCS, element, target);
         case Kind::Inverse:
-            return dft_kernel(length, Direction::Inverse, Layout::CCS, element);
+            return dft_kernel(length, Direction::Inverse, Layout::CCS, element, target);
         case Kind::Hartley:
             break;
     }
-    return hartley::hartley_kernel(length, element);
+    return hartley::hartley_kernel(length, element, target);
 }
 
 std::string row(const RealKernel& kernel) {
@@ -51,11 +51,11 @@ std::string row(const RealKernel& kernel) {
            "\", Rounding::" + rounding + ", \"" + t.option + "\"}},";
 }
 
-void write_forms(Kind kind, int length, Element element, const std::filesystem::path& folder) {
-    RealKernel kernel = kernel_of(kind, length, element);
+void write_forms(Kind kind, int length, Element element, const Target& target,
+                 const std::filesystem::path& folder) {
+    RealKernel kernel = kernel_of(kind, length, element, target);
     std::vector<std::string> orders = {schedule_of(kernel).method};
-    for (const auto& found :
-         kernelgen::search_schedules(kernel.graph, kernelgen::kX86Sse2, kSeeds)) {
+    for (const auto& found : kernelgen::search_schedules(kernel.graph, target, kSeeds)) {
         if (orders.size() < kOrders && found.method != orders.front())
             orders.push_back(found.method);
     }
@@ -75,15 +75,17 @@ void write_forms(Kind kind, int length, Element element, const std::filesystem::
 }  // namespace
 
 int main(int argc, char** argv) {
-    const auto kind = argc == 5 ? kKinds.find(argv[1]) : kKinds.end();
+    const auto kind = argc == 6 ? kKinds.find(argv[2]) : kKinds.end();
     if (kind == kKinds.end()) {
-        std::fprintf(stderr, "usage: %s forward|inverse|hartley LENGTH 32f|64f FOLDER\n", argv[0]);
+        std::fprintf(stderr, "usage: %s TARGET forward|inverse|hartley LENGTH 32f|64f FOLDER\n",
+                     argv[0]);
         return 2;
     }
     try {
         const Element element =
-            argv[3] == suffix(Element::Real32) ? Element::Real32 : Element::Real64;
-        write_forms(kind->second, std::stoi(argv[2]), element, argv[4]);
+            argv[4] == suffix(Element::Real32) ? Element::Real32 : Element::Real64;
+        write_forms(kind->second, std::stoi(argv[3]), element, kernelgen::target_named(argv[1]),
+                    argv[5]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", argv[0], error.what());
         return 1;

@@ -1,5 +1,6 @@
 #include "transforms/walsh_hadamard/recorded/tuning.hpp"
 
+#include "kernelgen/schedule/rows_of_target.hpp"
 #include "transforms/walsh_hadamard/passes.hpp"
 
 namespace walsh_hadamard {
@@ -7,18 +8,36 @@ namespace {
 
 using kernelgen::SettledBody;
 
+using Rows = kernelgen::RowsOfTarget<Element, SettledBody>;
+
 // Written by scripts/tune-orders.
-const std::vector<SettledBody> kSingleOrders = {
-#include "transforms/walsh_hadamard/recorded/tuned_32f.inc"
-};
-const std::vector<SettledBody> kDoubleOrders = {
-#include "transforms/walsh_hadamard/recorded/tuned_64f.inc"
+const Rows kTables[] = {
+    {kernelgen::kIa32,
+     Element::Real32,
+     {
+#include "transforms/walsh_hadamard/recorded/ia32/tuned_32f.inc"
+     }},
+    {kernelgen::kIa32,
+     Element::Real64,
+     {
+#include "transforms/walsh_hadamard/recorded/ia32/tuned_64f.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Real32,
+     {
+#include "transforms/walsh_hadamard/recorded/x86-64/tuned_32f.inc"
+     }},
+    {kernelgen::kX86_64,
+     Element::Real64,
+     {
+#include "transforms/walsh_hadamard/recorded/x86-64/tuned_64f.inc"
+     }},
 };
 
 }  // namespace
 
-const std::vector<SettledBody>& settled_bodies(Element element) {
-    return element == Element::Real32 ? kSingleOrders : kDoubleOrders;
+std::span<const SettledBody> settled_bodies(Element element, const kernelgen::Target& target) {
+    return kernelgen::rows_of<Element, SettledBody>(kTables, target, element);
 }
 
 std::string name_in_table(int order, Element element, const std::string& body) {
@@ -28,8 +47,10 @@ std::string name_in_table(int order, Element element, const std::string& body) {
     return std::to_string(order) + "=" + stages + " " + body;
 }
 
-kernelgen::SettledOrder settled_order(int order, Element element, const std::string& body) {
-    return kernelgen::settled_order(settled_bodies(element), name_in_table(order, element, body));
+kernelgen::SettledOrder settled_order(int order, Element element, const std::string& body,
+                                      const kernelgen::Target& target) {
+    return kernelgen::settled_order(settled_bodies(element, target),
+                                    name_in_table(order, element, body));
 }
 
 }  // namespace walsh_hadamard

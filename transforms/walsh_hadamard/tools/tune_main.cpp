@@ -1,7 +1,7 @@
 /**
  * @file
  * @brief Writes a Walsh-Hadamard kernel with one of its bodies in its most promising orders:
- * tune_walsh_hadamard BODY ORDER TYPE FOLDER
+ * tune_walsh_hadamard TARGET BODY ORDER TYPE FOLDER
  *
  * BODY is transform, row, middle_columns or final_columns; a kernel without it has no candidates.
  * The other bodies are as they are settled. FOLDER gets 0.cpp and so on; for each its modelled
@@ -26,14 +26,14 @@ constexpr std::size_t kOrders = 7;
 constexpr const char* kOptions[] = {"", "no-live-range-shrinkage", "no-tree-ter"};
 
 void write_orders(const std::string& name, int order, Element element,
-                  const std::filesystem::path& folder) {
-    Kernel kernel = proven_kernel(order, element);
+                  const kernelgen::Target& target, const std::filesystem::path& folder) {
+    Kernel kernel = proven_kernel(order, element, target);
     kernelgen::Candidates candidates(folder);
     for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
         Body& body = kernel.bodies[i];
         if (body.name != name) continue;
         const std::vector<kernelgen::Schedule> found =
-            kernelgen::search_schedules(body.graph, kernelgen::kX86Sse2, kSeeds);
+            kernelgen::search_schedules(body.graph, target, kSeeds);
         for (std::size_t rank = 0; rank < std::min(found.size(), kOrders); ++rank) {
             body.method = found[rank].method;
             for (const std::string option : kOptions) {
@@ -50,14 +50,15 @@ void write_orders(const std::string& name, int order, Element element,
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 5) {
-        std::fprintf(stderr, "usage: %s BODY ORDER 32f|64f FOLDER\n", argv[0]);
+    if (argc != 6) {
+        std::fprintf(stderr, "usage: %s TARGET BODY ORDER 32f|64f FOLDER\n", argv[0]);
         return 2;
     }
     try {
         for (Element element : kElements) {
-            if (suffix(element) == argv[3])
-                write_orders(argv[1], std::stoi(argv[2]), element, argv[4]);
+            if (suffix(element) == argv[4])
+                write_orders(argv[2], std::stoi(argv[3]), element, kernelgen::target_named(argv[1]),
+                             argv[5]);
         }
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", argv[0], error.what());

@@ -28,7 +28,7 @@ class PlanInABuffer : public testing::Test {
     Placed place(const FencedMemory& memory, std::int32_t length, std::uint32_t remainder) {
         const auto size = static_cast<std::uint32_t>(size_of_plan(length));
         std::uint8_t* head = memory.end() - size;
-        while (reinterpret_cast<std::uint32_t>(head) % 32 != remainder) --head;
+        while (reinterpret_cast<std::uintptr_t>(head) % 32 != remainder) --head;
         std::memset(head - 64, FencedMemory::kUnwritten,
                     static_cast<std::size_t>(memory.end() - head) + 64);
         Placed placed = {head, head + size, nullptr, false};
@@ -47,13 +47,14 @@ class PlanInABuffer : public testing::Test {
     /** Everything but where the first block stands. */
     static void expect_inside(const FencedMemory& memory, const Placed& placed,
                               std::int32_t length) {
-        const auto remainder = reinterpret_cast<std::uint32_t>(placed.head) % 32;
+        const auto remainder = reinterpret_cast<std::uintptr_t>(placed.head) % 32;
         EXPECT_FALSE(placed.faulted) << length << " at remainder " << remainder;
         EXPECT_TRUE(unwritten(placed.head - 64, placed.head))
             << length << " at remainder " << remainder << " writes before its buffer";
         EXPECT_TRUE(unwritten(placed.end, memory.end()))
             << length << " at remainder " << remainder << " writes behind its buffer";
-        EXPECT_TRUE(unwritten(placed.head + 4, reinterpret_cast<std::uint8_t*>(placed.plan)))
+        EXPECT_TRUE(
+            unwritten(placed.head + sizeof(Arena), reinterpret_cast<std::uint8_t*>(placed.plan)))
             << length << " at remainder " << remainder << " writes into its reserve";
     }
 
@@ -74,6 +75,7 @@ TEST_F(PlanInABuffer, BelowTheMiddleOfTheAddressesStaysInItAtEveryRemainder) {
 }
 
 TEST_F(PlanInABuffer, AboveTheMiddleOfTheAddressesStaysInItOn16ByteBoundaries) {
+    if (sizeof(void*) == 8) GTEST_SKIP() << "addresses of 64 bits have no upper half";
     const FencedMemory memory(Half::Upper, kLargest);
     if (!memory.there()) GTEST_SKIP() << "the system has no memory there";
     for (const std::int32_t length : accepted_lengths(8192)) {
@@ -83,6 +85,7 @@ TEST_F(PlanInABuffer, AboveTheMiddleOfTheAddressesStaysInItOn16ByteBoundaries) {
 }
 
 TEST_F(PlanInABuffer, OfATreeAboveTheMiddleOfTheAddressesStaysInItAtEveryRemainder) {
+    if (sizeof(void*) == 8) GTEST_SKIP() << "addresses of 64 bits have no upper half";
     const FencedMemory memory(Half::Upper, kLargest);
     if (!memory.there()) GTEST_SKIP() << "the system has no memory there";
     for (const std::int32_t length : accepted_lengths(8192)) {
@@ -94,18 +97,20 @@ TEST_F(PlanInABuffer, OfATreeAboveTheMiddleOfTheAddressesStaysInItAtEveryRemaind
 
 // The remainder is that of a signed division: negative there, so that the reserve grows by it.
 TEST_F(PlanInABuffer, AboveTheMiddleOfTheAddressesBeginsOnABoundaryFurtherOn) {
+    if (sizeof(void*) == 8) GTEST_SKIP() << "addresses of 64 bits have no upper half";
     const FencedMemory memory(Half::Upper, kLargest);
     if (!memory.there()) GTEST_SKIP() << "the system has no memory there";
     for (std::uint32_t remainder = 0; remainder < 32; ++remainder) {
         const Placed placed = place(memory, 64, remainder);
         const std::uint32_t reserve = 64 + (remainder == 0 ? 0 : 32 - remainder);
         EXPECT_EQ(placed.head + reserve, reinterpret_cast<std::uint8_t*>(placed.plan)) << remainder;
-        EXPECT_EQ(0U, reinterpret_cast<std::uint32_t>(placed.plan) % 32) << remainder;
+        EXPECT_EQ(0U, reinterpret_cast<std::uintptr_t>(placed.plan) % 32) << remainder;
     }
 }
 
 // What the interface warns of: up to eleven bytes more than told.
 TEST_F(PlanInABuffer, OfALeafAboveTheMiddleOfTheAddressesTakesMoreAtTheFirstElevenRemainders) {
+    if (sizeof(void*) == 8) GTEST_SKIP() << "addresses of 64 bits have no upper half";
     const FencedMemory memory(Half::Upper, kLargest);
     if (!memory.there()) GTEST_SKIP() << "the system has no memory there";
     for (std::uint32_t remainder = 0; remainder < 32; ++remainder) {

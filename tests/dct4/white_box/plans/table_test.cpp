@@ -212,7 +212,7 @@ TEST(Tables, OfRotationsOfAnyFactorAndLength) {
               .coefficients = &compose});
             ASSERT_EQ(0, DCT4(env2_plan)(&node)) << factor;
             const auto& rotations = *static_cast<env4*>(EnvList_get(node.stage, 0));
-            EXPECT_EQ(reinterpret_cast<std::uint32_t>(rotations.table) +
+            EXPECT_EQ(reinterpret_cast<std::uintptr_t>(rotations.table) +
                           32U * word(factor) * word(groups),
                       buffer.arena()->bump);
             EXPECT_EQ(32 * factor * groups,

@@ -16,8 +16,8 @@
 namespace qsvgen_test {
 namespace {
 
-std::vector<Address>& released() {
-    static std::vector<Address> blocks;
+std::vector<const void*>& released() {
+    static std::vector<const void*> blocks;
     return blocks;
 }
 
@@ -30,7 +30,7 @@ extern "C" {
 void __real_qsvgArenaFree(Arena* arena, const void* block, std::uint32_t size);
 
 void __wrap_qsvgArenaFree(Arena* arena, const void* block, std::uint32_t size) {
-    qsvgen_test::released().push_back(reinterpret_cast<qsvgen_test::Address>(block));
+    qsvgen_test::released().push_back(block);
     __real_qsvgArenaFree(arena, block, size);
 }
 }
@@ -41,14 +41,16 @@ namespace {
 using Names = std::vector<std::string>;
 
 /** What stands at each address of a plan. */
-std::map<Address, std::string> names_of(PlanBuffer& plan) {
-    std::map<Address, std::string> names = {{0, "nothing"}};
-    const auto add = [&](const void* block, const char* name) {
-        names[reinterpret_cast<Address>(block)] = name;
+std::map<const void*, std::string> names_of(PlanBuffer& plan) {
+    std::map<const void*, std::string> names = {{nullptr, "nothing"}};
+    const auto add = [&](const void* block, const char* name) { names[block] = name; };
+    const auto address = [](const void* block) {
+        return Address{reinterpret_cast<std::uintptr_t>(block)};
     };
-    const ExpectedPlan expected(plan.root().length, reinterpret_cast<Address>(plan.root().arena),
-                                reinterpret_cast<Address>(&plan.root()));
-    for (const ExpectedBlock& block : expected.blocks()) names[block.address] = block.name;
+    const ExpectedPlan expected(plan.root().length, address(plan.root().arena),
+                                address(&plan.root()));
+    for (const ExpectedBlock& block : expected.blocks())
+        names[reinterpret_cast<const void*>(block.address.value)] = block.name;
     if (plan.root().rule != 6) return names;
     add(plan.root().scratch, "env1 scratch");
     add(plan.rotations().table, "env4 table");
@@ -61,11 +63,11 @@ std::map<Address, std::string> names_of(PlanBuffer& plan) {
 
 Names released_by(std::int32_t length) {
     PlanBuffer plan(length);
-    std::map<Address, std::string> names = names_of(plan);
+    std::map<const void*, std::string> names = names_of(plan);
     released().clear();
     plan.root().destroy(&plan.root());
     Names order;
-    for (const Address block : released()) order.push_back(names[block]);
+    for (const void* block : released()) order.push_back(names[block]);
     return order;
 }
 

@@ -1,9 +1,9 @@
 # The bodies of the DCT-IV are those of the manifest under version control.
 #
-# cmake -D DESCRIBE=<program> -D MANIFEST=<file> -D MADE=<scratch file> -P manifest_test.cmake
+# cmake -D DESCRIBE=<program> -D TARGET=<name> -D MANIFEST=<file> -D MADE=<scratch file> -P manifest_test.cmake
 cmake_minimum_required(VERSION 3.25)
 
-execute_process(COMMAND ${DESCRIBE} --manifest ${MADE} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${DESCRIBE} ${TARGET} --manifest ${MADE} COMMAND_ERROR_IS_FATAL ANY)
 file(STRINGS ${MANIFEST} checked_in)
 file(STRINGS ${MADE} made)
 if(NOT checked_in STREQUAL made)

@@ -2,7 +2,7 @@
 
 /**
  * @file
- * @brief What a plan looks like in memory: every block in the order of allocation, and every word
+ * @brief What a plan looks like in memory: every block in the order of allocation, and every field
  * of every object, worked out from the length alone and without the records of the library.
  */
 
@@ -15,13 +15,29 @@
 
 namespace qsvgen_test {
 
-using Address = std::uint32_t;
+/** A place in memory: what a pointer in a plan holds. */
+struct Address {
+    std::uintptr_t value = 0;
+};
 
-/** Words of one object or list node; those without a value may be anything. */
+/** A number of 32 bits or a pointer in one object or list node; without a value it may be anything.
+ */
+struct Field {
+    Field(std::uint32_t number) : bytes(4), value(number) {}
+    Field(std::int32_t number) : Field(static_cast<std::uint32_t>(number)) {}
+    Field(Address address) : bytes(sizeof(void*)), value(address.value) {}
+    Field(std::optional<std::uint32_t> number) : bytes(4), value(number) {}
+
+    std::size_t bytes;
+    std::optional<std::uint64_t> value;
+    /** Behind which a structure with pointers follows, which begins on their boundary. */
+    bool ends_a_base = false;
+};
+
 struct ExpectedBlock {
     std::string name;
     Address address;
-    std::vector<std::optional<std::uint32_t>> words;
+    std::vector<Field> fields;
 };
 
 class ExpectedPlan {
@@ -39,11 +55,11 @@ class ExpectedPlan {
     static std::int32_t factor_of(std::int32_t length);
 
   private:
-    using Words = std::vector<std::optional<std::uint32_t>>;
+    using Fields = std::vector<Field>;
 
-    Address take(std::uint32_t bytes);
-    Address take_array(std::uint32_t elements);
-    void put(const std::string& name, Address address, Words words);
+    Address take(std::size_t bytes);
+    Address take_array(std::size_t elements);
+    void put(const std::string& name, Address address, Fields fields);
     /** A list of one node for each item; the nodes behind the head stand at the given places. */
     void put_list(const std::string& name, Address head, const std::vector<Address>& items,
                   const std::vector<Address>& nodes);

@@ -31,15 +31,15 @@ inline std::int32_t size_of_plan(std::int32_t length) {
 class ArenaBuffer {
   public:
     explicit ArenaBuffer(std::size_t bytes) : memory_(bytes + 96, kUnwritten) {
-        const auto address = reinterpret_cast<std::uint32_t>(memory_.data());
+        const auto address = reinterpret_cast<std::uintptr_t>(memory_.data());
         head_ = memory_.data() + (32 - address % 32) % 32;
         arena()->bump = start();
     }
 
     std::uint8_t* head() { return head_; }
     Arena* arena() { return reinterpret_cast<Arena*>(head_); }
-    std::uint32_t start() const { return reinterpret_cast<std::uint32_t>(head_) + 64; }
-    std::uint32_t used() { return arena()->bump - start(); }
+    std::uintptr_t start() const { return reinterpret_cast<std::uintptr_t>(head_) + 64; }
+    std::uintptr_t used() { return arena()->bump - start(); }
 
   private:
     static constexpr std::uint8_t kUnwritten = 0xA5;
@@ -89,13 +89,17 @@ inline env9& analyses_of(const env7& split) {
     return *static_cast<env9*>(EnvList_get(split.stage2, 0));
 }
 
+/** Plans of powers of two alone: the 32-bit library makes some that are of no use, too. */
+inline constexpr bool kOnlyPowersOfTwo = sizeof(void*) == 8;
+
 /** The accepted lengths from 2 to `last`: powers of two, and those plus one that are accepted too.
  */
 inline std::vector<std::int32_t> accepted_lengths(std::int32_t last) {
     std::vector<std::int32_t> lengths;
     for (std::int32_t power = 2; power <= last; power *= 2) {
         lengths.push_back(power);
-        if (power >= (kSingle ? 32 : 8) && power < last) lengths.push_back(power + 1);
+        if (!kOnlyPowersOfTwo && power >= (kSingle ? 32 : 8) && power < last)
+            lengths.push_back(power + 1);
     }
     return lengths;
 }

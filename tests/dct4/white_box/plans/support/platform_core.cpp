@@ -28,6 +28,6 @@ extern "C" {
 [[gnu::visibility("default")]] void qsvFree(void* block) {
     auto& core = qsvgen_test::platform_core();
     core.freed.push_back(block);
-    core.heads.push_back(block == nullptr ? 0 : *static_cast<const std::uint32_t*>(block));
+    core.heads.push_back(block == nullptr ? 0 : *static_cast<const std::uintptr_t*>(block));
 }
 }

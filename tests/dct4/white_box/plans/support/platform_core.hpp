@@ -13,7 +13,7 @@ struct PlatformCore {
     std::vector<std::int32_t> sizes;  ///< asked for
     std::vector<void*> blocks;        ///< handed out
     std::vector<void*> freed;
-    std::vector<std::uint32_t> heads;  ///< first words of these when they were freed
+    std::vector<std::uintptr_t> heads;  ///< first words of these when they were freed
 };
 
 PlatformCore& platform_core();

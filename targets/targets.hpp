@@ -1,0 +1,28 @@
+#pragma once
+
+/** @file @brief All targets, each in a file of its own. */
+
+#include <stdexcept>
+#include <string>
+
+#include "targets/ia32.hpp"
+#include "targets/x86_64.hpp"
+
+namespace kernelgen {
+
+inline constexpr Target kTargets[] = {kIa32, kX86_64};
+
+/** The one whose kernels' results are the promise: those of all others have the same bits. */
+inline constexpr const Target& kReference = kTargets[0];
+
+/** Throws std::invalid_argument where there is none of that name. */
+inline const Target& target_named(std::string_view name) {
+    std::string names;
+    for (const Target& target : kTargets) {
+        if (target.name == name) return target;
+        names += " " + std::string(target.name);
+    }
+    throw std::invalid_argument("there is no target " + std::string(name) + "; there are" + names);
+}
+
+}  // namespace kernelgen

@@ -1,0 +1,12 @@
+# The library of this target, and what a compiler must be told of it.
+set(QSVG_MODE "64-bit x86")
+set(QSVG_LIBRARY_NAME qsvgen)
+set(QSVG_SOVERSION 6)
+set(QSVG_TARGET_CODE x64)
+set(QSVG_MULTIARCH x86_64-linux-gnu)
+set(QSVG_DEBIAN_ARCHITECTURE amd64)
+set(QSVG_OPTIONS -ffp-contract=off)
+set(QSVG_RUNTIME_OPTIONS "")
+set(QSVG_DISPATCHER_OPTIONS "")
+set(QSVG_HAS_CORE_LIBRARY FALSE)
+set(QSVG_PACKAGE_NOTE "")
