@@ -97,8 +97,7 @@ Explanation ExplainDct4(const Request& request) {
             "constants of " + kernel.name() + " (as rounded, without signs, and what they mean)";
         if (item.key.step == Step::Synthesis || item.key.step == Step::Dft)
             constants.lines.push_back(
-                {"And cosines and sines of the plan's table: the C library's, at multiples of "
-                 "pi."});
+                {"And cosines and sines of the plan's table, at multiples of pi."});
         explanation.sections.push_back(constants);
     }
     explanation.sections.push_back(TotalOf(work, element));

@@ -1,7 +1,8 @@
 /**
  * @file
  * @brief Contents of the tables to the bit. What is expected comes from the angles that the stages
- * rotate by and from the C library's functions, not from coefficient objects.
+ * rotate by and from MPFR's functions, not from coefficient objects. What is named thorough takes
+ * long: scripts/test --thorough sines.
  */
 
 #include <gtest/gtest.h>
@@ -11,19 +12,23 @@
 #include <cmath>
 #include <numbers>
 
+#include "support/correct_rounding.hpp"
 #include "support/plan_buffer.hpp"
 
 namespace qsvgen_test {
 namespace {
 
-/** The C library's cosine and sine of a multiple of pi; volatile, so that each is a call. */
+/** The multiple of pi that a table's entry is of; volatile, so that each step rounds. */
+Real angle_of(Real x) {
+    const volatile double wide = std::numbers::pi * static_cast<double>(x);
+    const volatile Real angle = static_cast<Real>(wide);
+    return angle;
+}
 Real cosine(Real x) {
-    const volatile Real angle = static_cast<Real>(std::numbers::pi * static_cast<double>(x));
-    return std::cos(angle);
+    return correctly_rounded_cosine(angle_of(x));
 }
 Real sine(Real x) {
-    const volatile Real angle = static_cast<Real>(std::numbers::pi * static_cast<double>(x));
-    return std::sin(angle);
+    return correctly_rounded_sine(angle_of(x));
 }
 
 bool same_bits(Real a, Real b) {
@@ -129,30 +134,29 @@ std::int32_t expect_twiddles(const Real* table, std::int32_t length, std::int32_
     return slots.bytes();
 }
 
-TEST(Tables, OfRotationsHoldTheAnglesOfEachRowAndColumnInTheOrderOfTheKernel) {
-    for (const std::int32_t length : accepted_lengths(1 << 17)) {
-        PlanBuffer plan(length);
-        if (plan.root().rule != 6) continue;
-        const env4& node = plan.rotations();
-        const std::int32_t bytes =
-            expect_rotations(node.table, length, node.blocks * kLanes, node.factor);
-        EXPECT_EQ(32 * node.factor * node.blocks, bytes) << length;
-        const std::int32_t power = length & ~1;
-        EXPECT_EQ(power * static_cast<std::int32_t>(sizeof(Real)), bytes) << length;
+void expect_tables_of(std::int32_t length) {
+    PlanBuffer plan(length);
+    if (plan.root().rule != 6) return;
+    const env4& rotations = plan.rotations();
+    const std::int32_t bytes =
+        expect_rotations(rotations.table, length, rotations.blocks * kLanes, rotations.factor);
+    EXPECT_EQ(32 * rotations.factor * rotations.blocks, bytes) << length;
+    const std::int32_t power = length & ~1;
+    EXPECT_EQ(power * static_cast<std::int32_t>(sizeof(Real)), bytes) << length;
+    for (const env7* split : plan.splits()) {
+        const env8& node = twiddles_of(*split);
+        const std::int32_t bytes_of_twiddles =
+            expect_twiddles(node.table, length, split->subLength, split->factor);
+        EXPECT_EQ((2 * node.factor - 2) * 16 * node.blocks, bytes_of_twiddles) << length;
     }
 }
 
-TEST(Tables, OfTwiddlesHoldTheMultiplesOfEachBlocksAngle) {
-    for (const std::int32_t length : accepted_lengths(1 << 18)) {
-        PlanBuffer plan(length);
-        if (plan.root().rule != 6) continue;
-        for (const env7* split : plan.splits()) {
-            const env8& node = twiddles_of(*split);
-            const std::int32_t bytes =
-                expect_twiddles(node.table, length, split->subLength, split->factor);
-            EXPECT_EQ((2 * node.factor - 2) * 16 * node.blocks, bytes) << length;
-        }
-    }
+TEST(Tables, HoldTheAnglesOfEachRowColumnAndBlockInTheOrderOfTheKernels) {
+    for (const std::int32_t length : accepted_lengths(1 << 18)) expect_tables_of(length);
+}
+
+TEST(ThoroughTables, OfAllPlansTo2To20HoldCorrectlyRoundedSinesAndCosines) {
+    for (const std::int32_t length : accepted_lengths((1 << 20) + 1)) expect_tables_of(length);
 }
 
 // The same angles as the run needs them: a block's theta is (2 block + 1) / (2n) times pi, n being
