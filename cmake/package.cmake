@@ -80,7 +80,7 @@ foreach(component runtime development common)
         EXCLUDE_FROM_ALL)
 endforeach()
 file(WRITE ${PROJECT_BINARY_DIR}/package/overrides
-     "# Sines and cosines are all that it takes from outside, besides the core library.\n"
+     "# The core library is all that it takes from outside.\n"
      "${runtime_package}: library-not-linked-against-libc *lib${QSVG_LIBRARY_NAME}.so.6.1*\n")
 install(
     FILES ${PROJECT_BINARY_DIR}/package/overrides
