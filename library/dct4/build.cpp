@@ -12,6 +12,7 @@
 #include "dct4/operations.hpp"
 #include "dct4/tables.hpp"
 #include "plan/factor_choice.hpp"
+#include "platform/rounding_to_nearest.hpp"
 
 namespace dct4::QSVG_ELEMENT {
 
@@ -88,6 +89,15 @@ QsvStatus split_analyses(Node* node, std::int32_t stride, std::int32_t scratch_l
     return plan_only_child(node->stage, DCT4(env7_plan));
 }
 
+/** Takes and fills the table of an env4 or env8: the same bits in whichever mode the caller is. */
+template <class Node>
+void make_table(Node* node, std::int32_t bytes) {
+    node->table =
+        static_cast<Real*>(qsvgArenaMalloc(node->arena, static_cast<std::uint32_t>(bytes)));
+    const platform::RoundingToNearest rounding;
+    fill_table(*node);
+}
+
 }  // namespace
 
 extern "C" {
@@ -153,10 +163,7 @@ QsvStatus DCT4(env4_plan)(EnvObject* object) {
     auto* const node = static_cast<env4*>(object);
     node->rule = DCT4(env4__chooseRule)(node->factor);
     if (node->rule == 0) return qsvStatusBadLength;
-    const std::int32_t bytes = env4_table_bytes(node->factor, node->blocks);
-    node->table =
-        static_cast<Real*>(qsvgArenaMalloc(node->arena, static_cast<std::uint32_t>(bytes)));
-    fill_table(*node);
+    make_table(node, env4_table_bytes(node->factor, node->blocks));
     return qsvStatusOk;
 }
 
@@ -218,10 +225,7 @@ QsvStatus DCT4(env8_plan)(EnvObject* object) {
     auto* const node = static_cast<env8*>(object);
     node->rule = DCT4(env8__chooseRule)(node->factor);
     if (node->rule == 0) return qsvStatusBadLength;
-    const std::int32_t bytes = env8_table_bytes(node->factor, node->blocks);
-    node->table =
-        static_cast<Real*>(qsvgArenaMalloc(node->arena, static_cast<std::uint32_t>(bytes)));
-    fill_table(*node);
+    make_table(node, env8_table_bytes(node->factor, node->blocks));
     return qsvStatusOk;
 }
 

@@ -151,8 +151,8 @@ TYPED_TEST(CallerModes, WithDenormalsAsZeroDenormalsAloneGiveZeros) {
     });
 }
 
-// MMX registers are these too. Plans are made by the C library, which wants them empty, as every
-// caller of a C function leaves them.
+// MMX registers are these too. A plan is made beforehand, by functions that return a value in one
+// of them and find them empty, as every caller of a function leaves them.
 TYPED_TEST(CallerModes, AllEightX87RegistersInUseAreLeftAsTheyWere) {
     for_each_transform<TypeParam>([&](const auto& transform) {
         for (const std::size_t offset : {0U, 4U}) {
