@@ -21,14 +21,15 @@
  * - Refusal: a refused call of a transform has read, written and allocated nothing. Sample values
  *   are never examined: NaN, infinities and denormals go where the arithmetic takes them.
  * - Threads: no function has state of its own or takes a lock.
- * - Floating-point environment: every sum, product and conversion follows the caller's MXCSR
- *   (rounding, denormals as zero), which is never read or changed but for the exception flags that
- *   arithmetic raises. No transform uses an x87 or MMX register; making a plan may.
+ * - Floating-point environment: every sum, product and conversion of a transform follows the
+ *   caller's MXCSR (rounding, denormals as zero), which is never read or changed but for the
+ *   exception flags that arithmetic raises. No transform uses an x87 or MMX register; making a plan
+ *   may. While a plan is made, its tables are rounded to nearest and nothing traps; then all but
+ *   the exception flags is as the caller had set it, so that a plan is the same in any mode.
  * - The same bits, in whatever way a size is reached: aligned or not, in place or not, by its own
- *   name or by a size that is an argument, in any thread, built by GCC or Clang. That holds for
- *   rounding to nearest and of the DCT-IV up to 32 elements, since longer ones take their tables
- *   from the C library. Of an output that is a NaN it holds that it is one, not which: sign and
- *   payload may differ from one of these ways to the next.
+ *   name or by a size that is an argument, in any thread, built by GCC or Clang, on any processor.
+ *   That holds for rounding to nearest. Of an output that is a NaN it holds that it is one, not
+ *   which: sign and payload may differ from one of these ways to the next.
  */
 #ifndef QSVGEN_H
 #define QSVGEN_H
@@ -441,7 +442,8 @@ QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
  * A buffer larger than told is used only that far. A smaller one is overrun, when the plan is made
  * and when it is run.
  *
- * **Precision.** All sums, products and tables are of the element type.
+ * **Precision.** All sums, products and tables are of the element type. Tables hold sines and
+ * cosines, correctly rounded, of multiples of pi that are rounded before.
  *
  * **Aliasing.** src and dst may be the same array, with the same bits as out of place. A partial
  * overlap, also with the plan, is not supported.

@@ -1,74 +1,31 @@
 /**
  * @file
- * @brief Prints a line "name hash" for each exported transform: print_hashes [--threads N]
+ * @brief Prints a line "name hash" for each exported transform:
+ * print_hashes [--threads N] [--longest LENGTH]
  *
- * Of the DCT-IV a name for each length that needs no sines and cosines of the C library, whose bits
- * are not the library's to promise.
- * A hash is of the outputs of all data and all flags. Aligned arrays, unaligned ones and arrays in
- * place must give the same bits, and so must every thread; where they do not, the transform is
- * named on standard error and the exit status is 1.
+ * Of the DCT-IV a name for each power of two, no longer than told.
+ * A hash is of the outputs of all data and all flags, of long DCT-IVs of fewer data. Aligned
+ * arrays, unaligned ones and arrays in place must give the same bits, and so must every thread;
+ * where they do not, the transform is named on standard error and the exit status is 1.
  */
 
 #include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <map>
-#include <string>
 #include <thread>
 #include <vector>
 
-#include "same_bits/fixed_data.hpp"
-#include "same_bits/fnv.hpp"
-#include "support/dct4_interface.hpp"
+#include "same_bits/dct4_hashes.hpp"
+#include "same_bits/hash_of.hpp"
 #include "support/kernel_table.hpp"
-#include "support/placed_array.hpp"
 #include "support/walsh_hadamard.hpp"
 
 namespace {
 
 using namespace qsvgen_test;
-
-/** By name; a hash of 0 stands for calls that disagree. */
-using Hashes = std::map<std::string, std::uint64_t>;
-
-constexpr std::size_t kOffsets[] = {0, 4, 8, 12};
-
-/** Calls `run(source, destination, flag)` for all data, flags and places; 0 where bits differ. */
-template <class E, class Run>
-std::uint64_t hash_of(std::size_t source_size, std::size_t destination_size, Run run) {
-    using Element = typename E::Element;
-    // NOLINTNEXTLINE(bugprone-sizeof-expression): a complex element has two parts.
-    constexpr std::size_t kParts = sizeof(Element) / sizeof(typename E::Real);
-    same_bits::Fnv hash;
-    bool agree = true;
-    same_bits::for_each_signal([&](same_bits::Data data, int number) {
-        const auto parts = same_bits::parts<typename E::Real>(source_size * kParts, data, number);
-        std::vector<Element> x(source_size);
-        std::memcpy(x.data(), parts.data(), source_size * sizeof(Element));
-        for (const std::int32_t flag : kFlags) {
-            std::vector<Element> first;
-            const auto check = [&](QsvStatus status, const std::vector<Element>& y) {
-                if (first.empty()) first = y;
-                agree = agree && status == qsvStatusOk &&
-                        std::memcmp(y.data(), first.data(), y.size() * sizeof(Element)) == 0;
-            };
-            for (const std::size_t offset : kOffsets) {
-                PlacedArray<Element> source(source_size, offset);
-                PlacedArray<Element> destination(destination_size, offset);
-                source.set(x);
-                const QsvStatus status = run(source.data(), destination.data(), flag);
-                check(status, destination.get());
-                PlacedArray<Element> array(std::max(source_size, destination_size), offset);
-                array.set(x);
-                const QsvStatus status_in_place = run(array.data(), array.data(), flag);
-                check(status_in_place, array.get(destination_size));
-            }
-            hash.add(first.data(), first.size() * sizeof(Element));
-        }
-    });
-    return agree ? hash.value() : 0;
-}
+using same_bits::hash_of;
+using same_bits::Hashes;
 
 template <class E>
 void add_kernels(Hashes& hashes) {
@@ -88,23 +45,7 @@ void add_orders(Hashes& hashes) {
     }
 }
 
-template <class E>
-void add_dct4(Hashes& hashes) {
-    using Functions = Dct4Interface<E>;
-    for (const std::int32_t length : {2, 4, 8, 16, 32}) {
-        alignas(16) std::uint8_t buffer[224];
-        typename Functions::Plan* plan = nullptr;
-        Functions::kInit(&plan, length, buffer);
-        const auto size = static_cast<std::size_t>(length);
-        const auto run = [&](const auto* src, auto* dst, std::int32_t) {
-            return Functions::kRun(src, dst, plan);
-        };
-        hashes[std::string("qsvgDCT4_") + E::kSuffix + "_of_" + std::to_string(length)] =
-            hash_of<E>(size, size, run);
-    }
-}
-
-Hashes all_hashes() {
+Hashes all_hashes(std::int32_t longest) {
     Hashes hashes;
     add_kernels<Single>(hashes);
     add_kernels<Double>(hashes);
@@ -112,16 +53,19 @@ Hashes all_hashes() {
     add_kernels<RealDouble>(hashes);
     add_orders<RealSingle>(hashes);
     add_orders<RealDouble>(hashes);
-    add_dct4<RealSingle>(hashes);
-    add_dct4<RealDouble>(hashes);
+    same_bits::add_short_dct4(hashes, longest);
     return hashes;
 }
 
-std::vector<Hashes> hashes_by_thread(int count) {
+std::vector<Hashes> hashes_by_thread(int count, std::int32_t longest) {
     std::vector<Hashes> hashes(static_cast<std::size_t>(count));
     std::vector<std::thread> threads;
-    for (Hashes& own : hashes) threads.emplace_back([&own] { own = all_hashes(); });
+    for (Hashes& own : hashes) threads.emplace_back([&own, longest] { own = all_hashes(longest); });
     for (std::thread& thread : threads) thread.join();
+    // Once, since their plans fill the memory of a 32-bit program.
+    Hashes long_ones;
+    same_bits::add_long_dct4(long_ones, longest);
+    for (Hashes& own : hashes) own.insert(long_ones.begin(), long_ones.end());
     return hashes;
 }
 
@@ -144,10 +88,18 @@ int print(const std::vector<Hashes>& all) {
 
 int main(int argc, char** argv) {
     int threads = 1;
-    if (argc == 3 && std::strcmp(argv[1], "--threads") == 0) threads = std::atoi(argv[2]);
-    if ((argc != 1 && argc != 3) || threads < 1) {
-        std::fprintf(stderr, "usage: %s [--threads N]\n", argv[0]);
+    int longest = same_bits::kLongestDct4;
+    bool understood = argc % 2 == 1;
+    for (int i = 1; understood && i < argc; i += 2) {
+        int* const option = std::strcmp(argv[i], "--threads") == 0   ? &threads
+                            : std::strcmp(argv[i], "--longest") == 0 ? &longest
+                                                                     : nullptr;
+        if (option != nullptr) *option = std::atoi(argv[i + 1]);
+        understood = option != nullptr && *option >= 1;
+    }
+    if (!understood) {
+        std::fprintf(stderr, "usage: %s [--threads N] [--longest LENGTH]\n", argv[0]);
         return 2;
     }
-    return print(hashes_by_thread(threads));
+    return print(hashes_by_thread(threads, longest));
 }
