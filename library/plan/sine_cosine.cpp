@@ -9,7 +9,7 @@
 namespace plan {
 namespace {
 
-/** Beyond it the products of the reduction were no longer exact. */
+/** Up to twice as much the products of the reduction are exact. */
 constexpr Real64 kLargestMultipleOfPi = 4;
 
 constexpr std::int32_t kSine = 0;
