@@ -51,7 +51,18 @@ TEST(PlanSize, IsTheKnownOne) {
                                           {65536, 820000, 1606432},
                                           {131072, 2164960, 4262112},
                                           {1073741824, 536874336, 536874336}};
-    const std::vector<Case> of_64_bits = {};
+    // A leaf takes 32 bytes more, a tree 192 and 96 for each of its splits.
+    const std::vector<Case> of_64_bits = {{2, 256, 256},
+                                          {4, 256, 256},
+                                          {32, 256, 256},
+                                          {64, 1824, 2336},
+                                          {128, 2336, 3360},
+                                          {256, 3360, 5408},
+                                          {2048, 17696, 34080},
+                                          {4096, 53056, 102208},
+                                          {8192, 104256, 202560},
+                                          {65536, 820288, 1606720},
+                                          {131072, 2165344, 4262496}};
     for (const auto& [length, single, doubled] : kOnlyPowersOfTwo ? of_64_bits : of_32_bits)
         EXPECT_EQ(kSingle ? single : doubled, size_or_refusal(length)) << length;
 }
@@ -61,6 +72,8 @@ TEST(PlanSize, IsRefusedForTheKnownLengths) {
         EXPECT_EQ(kUntouched, size_or_refusal(length)) << length;
     EXPECT_EQ(kSingle || kOnlyPowersOfTwo, size_or_refusal(9) == kUntouched);
     EXPECT_EQ(kSingle || kOnlyPowersOfTwo, size_or_refusal(17) == kUntouched);
+    EXPECT_EQ(kOnlyPowersOfTwo, size_or_refusal(33) == kUntouched);
+    EXPECT_EQ(kOnlyPowersOfTwo, size_or_refusal(1 << 30) == kUntouched);
     EXPECT_EQ(kUntouched, size_or_refusal(kSingle ? 1 << 27 : 1 << 26));
     EXPECT_NE(kUntouched, size_or_refusal(kSingle ? 1 << 26 : 1 << 25));
 }

@@ -50,8 +50,8 @@ TEST(PlanTree, EndsWhereTheKnownOnesEnd) {
     EXPECT_EQ(small ? 224U : 256U, end_of(2));
     EXPECT_EQ(small ? 224U : 256U, end_of(32));
     if (!kSingle) return;
-    EXPECT_EQ(small ? 1408U : 1664U, end_of(64));
-    EXPECT_EQ(small ? 52384U : 52768U, end_of(4096));
+    EXPECT_EQ(small ? 1408U : 1600U, end_of(64));
+    EXPECT_EQ(small ? 52384U : 52672U, end_of(4096));
 }
 
 TEST(PlanTree, OfTheShortLengthsIsTheRootAlone) {

@@ -58,4 +58,14 @@ void interpret_syntheses(const InterpretedSynthesis& where, const Real* table, c
 /** Destination of the whole transform, whose elements were `unwritten` before. */
 Memory interpreted_transform(PlanBuffer& plan, const Memory& source, double unwritten);
 
+inline Memory as_memory(const Signal& x) {
+    return {x.begin(), x.end()};
+}
+
+inline Signal as_signal(const Memory& y) {
+    Signal signal;
+    for (double value : y) signal.push_back(static_cast<Real>(value));
+    return signal;
+}
+
 }  // namespace qsvgen_test
