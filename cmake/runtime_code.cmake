@@ -15,8 +15,8 @@ target_compile_options(
               # Each sum and product is an operation of its own, scalar code stays scalar, and the
               # order of the kernel compiler stands.
               $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize;-fno-tree-slp-vectorize;-fno-schedule-insns>
-              # Five percent off the time of a kernel, measured over all lengths: GCC's allocator copies
-              # vectors needlessly on eight registers.
+              # Five percent off the time of a kernel on eight registers, one on sixteen, measured over all
+              # lengths: GCC's allocator copies vectors needlessly.
               $<$<CXX_COMPILER_ID:GNU>:-frename-registers;-flive-range-shrinkage>
               $<$<CXX_COMPILER_ID:Clang>:-fno-vectorize;-fno-slp-vectorize>
               ${QSVG_RUNTIME_OPTIONS}
@@ -35,6 +35,7 @@ endif()
 # Kernels that work on one value at a time.
 add_library(scalar_runtime_code INTERFACE)
 target_link_libraries(scalar_runtime_code INTERFACE runtime_code)
+target_compile_options(scalar_runtime_code INTERFACE ${QSVG_SCALAR_OPTIONS})
 
 # A dispatcher jumps straight to its kernels: without a procedure linkage table the linker can bind
 # the jumps inside the library.

@@ -9,6 +9,7 @@ set(QSVG_OPTIONS -msse2 -mfpmath=sse -ffp-contract=off)
 # Callers may come with a stack on a 4-byte boundary.
 set(QSVG_RUNTIME_OPTIONS $<$<CXX_COMPILER_ID:GNU>:-mincoming-stack-boundary=2>
                          $<$<CXX_COMPILER_ID:Clang>:-mstackrealign>)
+set(QSVG_SCALAR_OPTIONS "")
 # A dispatcher leaves the stack as it finds it, since no kernel trusts it.
 set(QSVG_DISPATCHER_OPTIONS $<$<CXX_COMPILER_ID:GNU>:-mpreferred-stack-boundary=2>
                             $<$<CXX_COMPILER_ID:Clang>:-mno-stackrealign$<SEMICOLON>-mstack-alignment=4>)

@@ -24,7 +24,7 @@ using namespace dft_real;
 constexpr int kSeeds = 8;
 constexpr std::size_t kOrders = 3;
 // Of GCC's register allocator and what runs before it; each is the best one for some kernels.
-constexpr const char* kOptions[] = {"", "no-tree-ter"};
+constexpr const char* kOptions[] = {"", "no-tree-ter", "no-schedule-insns2"};
 const std::map<std::string, Kind> kKinds = {
     {"forward", Kind::Forward}, {"inverse", Kind::Inverse}, {"hartley", Kind::Hartley}};
 
