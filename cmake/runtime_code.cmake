@@ -24,7 +24,7 @@ target_compile_options(
               -fno-sanitize=alignment)
 if(NOT QSVG_HAS_CORE_LIBRARY)
     # Its functions are the library's own, and hidden.
-    target_compile_definitions(runtime_code INTERFACE QSVCORE_API=)
+    target_compile_definitions(runtime_code INTERFACE QSVCORE_IS_INSIDE)
 endif()
 # Calls in place of instructions written out: kernels are long, and mostly loads and stores.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "sanitize")
@@ -32,10 +32,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "sanitize")
         runtime_code INTERFACE "SHELL:--param asan-instrumentation-with-call-threshold=0")
 endif()
 
-# Kernels that work on one value at a time.
-add_library(scalar_runtime_code INTERFACE)
-target_link_libraries(scalar_runtime_code INTERFACE runtime_code)
-target_compile_options(scalar_runtime_code INTERFACE ${QSVG_SCALAR_OPTIONS})
+# Kernels that work on one value at a time; linked behind runtime_code, whose options it takes back.
+add_library(scalar_code INTERFACE)
+target_compile_options(scalar_code INTERFACE ${QSVG_SCALAR_OPTIONS})
 
 # A dispatcher jumps straight to its kernels: without a procedure linkage table the linker can bind
 # the jumps inside the library.

@@ -15,7 +15,8 @@
 extern "C" {
 #endif
 
-#if defined(QSVCORE_API)
+#if defined(QSVCORE_IS_INSIDE)
+#define QSVCORE_API
 #elif defined(__GNUC__)
 #define QSVCORE_API __attribute__((visibility("default")))
 #else
