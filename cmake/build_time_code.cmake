@@ -1,13 +1,14 @@
 # Options of code that runs during the build, in tests and in examples.
 
-# Sources are generated alike by all builds, so that a slow one may take another's programs for it.
+# Sources are generated alike by all builds, so that one may take another's programs for it. What runs
+# during a build is tested in that other one, then.
 set(QSVG_DESCRIBED_BY "" CACHE PATH "Build folder whose programs write the generated sources; if empty, this")
 
 add_library(build_time_code INTERFACE)
 target_compile_features(build_time_code INTERFACE cxx_std_20)
 target_compile_options(
     build_time_code INTERFACE # Built more often than run, where all time goes into libraries.
-                              $<IF:$<BOOL:${QSVG_DESCRIBED_BY}>,-O0,-O1> -Wall -Wextra
+                              $<IF:$<AND:$<BOOL:${SANITIZED}>,$<BOOL:${QSVG_DESCRIBED_BY}>>,-O0,-O1> -Wall -Wextra
                               # GCC 12 sees overlaps and overflows in the joining of short strings.
                               $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>)
 
