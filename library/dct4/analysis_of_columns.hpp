@@ -79,14 +79,15 @@ struct DirectColumns {
 template <int kRule, int kRow>
 [[gnu::always_inline]] inline void analyse_direct(const AnalysisOfColumns& columns,
                                                   const ColumnGroups& where) {
-    const Real* const forward = columns.source + where.offset;
-    const Real* const backward =
-        columns.source + (first_backward<kRule>(kRow, where) - (kLanes - 1));
-    Real* const row = columns.destination + where.column;
-    const std::int32_t end = where.groups * kLanes;
-    QSVG_WRITTEN_OUT_ONCE for (std::int32_t i = 0; i < end; i += kLanes) {
-        const DirectColumns<kRule, kRow> direct{forward + i, backward - i, row + i};
+    DirectColumns<kRule, kRow> direct{columns.source + where.offset,
+                                      columns.source + (first_backward<kRule>(kRow, where) + 1),
+                                      columns.destination + where.column};
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < where.groups; ++i) {
+        // First, so that behind the last group no pointer stands before its array.
+        direct.backward -= kLanes;
         Analysis<kRule>::run(direct, direct);
+        direct.forward += kLanes;
+        direct.row += kLanes;
     }
 }
 

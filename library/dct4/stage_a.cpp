@@ -20,13 +20,14 @@ template <int kRule>
         analyse_batch<kRule>(columns, batch_of(node, i), batches);
 }
 
+/** A function for each rule, so that the registers of one are not those of another. */
 template <int kRule>
-void analyse(const env5& node, const Real* source, Real* destination) {
+[[gnu::noinline]] void analyse(const env5& node, const Real* source, Real* destination) {
     const int row = node.twoFactor;
     const AnalysisOfColumns columns{source, destination, row, row / 2};
     const ColumnGroups all{0, node.lastIndex, 0, node.inner};
     // Rows of the plans without a split are addressed by constants.
-    const auto analyse_rows_of = [&]<int kLength>() {
+    const auto analyse_rows_of = [&]<int kLength>() __attribute__((always_inline)) {
         constexpr PlanShape kShape = plan_shape(kLength);
         if constexpr (kShape.analysis_rule() == kRule) {
             if (row == kShape.row()) {
