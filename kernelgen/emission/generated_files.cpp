@@ -1,13 +1,13 @@
 #include "kernelgen/emission/generated_files.hpp"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <vector>
 
+#include "kernelgen/values/fnv.hpp"
 #include "targets/targets.hpp"
 
 namespace kernelgen {
@@ -25,11 +25,7 @@ void write_if_changed(const std::filesystem::path& path, const std::string& text
 }
 
 std::string hash_of(const std::string& text) {
-    std::uint64_t hash = 14695981039346656037ULL;
-    for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ULL;
-    char digits[20];
-    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
-    return digits;
+    return hexadecimal(fnv_1a(text));
 }
 
 int describe(int argc, char** argv, const Describer& describer) {

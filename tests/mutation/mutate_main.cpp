@@ -4,7 +4,8 @@
  * proof or a comparison of bits catches.
  *
  * The proof sees the matrix, unrounded; bits are compared over the fixed data whose transforms are
- * promised. The exit status is 1 where less than 99.5 % are caught.
+ * promised. The exit status is 1 where less than 99.5 % are caught. Values, too, are compared:
+ * whose bits are others must have others, or they would prove what is not so.
  */
 
 #include <bit>
@@ -18,6 +19,7 @@
 
 #include "kernelgen/proof/bit_interpreter.hpp"
 #include "kernelgen/proof/proof.hpp"
+#include "kernelgen/values/unfold.hpp"
 #include "mutation/mutant.hpp"
 #include "same_bits/fixed_data.hpp"
 #include "transforms/dft_complex/kernels/complex_kernel.hpp"
@@ -160,25 +162,35 @@ bool is_proven(const Sample& sample, const Graph& graph) {
            Wide("1e-28");
 }
 
+bool have_same_values(const Graph& a, const Graph& b) {
+    kernelgen::ValueGraph values;
+    const kernelgen::Outputs outputs = kernelgen::unfold(a, values);
+    return outputs == kernelgen::unfold(b, values);
+}
+
 struct Score {
     int mutants = 0;
     int by_proof = 0;
     int by_bits = 0;
     int caught = 0;
+    int by_values = 0;
 
     void add(const Score& other) {
         mutants += other.mutants;
         by_proof += other.by_proof;
         by_bits += other.by_bits;
         caught += other.caught;
+        by_values += other.by_values;
     }
     double share() const { return static_cast<double>(caught) / mutants; }
 };
 
 void print(const char* what, const Score& score) {
-    std::printf("%-24s %6d mutants, caught by the proof %6d, by bits %6d, by either %6d: %.2f %%\n",
-                what, score.mutants, score.by_proof, score.by_bits, score.caught,
-                100 * score.share());
+    std::printf(
+        "%-24s %6d mutants, caught by the proof %6d, by bits %6d, by either %6d: %.2f %%; "
+        "by values %6d\n",
+        what, score.mutants, score.by_proof, score.by_bits, score.caught, 100 * score.share(),
+        score.by_values);
 }
 
 using Scores = std::map<Change, Score>;
@@ -194,7 +206,13 @@ void mutate(const Sample& sample, Scores& scores) {
             if (!changed) continue;
             const bool proof = !is_proven(sample, *changed);
             const bool bits = !have_same_bits(right, outputs_of(sample, *changed));
-            scores[change].add({1, proof ? 1 : 0, bits ? 1 : 0, proof || bits ? 1 : 0});
+            const bool values = !have_same_values(sample.graph, *changed);
+            scores[change].add(
+                {1, proof ? 1 : 0, bits ? 1 : 0, proof || bits ? 1 : 0, values ? 1 : 0});
+            if (bits && !values)
+                throw std::runtime_error(
+                    sample.name + ": a change (" + mutation::to_string(change) + ") at node " +
+                    std::to_string(id) + " gives other bits from the same values");
             if (!proof && !bits)
                 std::printf("%s: nothing catches a change (%s) at node %d\n", sample.name.c_str(),
                             mutation::to_string(change).c_str(), id);

@@ -2,6 +2,7 @@
 
 #include "tests/dft_real/white_box/support/constant_checks.hpp"
 #include "tests/hartley/white_box/support/all_kernels.hpp"
+#include "tests/kernelgen/support/unfolded_bits.hpp"
 #include "transforms/dft_real/kernels/real_kernel_source.hpp"
 
 // The Hartley kernels: which constants they hold, how they are written.
@@ -32,6 +33,12 @@ TEST(HartleyKernels, OfCoprimeLengthsHoldNoConstantsButThoseOfTheirFactors) {
         const RealKernel& one = kernel(length, Element::Real32);
         EXPECT_EQ(dft_real_test::foreign_constants(one), Magnitudes{}) << one.name();
     }
+}
+
+TEST(HartleyKernels, HaveValuesThatGiveTheirBits) {
+    for_each_kernel([](const RealKernel& kernel) {
+        kernelgen_test::expect_unfolded_bits(kernel.graph, transforms::scalar_type(kernel.element));
+    });
 }
 
 TEST(HartleyKernels, AreNamedByLengthAndElement) {
