@@ -41,8 +41,9 @@ Kernel described_kernel(int order, Element element,
                         const kernelgen::Target& target = kernelgen::kReference);
 
 /**
- * Each body, as it is emitted, is the Hadamard matrix over its vectors, and the passes together are
- * the reference sequence sum by sum; else throws std::runtime_error.
+ * Each body, as it is emitted, is the Hadamard matrix over its vectors, else throws
+ * std::runtime_error; and the passes together are the reference sequence sum by sum, else throws
+ * std::logic_error.
  */
 void prove(const Kernel& kernel);
 
