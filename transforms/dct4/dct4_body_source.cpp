@@ -2,6 +2,7 @@
 
 #include "kernelgen/emission/emission.hpp"
 #include "kernelgen/emission/generated_files.hpp"
+#include "kernelgen/values/value_hash.hpp"
 
 namespace dct4 {
 namespace {
@@ -79,7 +80,7 @@ std::string kernel_source(const Kernel& kernel) {
 
 std::string manifest_header() {
     return "kernel,sums,differences,products,shuffles,loads,stores,order,modelled_stack_accesses,"
-           "hash";
+           "hash,values";
 }
 
 std::string manifest_line(const Kernel& kernel) {
@@ -89,7 +90,8 @@ std::string manifest_line(const Kernel& kernel) {
     for (int value : {c.sums, c.differences, c.products, c.shuffles, c.loads, c.stores})
         line += "," + to_string(value);
     return line + "," + schedule.method + "," + to_string(schedule.traffic.stack_accesses) + "," +
-           kernelgen::hash_of(kernel_source(kernel));
+           kernelgen::hash_of(kernel_source(kernel)) + "," +
+           kernelgen::hash_of_values(kernel.graph);
 }
 
 }  // namespace dct4

@@ -12,7 +12,7 @@ std::string kernel_source(const Kernel& kernel);
 /** Names the columns of manifest_line. */
 std::string manifest_header();
 
-/** One line of the manifest: counts, schedule and a hash of the source. */
+/** One line of the manifest: counts, schedule, hashes of the source and of the values. */
 std::string manifest_line(const Kernel& kernel);
 
 }  // namespace dct4

@@ -4,6 +4,7 @@
 #include "kernelgen/emission/generated_files.hpp"
 #include "kernelgen/emission/spelling.hpp"
 #include "transforms/walsh_hadamard/scales.hpp"
+#include "transforms/walsh_hadamard/sequence.hpp"
 
 namespace walsh_hadamard {
 namespace {
@@ -198,7 +199,7 @@ std::string dispatcher_source(Element element) {
 
 std::string manifest_header() {
     return "kernel,stages,buffer_bytes,sums,differences,products,shuffles,loads,stores,orders,"
-           "modelled_stack_accesses,option,hash";
+           "modelled_stack_accesses,option,hash,values";
 }
 
 std::string manifest_line(const Kernel& kernel) {
@@ -211,7 +212,7 @@ std::string manifest_line(const Kernel& kernel) {
     for (const Body& body : kernel.bodies)
         stack_accesses += schedule_of(body, kernel.target).traffic.stack_accesses;
     line += ",\"" + orders_text(kernel) + "\"," + to_string(stack_accesses) + "," + kernel.option;
-    return line + "," + kernelgen::hash_of(kernel_source(kernel));
+    return line + "," + kernelgen::hash_of(kernel_source(kernel)) + "," + hash_of_values(kernel);
 }
 
 }  // namespace walsh_hadamard

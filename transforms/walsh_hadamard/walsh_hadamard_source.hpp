@@ -15,7 +15,8 @@ std::string dispatcher_source(Element element);
 /** Names the columns of manifest_line. */
 std::string manifest_header();
 
-/** One line of the manifest: stages, counts, schedules and a hash of the source. */
+/** One line of the manifest: stages, counts, schedules, hashes of the source and of the
+ * values. */
 std::string manifest_line(const Kernel& kernel);
 
 }  // namespace walsh_hadamard

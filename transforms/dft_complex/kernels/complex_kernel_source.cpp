@@ -5,6 +5,7 @@
 #include "kernelgen/emission/spelling.hpp"
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/schedule/schedule.hpp"
+#include "kernelgen/values/value_hash.hpp"
 #include "transforms/dft_complex/small_transforms/short_lengths.hpp"
 
 namespace dft_complex {
@@ -155,7 +156,7 @@ std::string kernel_source(const Kernel& kernel) {
 std::string manifest_header() {
     return "kernel,rule,sums,differences,products,table_sums,table_products,wide_sums,"
            "wide_differences,wide_products,flips,shuffles,loads,stores,order,"
-           "modelled_stack_accesses,lanes,option,hash";
+           "modelled_stack_accesses,lanes,option,hash,values";
 }
 
 std::string manifest_line(const Kernel& kernel) {
@@ -170,7 +171,8 @@ std::string manifest_line(const Kernel& kernel) {
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses) + ",";
     for (const LaneChoice& choice : kernel.choices)
         line += (&choice == kernel.choices.data() ? "" : " ") + choice.to_string();
-    return line + "," + kernel.option + "," + kernelgen::hash_of(kernel_source(kernel));
+    return line + "," + kernel.option + "," + kernelgen::hash_of(kernel_source(kernel)) + "," +
+           kernelgen::hash_of_values(kernel.graph);
 }
 
 std::string dispatcher_source(Direction direction, Element element) {

@@ -9,7 +9,7 @@ namespace dft_complex {
 /** The C++ file of one kernel: constants, arithmetic, the exported function and its twin. */
 std::string kernel_source(const Kernel& kernel);
 
-/** One line of the manifest: rule, counts, schedule and a hash of the source. */
+/** One line of the manifest: rule, counts, schedule, hashes of the source and of the values. */
 std::string manifest_line(const Kernel& kernel);
 
 /** Names the columns of manifest_line. */

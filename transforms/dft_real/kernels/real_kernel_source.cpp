@@ -2,6 +2,7 @@
 
 #include "kernelgen/emission/emission.hpp"
 #include "kernelgen/emission/generated_files.hpp"
+#include "kernelgen/values/value_hash.hpp"
 
 namespace dft_real {
 namespace {
@@ -100,7 +101,8 @@ std::string dispatcher_source(const Family& family, Element element) {
 
 std::string manifest_header() {
     return "kernel,sums,products,table_sums,table_products,outputs_scaled_in_rows,doubled_inputs,"
-           "wide_sums,conversions,loads,stores,order,modelled_stack_accesses,rounding,option,hash";
+           "wide_sums,conversions,loads,stores,order,modelled_stack_accesses,rounding,option,hash,"
+           "values";
 }
 
 std::string manifest_line(const RealKernel& kernel) {
@@ -115,7 +117,8 @@ std::string manifest_line(const RealKernel& kernel) {
         line += "," + std::to_string(number);
     line += "," + schedule.method + "," + std::to_string(schedule.traffic.stack_accesses);
     line += "," + to_string(kernel.tuning.rounding) + "," + kernel.tuning.option;
-    return line + "," + kernelgen::hash_of(kernel_source(kernel));
+    return line + "," + kernelgen::hash_of(kernel_source(kernel)) + "," +
+           kernelgen::hash_of_values(kernel.graph);
 }
 
 }  // namespace dft_real

@@ -15,7 +15,8 @@ std::string dispatcher_source(const Family& family, Element element);
 /** Names the columns of manifest_line. */
 std::string manifest_header();
 
-/** One line of the manifest: counts beside those of the table, schedule, a hash of the source. */
+/** One line of the manifest: counts beside those of the table, schedule, hashes of the source and
+ * of the values. */
 std::string manifest_line(const RealKernel& kernel);
 
 }  // namespace dft_real
