@@ -1,6 +1,7 @@
 #include "transforms/dft_real/kernels/real_dft_kernel.hpp"
 
 #include "transforms/dft_real/decompositions/real_dft.hpp"
+#include "transforms/dft_real/kernels/layout_values.hpp"
 
 namespace dft_real {
 namespace {
@@ -40,6 +41,11 @@ Graph inverse_network(int N, Layout layout) {
     return graph;
 }
 
+Graph network(int N, Direction direction, Layout layout) {
+    return direction == Direction::Forward ? forward_network(N, layout)
+                                           : inverse_network(N, layout);
+}
+
 /** What an element of a layout holds: a part of a bin, or nothing. */
 struct Part {
     int bin;
@@ -55,6 +61,33 @@ std::vector<Part> parts_of(int N, Layout layout) {
     return parts;
 }
 
+/** The kernel, proven to be its matrix. */
+RealKernel proven_matrix(int N, Direction direction, Layout layout, Element element,
+                         const Target& target) {
+    const Family family = family_of(direction, layout);
+    const std::vector<Part> parts = parts_of(N, layout);
+    const auto spectrum_length = static_cast<int>(parts.size());
+    if (direction == Direction::Forward) {
+        const auto entry = [&](int element, int n) -> Wide {
+            const Part part = parts[at(element)];
+            if (part.bin < 0) return 0;
+            const ExactComplex w = ExactComplex::forward_root(static_cast<long>(part.bin) * n, N);
+            return part.imaginary ? w.im.value() : w.re.value();
+        };
+        return proven(family, N, element, network(N, direction, layout), N, spectrum_length, entry,
+                      target);
+    }
+    const auto entry = [&](int n, int element) -> Wide {
+        const Part part = parts[at(element)];
+        if (part.bin < 0) return 0;
+        const ExactComplex w = ExactComplex::forward_root(-static_cast<long>(part.bin) * n, N);
+        const int times = is_complex(N, part.bin) ? 2 : 1;
+        return times * (part.imaginary ? Wide(-w.im.value()) : w.re.value());
+    };
+    return proven(family, N, element, network(N, direction, layout), spectrum_length, N, entry,
+                  target);
+}
+
 }  // namespace
 
 Family family_of(Direction direction, Layout layout) {
@@ -66,30 +99,17 @@ Family family_of(Direction direction, Layout layout) {
             Kind::Inverse};
 }
 
+RealKernel described_dft_kernel(int N, Direction direction, Layout layout, Element element,
+                                const Target& target) {
+    return described(family_of(direction, layout), N, element, network(N, direction, layout),
+                     target);
+}
+
 RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element,
                       const Target& target) {
-    const Family family = family_of(direction, layout);
-    const std::vector<Part> parts = parts_of(N, layout);
-    const auto spectrum_length = static_cast<int>(parts.size());
-    if (direction == Direction::Forward) {
-        const auto entry = [&](int element, int n) -> Wide {
-            const Part part = parts[at(element)];
-            if (part.bin < 0) return 0;
-            const ExactComplex w = ExactComplex::forward_root(static_cast<long>(part.bin) * n, N);
-            return part.imaginary ? w.im.value() : w.re.value();
-        };
-        return proven(family, N, element, forward_network(N, layout), N, spectrum_length, entry,
-                      target);
-    }
-    const auto entry = [&](int n, int element) -> Wide {
-        const Part part = parts[at(element)];
-        if (part.bin < 0) return 0;
-        const ExactComplex w = ExactComplex::forward_root(-static_cast<long>(part.bin) * n, N);
-        const int times = is_complex(N, part.bin) ? 2 : 1;
-        return times * (part.imaginary ? Wide(-w.im.value()) : w.re.value());
-    };
-    return proven(family, N, element, inverse_network(N, layout), spectrum_length, N, entry,
-                  target);
+    RealKernel kernel = proven_matrix(N, direction, layout, element, target);
+    prove_same_values_as_ccs(kernel, direction, layout);
+    return kernel;
 }
 
 }  // namespace dft_real

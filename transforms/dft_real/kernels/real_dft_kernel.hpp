@@ -15,7 +15,12 @@ inline constexpr Direction kDirections[] = {Direction::Forward, Direction::Inver
 
 Family family_of(Direction direction, Layout layout);
 
-/** The kernel of `length`, proven against the definition of the DFT. */
+/** The kernel of `length`, before anything of it has been proven. */
+RealKernel described_dft_kernel(int length, Direction direction, Layout layout, Element element,
+                                const Target& target = kernelgen::kReference);
+
+/** The kernel of `length`, proven against the definition of the DFT, and to have the values of the
+ * kernel of the CCS layout. */
 RealKernel dft_kernel(int length, Direction direction, Layout layout, Element element,
                       const Target& target = kernelgen::kReference);
 

@@ -43,17 +43,22 @@ std::string RealKernel::name() const {
     return "qsvg" + family.name + "_" + std::to_string(length) + "_" + suffix(element);
 }
 
+RealKernel described(const Family& family, int length, Element element, const Graph& network,
+                     const Target& target) {
+    const Graph joined = with_products_joined(network);
+    const Graph rows = has_wide_sums(length) ? with_wide_sums(joined) : joined;
+    return {target,
+            family,
+            length,
+            element,
+            element == Element::Real32 ? rows : in_binary64(rows),
+            tuning_of(family.kind, row_of(length), element, target)};
+}
+
 RealKernel proven(const Family& family, int length, Element element, const Graph& network,
                   int inputs, int outputs, const kernelgen::Definition& definition,
                   const Target& target) {
-    const Graph joined = with_products_joined(network);
-    const Graph rows = has_wide_sums(length) ? with_wide_sums(joined) : joined;
-    RealKernel kernel{target,
-                      family,
-                      length,
-                      element,
-                      element == Element::Real32 ? rows : in_binary64(rows),
-                      tuning_of(family.kind, row_of(length), element, target)};
+    RealKernel kernel = described(family, length, element, network, target);
     kernelgen::prove(kernel.name() + " by stages " + in_words(row_of(length).order_of(family.kind)),
                      kernel.graph, inputs, outputs, definition);
     return kernel;

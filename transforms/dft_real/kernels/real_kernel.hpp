@@ -43,8 +43,12 @@ struct RealKernel {
 
 /** Rows of `network`, which are of binary32, as the kernel of `element`: constants that meet are
  * joined, sums stand in the precision of their rows where that is settled, and for binary64
- * conversions are left out. Proven to be `definition` from
- * `inputs` elements to `outputs`; throws std::runtime_error. */
+ * conversions are left out. Nothing of it has been proven. */
+RealKernel described(const Family& family, int length, Element element,
+                     const kernelgen::Graph& network, const Target& target);
+
+/** The described kernel, proven to be `definition` from `inputs` elements to `outputs`; throws
+ * std::runtime_error. */
 RealKernel proven(const Family& family, int length, Element element,
                   const kernelgen::Graph& network, int inputs, int outputs,
                   const kernelgen::Definition& definition, const Target& target);
