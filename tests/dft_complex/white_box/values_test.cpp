@@ -50,7 +50,8 @@ TEST(ValuesOfKernels, MultiplyEachOutputByTheScaleFactorOnce) {
  */
 Kernel in_lanes(const Kernel& kernel, const LaneChoice& choice) {
     return dft_complex::draft_kernel(kernel.rule, Direction::Forward, Element::Complex32,
-                                     std::vector<LaneChoice>(kernel.choices.size(), choice));
+                                     std::vector<LaneChoice>(kernel.choices.size(), choice),
+                                     kernel.target);
 }
 
 const Kernel& single(int length) {
