@@ -173,7 +173,9 @@ bool is_general_purpose(const std::string& mnemonic) {
     static const Names set = names(
         "mov movzx movsx lea push pop leave ret call jmp nop endbr32 xchg add sub and or xor not "
         "neg test cmp bt inc dec shl sal shr sar imul cdq");
-    if (set.contains(mnemonic)) return true;
+    // Of programs of 64 bits alone: 32-bit code has none of these.
+    static const Names of_64_bits = names("movsxd movabs cdqe cqo endbr64");
+    if (set.contains(mnemonic) || of_64_bits.contains(mnemonic)) return true;
     // jecxz and loop are jumps as well; their direction is what other rules look at.
     return mnemonic[0] == 'j' || mnemonic.starts_with("loop") || mnemonic.starts_with("cmov") ||
            mnemonic.starts_with("set");

@@ -63,6 +63,38 @@ TEST(DisassemblyReader, SeesRegistersOtherThanXmm) {
     EXPECT_TRUE(functions.at("second").code[3].uses_other_vector_registers());
 }
 
+/** Of a 64-bit program, whose addresses have more digits and whose registers other names. */
+constexpr const char* kListingOf64Bits =
+    "0000000000001000 <first>:\n"
+    "    1000:\tmovsxd rdx,DWORD PTR [rdi+rax*4]\n"
+    "    1004:\tja     1020 <first+0x20>\n"
+    "    1008:\tmulps  xmm15,XMMWORD PTR [rip+0x5c803d]        # 80bdc0 <kScales+0xe0>\n"
+    "    100f:\tvaddps ymm8,ymm9,ymm10\n"
+    "    1013:\tcs nop WORD PTR [rax+rax*1+0x0]\n"
+    "    101c:\tjmp    r8\n"
+    "    1020:\tcall   2010 <free@plt>\n";
+
+TEST(DisassemblyReader, ReadsProgramsOf64BitsAlike) {
+    const auto functions = parse_disassembly(kListingOf64Bits);
+    const auto& code = functions.at("first").code;
+    ASSERT_EQ(7u, code.size());
+    EXPECT_EQ(0x1000u, functions.at("first").begin());
+    EXPECT_EQ("movsxd", code[0].mnemonic);
+    EXPECT_EQ(0x1020u, code[1].target);
+    EXPECT_FALSE(code[2].uses_other_vector_registers());
+    EXPECT_TRUE(code[3].uses_other_vector_registers());
+    EXPECT_EQ("nop", code[4].mnemonic);
+    EXPECT_FALSE(code[5].is_direct());
+    EXPECT_EQ("free@plt", code[6].target_symbol);
+}
+
+TEST(InstructionSets, HaveTheGeneralInstructionsOf64Bits) {
+    for (const char* name : {"movsxd", "movabs", "cdqe", "cqo", "endbr64"})
+        EXPECT_TRUE(is_general_purpose(name)) << name;
+    for (const char* name : {"syscall", "swapgs", "vmovq", "movbe", "andn", "mulx", "rorx"})
+        EXPECT_FALSE(is_general_purpose(name) || is_sse2_or_older(name)) << name;
+}
+
 TEST(InstructionSets, EndBeforeSse3) {
     for (const char* name : {"addps", "mulss", "subsd", "cvtss2sd", "movaps", "movlhps", "shufps",
                              "unpcklpd", "pxor", "ucomiss", "cmpltps"}) {
