@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "kernelgen/values/unfold.hpp"
+#include "targets/targets.hpp"
 
 namespace kernelgen {
 namespace {
@@ -139,6 +140,15 @@ void prove_same_values(const std::string& kernel, const Graph& graph, const std:
     const Outputs outputs = unfold(graph, values);
     const Outputs wanted_outputs = unfold(wanted, values);
     prove_same_outputs(values, kernel, outputs, reference, wanted_outputs);
+}
+
+void prove_values_of_reference(const std::string& kernel, const Graph& graph, const Target& target,
+                               const std::function<Graph()>& described_for_reference) {
+    if (target.name == kReference.name) return;
+    const auto name_for = [&](const Target& any) {
+        return kernel + " for " + std::string(any.name);
+    };
+    prove_same_values(name_for(target), graph, name_for(kReference), described_for_reference());
 }
 
 }  // namespace kernelgen

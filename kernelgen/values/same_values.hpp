@@ -5,9 +5,11 @@
  * @brief Shows that two kernels round alike: that they give the same bits for all inputs.
  */
 
+#include <functional>
 #include <string>
 
 #include "kernelgen/values/value_graph.hpp"
+#include "targets/target.hpp"
 
 namespace kernelgen {
 
@@ -22,6 +24,11 @@ void prove_same_outputs(const ValueGraph& values, const std::string& kernel, con
 /** The same of graphs, however each is laid out, with inputs at the places of their elements. */
 void prove_same_values(const std::string& kernel, const Graph& graph, const std::string& reference,
                        const Graph& wanted);
+
+/** The same of a target's kernel and that of the reference target of its name, which is described
+ * for any other target alone: the reference's own values are the promise. */
+void prove_values_of_reference(const std::string& kernel, const Graph& graph, const Target& target,
+                               const std::function<Graph()>& described_for_reference);
 
 /** An expression in words of C, "(x[0] - x[1]) * scale", with "..." for what is deeper. */
 std::string in_words(const ValueGraph& values, SignedValue value, int depth);

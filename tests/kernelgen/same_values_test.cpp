@@ -8,6 +8,7 @@
 
 #include "kernelgen/values/unfold.hpp"
 #include "kernelgen/values/value_hash.hpp"
+#include "targets/targets.hpp"
 
 namespace {
 
@@ -233,6 +234,44 @@ TEST(SameValues, TheComplaintTellsConstantsApart) {
     EXPECT_EQ(complaint(kernel(Exact::rational(1, 2)), kernel(kThird)),
               "kernel: output 0 has not the bits of reference: it takes (x[1] + x[2]) * 0.5 in "
               "binary32 for (x[1] + x[2]) * 0.333333343 in binary32");
+}
+
+/** What is said of a target's kernel of a sum of three beside the reference's, both grouped as
+ * told; `described` counts how often the latter was made. */
+std::string complaint_for(const kernelgen::Target& target, bool same_grouping, int& described) {
+    const auto sums = [](bool first_pair) {
+        return scalars([=](Graph& g, auto& x) {
+            return first_pair ? g.add(g.add(x[0], x[1]), x[2]) : g.add(x[0], g.add(x[1], x[2]));
+        });
+    };
+    try {
+        kernelgen::prove_values_of_reference("kernel", sums(same_grouping), target, [&] {
+            ++described;
+            return sums(true);
+        });
+    } catch (const std::logic_error& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+TEST(ValuesOfTheReference, AreAskedOfTheKernelsOfAllOtherTargets) {
+    for (const kernelgen::Target& target : kernelgen::kTargets) {
+        if (target.name == kernelgen::kReference.name) continue;
+        int described = 0;
+        EXPECT_EQ(complaint_for(target, true, described), "none") << target.name;
+        EXPECT_EQ(complaint_for(target, false, described),
+                  "kernel for " + std::string(target.name) +
+                      ": output 0 has not the bits of kernel for ia32: it takes (x[0] + (x[1] + "
+                      "x[2])) in binary32 for (x[2] + (x[0] + x[1])) in binary32");
+        EXPECT_EQ(described, 2) << target.name;
+    }
+}
+
+TEST(ValuesOfTheReference, AreNotDescribedAgainForItself) {
+    int described = 0;
+    EXPECT_EQ(complaint_for(kernelgen::kReference, false, described), "none");
+    EXPECT_EQ(described, 0);
 }
 
 TEST(InWords, DeepExpressionsAreCut) {

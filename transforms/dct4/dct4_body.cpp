@@ -1,9 +1,28 @@
 #include "transforms/dct4/dct4_body.hpp"
 
+#include "kernelgen/values/same_values.hpp"
 #include "transforms/dct4/definitions.hpp"
 #include "transforms/dct4/recorded/tuning.hpp"
 
 namespace dct4 {
+
+namespace {
+
+void prove_matrix(const Kernel& kernel) {
+    switch (kernel.step) {
+        case Step::Analysis:
+            return prove_analysis(kernel.name(), kernel.graph, kernel.element, kernel.points() / 2);
+        case Step::Synthesis:
+            return prove_synthesis(kernel.name(), kernel.graph, kernel.element,
+                                   kernel.points() / 2);
+        case Step::Dft:
+            return prove_dft(kernel.name(), kernel.graph, kernel.element, kernel.rule);
+        case Step::Inline:
+            return prove_transform(kernel.name(), kernel.graph, kernel.points());
+    }
+}
+
+}  // namespace
 
 std::string Kernel::stem() const {
     const std::string number = std::to_string(rule);
@@ -53,17 +72,10 @@ Kernel described_kernel(BodyKey key, Element element, const kernelgen::Target& t
 }
 
 void prove(const Kernel& kernel) {
-    switch (kernel.step) {
-        case Step::Analysis:
-            return prove_analysis(kernel.name(), kernel.graph, kernel.element, kernel.points() / 2);
-        case Step::Synthesis:
-            return prove_synthesis(kernel.name(), kernel.graph, kernel.element,
-                                   kernel.points() / 2);
-        case Step::Dft:
-            return prove_dft(kernel.name(), kernel.graph, kernel.element, kernel.rule);
-        case Step::Inline:
-            return prove_transform(kernel.name(), kernel.graph, kernel.points());
-    }
+    prove_matrix(kernel);
+    kernelgen::prove_values_of_reference(kernel.name(), kernel.graph, kernel.target, [&] {
+        return described_kernel({kernel.step, kernel.rule}, kernel.element).graph;
+    });
 }
 
 Kernel proven_kernel(BodyKey key, Element element, const kernelgen::Target& target) {

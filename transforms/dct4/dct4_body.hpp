@@ -40,7 +40,8 @@ std::vector<BodyKey> all_bodies();
 Kernel described_kernel(BodyKey key, Element element,
                         const kernelgen::Target& target = kernelgen::kReference);
 
-/** Throws std::runtime_error where the body is not its matrix. */
+/** Throws std::runtime_error where the body is not its matrix, std::logic_error where it has not
+ * the values of the reference target's. */
 void prove(const Kernel& kernel);
 
 /** The described kernel, proven. */

@@ -102,4 +102,28 @@ TEST(ValuesOfKernels, AreOthersInLanesThatGiveOtherBits) {
     EXPECT_GT(others, 20);
 }
 
+std::string complaint(const Kernel& kernel) {
+    try {
+        dft_complex::prove(kernel);
+    } catch (const std::logic_error& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+// Its matrix is right, so that the values alone tell.
+TEST(ValuesOfKernels, OfAnotherTargetMustBeThoseOfTheReference) {
+    Kernel kernel = in_lanes(single(9), LaneChoice::from_string("s1w4b"));
+    ASSERT_FALSE(have_same_values(kernel, single(9)));
+    EXPECT_EQ(complaint(kernel), "none");
+    kernel.target = kernelgen::kX86_64;
+    EXPECT_NE(
+        complaint(kernel).find("has not the bits of qsvgDFTFwd_CToC_9_32fc for ia32: it takes "),
+        std::string::npos)
+        << complaint(kernel);
+    kernel = in_lanes(single(9), single(9).choices.front());
+    kernel.target = kernelgen::kX86_64;
+    EXPECT_EQ(complaint(kernel), "none");
+}
+
 }  // namespace

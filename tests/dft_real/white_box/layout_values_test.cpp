@@ -9,7 +9,8 @@
 #include "tests/kernelgen/support/unfolded_bits.hpp"
 #include "transforms/dft_real/decompositions/row_arithmetic.hpp"
 
-// Kernels of the three layouts give the same bits, and a kernel that does not is seen.
+// Kernels of the three layouts give the same bits, those of all targets as well, and a kernel that
+// does not is seen.
 
 namespace {
 
@@ -99,6 +100,23 @@ TEST(LayoutValues, OfAnInverseKernelDoNotTakeTheZerosOfCcs) {
     kernel.graph.store(kernel.graph.load(kernelgen::Type::Binary32, 1), 7);
     EXPECT_EQ(complaint(kernel, Direction::Inverse, Layout::CCS),
               "qsvgDFTInv_CCSToR_7_32f: reads element 1, which is no part of a bin");
+}
+
+TEST(TargetValues, OfAnotherOrderOfThreeSumsAreNotThoseOfTheReference) {
+    RealKernel kernel = dft_real::described_dft_kernel(3, Direction::Forward, Layout::Pack,
+                                                       Element::Real32, kernelgen::kX86_64);
+    EXPECT_NO_THROW(dft_real::prove_values(kernel, Direction::Forward, Layout::Pack));
+    kernel.graph = three_points_otherwise();
+    std::string message;
+    try {
+        dft_real::prove_values(kernel, Direction::Forward, Layout::Pack);
+    } catch (const std::logic_error& error) {
+        message = error.what();
+    }
+    EXPECT_NE(message.find("qsvgDFTFwd_RToPack_3_32f for x86-64: output 0 has not the bits of "
+                           "qsvgDFTFwd_RToPack_3_32f for ia32"),
+              std::string::npos)
+        << message;
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <string>
+
 #include "tests/dft_real/white_box/support/constant_checks.hpp"
 #include "tests/hartley/white_box/support/all_kernels.hpp"
 #include "tests/kernelgen/support/unfolded_bits.hpp"
@@ -39,6 +42,34 @@ TEST(HartleyKernels, HaveValuesThatGiveTheirBits) {
     for_each_kernel([](const RealKernel& kernel) {
         kernelgen_test::expect_unfolded_bits(kernel.graph, transforms::scalar_type(kernel.element));
     });
+}
+
+/** The kernel of two points, whose difference is that of the wrong order where it is `wrong`. */
+RealKernel two_points_for_x86_64(bool wrong) {
+    RealKernel kernel = hartley::described_kernel(2, Element::Real64, kernelgen::kX86_64);
+    if (!wrong) return kernel;
+    kernelgen::Graph g;
+    const auto x0 = g.load(kernelgen::Type::Binary64, 0);
+    const auto x1 = g.load(kernelgen::Type::Binary64, 1);
+    const auto scale = g.scale(kernelgen::Type::Binary64);
+    g.store(g.mul(g.add(x0, x1), scale), 0);
+    g.store(g.positive(-g.mul(g.sub(x1, x0), scale)), 1);
+    kernel.graph = g;
+    return kernel;
+}
+
+TEST(HartleyKernels, OfAnotherTargetMustHaveTheValuesOfTheReference) {
+    EXPECT_NO_THROW(hartley::prove_values(two_points_for_x86_64(false)));
+    std::string message;
+    try {
+        hartley::prove_values(two_points_for_x86_64(true));
+    } catch (const std::logic_error& error) {
+        message = error.what();
+    }
+    EXPECT_NE(message.find("qsvgHartley_2_64f for x86-64: output 1 has not the bits of "
+                           "qsvgHartley_2_64f for ia32"),
+              std::string::npos)
+        << message;
 }
 
 TEST(HartleyKernels, AreNamedByLengthAndElement) {

@@ -27,10 +27,13 @@ TEST(WalshHadamardSequence, IsThatOfEveryKernelSumBySum) {
     }
 }
 
-TEST(WalshHadamardSequence, EveryKernelIsProven) {
-    for (Element element : kElements) {
-        for (int order = kLowestOrder; order <= kHighestOrder; ++order)
-            EXPECT_NO_THROW(proven_kernel(order, element)) << order << ", " << suffix(element);
+TEST(WalshHadamardSequence, EveryKernelOfEveryTargetIsProven) {
+    for (const kernelgen::Target& target : kernelgen::kTargets) {
+        for (Element element : kElements) {
+            for (int order = kLowestOrder; order <= kHighestOrder; ++order)
+                EXPECT_NO_THROW(proven_kernel(order, element, target))
+                    << order << ", " << suffix(element) << ", " << target.name;
+        }
     }
 }
 
@@ -96,8 +99,9 @@ TEST(WalshHadamardSequence, IsWhatTheHashOfTheValuesIsOf) {
 }
 
 /** What the proof says of a kernel one of whose bodies was replaced. */
-std::string complaint(int order, std::size_t body, const kernelgen::Graph& graph) {
-    Kernel kernel = described_kernel(order, Element::Real32);
+std::string complaint(int order, std::size_t body, const kernelgen::Graph& graph,
+                      const kernelgen::Target& target = kernelgen::kReference) {
+    Kernel kernel = described_kernel(order, Element::Real32, target);
     kernel.bodies[body].graph = graph;
     try {
         prove(kernel);
@@ -115,8 +119,11 @@ TEST(WalshHadamardProof, NamesTheOutputThatIsFormedOtherwise) {
     const auto scale = exchanged.scale(kernelgen::Type::Binary32);
     exchanged.store(exchanged.mul(exchanged.add(a, b), scale), 0);
     exchanged.store(exchanged.positive(-exchanged.mul(exchanged.sub(b, a), scale)), 1);
-    EXPECT_NE(std::string::npos, complaint(1, 0, exchanged).find("qsvgWHT_1_32f: output 1"))
-        << complaint(1, 0, exchanged);
+    for (const kernelgen::Target& target : kernelgen::kTargets) {
+        const std::string message = complaint(1, 0, exchanged, target);
+        EXPECT_NE(std::string::npos, message.find("qsvgWHT_1_32f: output 1"))
+            << target.name << ": " << message;
+    }
 }
 
 // Order 12 has rows of 64 elements, middle columns of 8 vectors and final columns of 8.

@@ -4,6 +4,7 @@
 
 #include "kernelgen/proof/proof.hpp"
 #include "kernelgen/schedule/settled_order.hpp"
+#include "kernelgen/values/same_values.hpp"
 #include "transforms/dft_complex/decompositions/decompositions.hpp"
 #include "transforms/dft_complex/layouts/element_layout.hpp"
 #include "transforms/dft_complex/recorded/tuning.hpp"
@@ -48,7 +49,7 @@ Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
     return kernel;
 }
 
-Kernel proven_kernel(int length, Direction direction, Element element, const Target& target) {
+Kernel described_kernel(int length, Direction direction, Element element, const Target& target) {
     const TableRow& row = row_of(length, element);
     const Tuning tuning = tuning_of(row, element, target);
     Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes, target);
@@ -59,7 +60,12 @@ Kernel proven_kernel(int length, Direction direction, Element element, const Tar
                                std::to_string(kernel.choices.size()) + " batches");
     kernel.order = tuning.order;
     kernel.option = tuning.option;
-    prove_dft(kernel);
+    return kernel;
+}
+
+Kernel proven_kernel(int length, Direction direction, Element element, const Target& target) {
+    Kernel kernel = described_kernel(length, direction, element, target);
+    prove(kernel);
     return kernel;
 }
 
@@ -93,6 +99,13 @@ void prove_dft(const Kernel& kernel) {
     };
     kernelgen::prove(kernel.name() + " by rule " + formula(kernel.rule), kernel.graph, 2 * length,
                      2 * length, entry);
+}
+
+void prove(const Kernel& kernel) {
+    prove_dft(kernel);
+    kernelgen::prove_values_of_reference(kernel.name(), kernel.graph, kernel.target, [&] {
+        return described_kernel(kernel.length, kernel.direction, kernel.element).graph;
+    });
 }
 
 }  // namespace dft_complex

@@ -35,7 +35,11 @@ struct Kernel {
     bool is_scalar() const;
 };
 
-/** The kernel of `length` for a target, proven against the definition of the DFT. */
+/** The kernel of `length`, before anything of it has been proven. */
+Kernel described_kernel(int length, Direction direction, Element element,
+                        const Target& target = kernelgen::kReference);
+
+/** The kernel of `length` for a target, proven. */
 Kernel proven_kernel(int length, Direction direction, Element element,
                      const Target& target = kernelgen::kReference);
 
@@ -54,5 +58,9 @@ kernelgen::Schedule schedule_of(const Kernel& kernel);
 
 /** Throws where the kernel's graph is not the DFT of its length and direction. */
 void prove_dft(const Kernel& kernel);
+
+/** The same, and throws std::logic_error where the kernel has not the values of the reference
+ * target's. */
+void prove(const Kernel& kernel);
 
 }  // namespace dft_complex

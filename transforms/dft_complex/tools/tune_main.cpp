@@ -4,7 +4,8 @@
  *
  *     tune_dft_complex TARGET lanes [LENGTH...]
  *         improves the lane choices of Complex32, one batch at a time until none gets better, and
- *         prints rows of tuned_32fc.inc; the rule table's operation counts bind
+ *         prints rows of tuned_32fc.inc; the rule table's operation counts bind, and where the
+ *         length has lanes on the reference target, the values of its kernel
  *     tune_dft_complex TARGET rules TYPE LENGTH FOLDER
  *         enumerates the decompositions of a length, of whichever the table has no row yet, tunes
  * lanes and order of each, writes those of the least cost, FOLDER/0.cpp and so on, and prints a
@@ -21,15 +22,16 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <limits>
 #include <stdexcept>
 
 #include "kernelgen/emission/generated_files.hpp"
 #include "kernelgen/graph/counts.hpp"
 #include "kernelgen/schedule/schedule.hpp"
 #include "transforms/dft_complex/kernels/complex_kernel_source.hpp"
+#include "transforms/dft_complex/recorded/tuning.hpp"
 #include "transforms/dft_complex/small_transforms/short_lengths.hpp"
 #include "transforms/dft_complex/tools/enumerated_rules.hpp"
+#include "transforms/dft_complex/tools/lane_search.hpp"
 
 namespace {
 
@@ -45,20 +47,6 @@ constexpr const char* kOptions[] = {"", "no-live-range-shrinkage", "no-tree-ter"
 // Of the decompositions of a length, in order of their cost.
 constexpr std::size_t kRules = 12;
 
-int instructions(const Kernel& kernel, const Schedule& schedule) {
-    const Counts c = kernelgen::count(kernel.graph, true);
-    return c.arithmetic() + c.shuffles + c.flips + c.loads + c.stores + schedule.traffic.total();
-}
-
-/** Operations that lanes may not cost more than. */
-constexpr int kUnbound = std::numeric_limits<int>::max();
-
-int cost(const Kernel& kernel, const Schedule& schedule, int bound) {
-    const int arithmetic = kernelgen::count(kernel.graph, true).arithmetic();
-    const int penalty = arithmetic > bound ? 1000 * (arithmetic - bound) : 0;
-    return instructions(kernel, schedule) + penalty;
-}
-
 std::string row(const Kernel& kernel, const std::string& order, const std::string& option = {}) {
     std::string lanes;
     for (const LaneChoice& choice : kernel.choices)
@@ -69,39 +57,13 @@ std::string row(const Kernel& kernel, const std::string& order, const std::strin
     return text + "},";
 }
 
-/** The rule's kernel with lanes that no change of one batch improves. */
-Kernel with_tuned_lanes(const Rule& rule, int bound, const Target& target) {
-    constexpr Element kElement = Element::Complex32;
-    Kernel best = draft_kernel(rule, Direction::Forward, kElement, {}, target);
-    if (best.length <= kLongestShortLength) return best;
-    int best_cost = cost(best, kernelgen::schedule(best.graph, target), bound);
-    const std::vector<int> sizes = batch_sizes(rule);
-    for (bool better = true; better;) {
-        better = false;
-        for (std::size_t batch = 0; batch < sizes.size(); ++batch) {
-            const BatchPlace place =
-                batch == 0 || batch + 1 == sizes.size() ? BatchPlace::End : BatchPlace::Middle;
-            for (const LaneChoice& choice :
-                 choices_for(sizes[batch], place, lane_policy(rule.length))) {
-                std::vector<LaneChoice> choices = best.choices;
-                if (choices[batch] == choice) continue;
-                choices[batch] = choice;
-                Kernel next = draft_kernel(rule, Direction::Forward, kElement, choices, target);
-                const int next_cost = cost(next, kernelgen::schedule(next.graph, target), bound);
-                if (next_cost < best_cost) {
-                    best_cost = next_cost;
-                    best = std::move(next);
-                    better = true;
-                }
-            }
-        }
-    }
-    return best;
-}
-
 void tune_lanes(int length, const Target& target) {
     const TableRow& table_row = row_of(length, Element::Complex32);
-    const Kernel best = with_tuned_lanes(table_row.rule, table_row.arithmetic(), target);
+    const bool is_published =
+        !tuning_of(table_row, Element::Complex32, kernelgen::kReference).lanes.empty();
+    const Kernel best = is_published
+                            ? with_lanes_of_same_values(length, target)
+                            : with_tuned_lanes(table_row.rule, table_row.arithmetic(), target);
     const Schedule schedule = kernelgen::search_schedules(best.graph, target, kSeeds).front();
     std::printf("%s\n", row(best, schedule.method).c_str());
     std::fflush(stdout);
@@ -124,7 +86,7 @@ void write_rules(Element element, int length, const Target& target,
         std::fprintf(stderr, "%s (%zu of %zu)\n", formula(rule).c_str(), candidates.size() + 1,
                      rules.size());
         Kernel kernel = element == Element::Complex32
-                            ? with_tuned_lanes(rule, kUnbound, target)
+                            ? with_tuned_lanes(rule, kUnboundOperations, target)
                             : draft_kernel(rule, Direction::Forward, element, {}, target);
         prove_dft(kernel);
         Schedule schedule = kernelgen::search_schedules(kernel.graph, target, kSeeds).front();

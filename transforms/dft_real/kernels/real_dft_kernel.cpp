@@ -1,5 +1,6 @@
 #include "transforms/dft_real/kernels/real_dft_kernel.hpp"
 
+#include "kernelgen/values/same_values.hpp"
 #include "transforms/dft_real/decompositions/real_dft.hpp"
 #include "transforms/dft_real/kernels/layout_values.hpp"
 
@@ -105,10 +106,17 @@ RealKernel described_dft_kernel(int N, Direction direction, Layout layout, Eleme
                      target);
 }
 
+void prove_values(const RealKernel& kernel, Direction direction, Layout layout) {
+    kernelgen::prove_values_of_reference(kernel.name(), kernel.graph, kernel.target, [&] {
+        return described_dft_kernel(kernel.length, direction, layout, kernel.element).graph;
+    });
+    prove_same_values_as_ccs(kernel, direction, layout);
+}
+
 RealKernel dft_kernel(int N, Direction direction, Layout layout, Element element,
                       const Target& target) {
     RealKernel kernel = proven_matrix(N, direction, layout, element, target);
-    prove_same_values_as_ccs(kernel, direction, layout);
+    prove_values(kernel, direction, layout);
     return kernel;
 }
 

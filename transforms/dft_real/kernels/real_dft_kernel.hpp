@@ -19,8 +19,11 @@ Family family_of(Direction direction, Layout layout);
 RealKernel described_dft_kernel(int length, Direction direction, Layout layout, Element element,
                                 const Target& target = kernelgen::kReference);
 
-/** The kernel of `length`, proven against the definition of the DFT, and to have the values of the
- * kernel of the CCS layout. */
+/** Throws std::logic_error where a kernel of `direction` and `layout` has not the values of the
+ * reference target's, and of the kernel of the CCS layout. */
+void prove_values(const RealKernel& kernel, Direction direction, Layout layout);
+
+/** The kernel of `length`, proven against the definition of the DFT, and by its values. */
 RealKernel dft_kernel(int length, Direction direction, Layout layout, Element element,
                       const Target& target = kernelgen::kReference);
 
