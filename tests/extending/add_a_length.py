@@ -2,7 +2,8 @@
 """Adds the length of docs/extending.md to the complex DFT as the document tells it, in a scratch folder:
 describes and proves its kernels, compiles them, and compares them with the definition.
 
-    add_a_length.py --root ROOT --build BUILD --scratch FOLDER --compiler "COMMAND" --links "LIBRARIES"
+    add_a_length.py --root ROOT --build BUILD --target TARGET --scratch FOLDER --compiler "COMMAND"
+        --links "LIBRARIES"
 """
 
 import argparse
@@ -15,7 +16,7 @@ import subprocess
 RECORDED = "transforms/dft_complex/recorded"
 RULES = "transforms/dft_complex/rules"
 FILES = [f"{RULES}/single_precision_table.cpp", f"{RULES}/double_precision_table.cpp",
-         f"{RECORDED}/tuned_32fc.inc", f"{RECORDED}/tuned_64fc.inc"]
+         f"{RECORDED}/ia32/tuned_32fc.inc", f"{RECORDED}/ia32/tuned_64fc.inc"]
 
 
 def run(command, **options):
@@ -42,6 +43,7 @@ def main():
     parser = argparse.ArgumentParser()
     for name in ("root", "build", "scratch"):
         parser.add_argument("--" + name, type=pathlib.Path, required=True)
+    parser.add_argument("--target", required=True)
     parser.add_argument("--compiler", type=shlex.split, required=True)
     parser.add_argument("--links", type=shlex.split, required=True)
     options = parser.parse_args()
@@ -60,8 +62,10 @@ def main():
     run([*options.compiler, "-std=c++20", "-O1", f"-I{scratch}", f"-I{root}",
          *[scratch / file for file in FILES if file.endswith(".cpp")], scratch / "tuning.cpp",
          root / "transforms/dft_complex/tools/describe_main.cpp", "-o", describe, *options.links])
-    run([describe, scratch / "generated"])
-    for published in (options.build / "generated/dft_complex").glob("*_*_*.cpp"):
+    run([describe, options.target, scratch / "generated"])
+    published_kernels = list((options.build / "generated" / options.target / "dft_complex").glob("*_*_*.cpp"))
+    assert published_kernels, "the build has written no kernels"
+    for published in published_kernels:
         assert published.read_text() == (scratch / "generated" / published.name).read_text(), \
             f"{published.name} is another kernel now"
     for bits in (32, 64):
