@@ -5,6 +5,8 @@ set(QSVG_SOVERSION 6.1)
 set(QSVG_TARGET_CODE t7)
 set(QSVG_MULTIARCH i386-linux-gnu)
 set(QSVG_DEBIAN_ARCHITECTURE i386)
+# A compiler of several modes takes it to compile for this one.
+set(QSVG_MODE_OPTION -m32)
 set(QSVG_OPTIONS -msse2 -mfpmath=sse -ffp-contract=off)
 # Callers may come with a stack on a 4-byte boundary.
 set(QSVG_RUNTIME_OPTIONS $<$<CXX_COMPILER_ID:GNU>:-mincoming-stack-boundary=2>

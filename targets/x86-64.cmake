@@ -5,6 +5,8 @@ set(QSVG_SOVERSION 6)
 set(QSVG_TARGET_CODE x64)
 set(QSVG_MULTIARCH x86_64-linux-gnu)
 set(QSVG_DEBIAN_ARCHITECTURE amd64)
+# A compiler of several modes takes it to compile for this one.
+set(QSVG_MODE_OPTION -m64)
 set(QSVG_OPTIONS -ffp-contract=off)
 set(QSVG_RUNTIME_OPTIONS "")
 # Two percent off the time of the real kernels in single precision, measured over all lengths: without it the

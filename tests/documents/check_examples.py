@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """Compiles and runs the examples of Markdown files, and finds their excerpts where they come from.
 
-    check_examples.py --root ROOT --build BUILD --library LIB [--peers LIBRARIES] FILE...
+    check_examples.py --root ROOT --build BUILD --library LIB --target TARGET --mode=OPTION
+                      [--peers LIBRARIES] FILE...
 
 A block of C or C++ is a whole program, which must compile without a warning and exit with 0; a block
 of sh is run in ROOT. A block of text right behind either is what it must print. A block behind a
 comment "from FILE" must stand in FILE of ROOT or BUILD, line by line; "from machine code of FUNCTION"
-in the disassembly of the library. A block behind "into FILE" is for readers to put there, which a test of
+in the disassembly of the library. What ends with "for TARGET" is looked for by the builds for that target
+alone. A block behind "into FILE" is for readers to put there, which a test of
 its own does. Other blocks are figures, not examples.
 """
 
@@ -18,8 +20,9 @@ import subprocess
 import sys
 import tempfile
 
-BLOCK = re.compile(r"(?:<!-- (?:from (?P<origin>[^\n]+)|into (?P<place>[^\n]+)) -->\n)?^```(?P<kind>\w+)\n(?P<text>.*?)^```$",
-                   re.MULTILINE | re.DOTALL)
+BLOCK = re.compile(r"(?:<!-- (?:from (?P<origin>[^\n]+?)(?: for (?P<target>[^\n ]+))?|into (?P<place>[^\n]+)) -->\n)?"
+                   r"^```(?P<kind>\w+)\n(?P<text>.*?)^```$", re.MULTILINE | re.DOTALL)
+TARGETS = ("ia32", "x86-64")
 COMPILERS = {"c": ["-xc", "-std=c99"], "cpp": ["-xc++", "-std=c++20"]}
 
 
@@ -40,6 +43,8 @@ class Examples:
         self.root = options.root
         self.build = options.build
         self.library = options.library
+        self.target = options.target
+        self.mode = options.mode
         self.peers = options.peers.split()
 
     def output_of_program(self, kind, text):
@@ -48,7 +53,7 @@ class Examples:
             program = pathlib.Path(folder) / "program"
             source.write_text(text)
             peers = self.peers if "fftw3.h" in text else []
-            run(["gcc", "-m32", *COMPILERS[kind], "-Wall", "-Wextra", "-Werror",
+            run(["gcc", self.mode, *COMPILERS[kind], "-Wall", "-Wextra", "-Werror",
                  f"-I{self.root}/include", source, "-xnone", "-o", program, self.library,
                  f"-Wl,-rpath,{self.library.parent}", *peers, "-lm"])
             return run([program])
@@ -71,6 +76,10 @@ class Examples:
 
     def check(self, block, expected):
         kind, text, origin = block["kind"], block["text"], block["origin"]
+        if block["target"] not in (None, *TARGETS):
+            raise Failure(f"there is no target {block['target']}")
+        if block["target"] not in (None, self.target):
+            return "other"
         if origin:
             if text not in self.origin_text(origin) + "\n":
                 raise Failure(f"{origin} does not hold:\n{text}")
@@ -96,11 +105,13 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     for name in ("root", "build", "library"):
         parser.add_argument(f"--{name}", type=pathlib.Path, required=True)
+    parser.add_argument("--target", required=True, choices=TARGETS)
+    parser.add_argument("--mode", required=True, help="what makes gcc compile for the target")
     parser.add_argument("--peers", default="", help="libraries for examples that include fftw3.h")
     parser.add_argument("files", type=pathlib.Path, nargs="+")
     options = parser.parse_args()
     examples = Examples(options)
-    counts = {"example": 0, "excerpt": 0}
+    counts = {"example": 0, "excerpt": 0, "other": 0}
     failures = 0
     for file in options.files:
         text = file.read_text()
@@ -111,7 +122,8 @@ def main():
             except (Failure, subprocess.TimeoutExpired) as failure:
                 failures += 1
                 print(f"{file}:{line}: {failure}")
-    print(f"{counts['example']} examples and {counts['excerpt']} excerpts hold, {failures} do not")
+    print(f"{counts['example']} examples and {counts['excerpt']} excerpts hold, {failures} do not"
+          + (f"; {counts['other']} are for another target" if counts["other"] else ""))
     return 1 if failures or not counts["example"] else 0
 
 

@@ -4,8 +4,17 @@
  */
 
 #include <stdio.h>
+#include <string.h>
 
 #include "qsvgen.h"
+
+#if defined(__x86_64__)
+enum { kSizeOfVersionRecord = 48 };
+static const char kTargetCode[4] = {'x', '6', '4', '\0'};
+#else
+enum { kSizeOfVersionRecord = 32 };
+static const char kTargetCode[4] = {'t', '7', '\0', '\0'};
+#endif
 
 static int failures = 0;
 
@@ -63,8 +72,9 @@ int main(void) {  // NOLINT(modernize-redundant-void-arg): C
     expect(sizeof(Real32) == 4 && sizeof(Real64) == 8 && sizeof(Complex32) == 8 &&
                sizeof(Complex64) == 16,
            "element sizes");
-    expect(sizeof(LibraryVersion) == 32, "size of the version record");
-    expect(version->majorVersion == 6 && version->targetCode[0] == 't', "version record");
+    expect(sizeof(LibraryVersion) == kSizeOfVersionRecord, "size of the version record");
+    expect(version->majorVersion == 6 && memcmp(version->targetCode, kTargetCode, 4) == 0,
+           "version record");
 
     printf("%s, %d failures\n", version->versionText, failures);
     return failures == 0 ? 0 : 1;

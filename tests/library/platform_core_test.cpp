@@ -1,6 +1,7 @@
 /** @file @brief Blocks from the platform library's allocator. */
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -62,7 +63,7 @@ TEST(PlatformAllocator, ReleasingNothingIsAllowed) {
 
 TEST(PlatformAllocator, ReleasedBlocksAreUsedAgain) {
     constexpr std::int32_t kLarge = 64 << 20;
-    // Together far more than a 32-bit program can address.
+    // Together more than twelve gigabytes: far more than a 32-bit program can address.
     for (int i = 0; i < 200; ++i) {
         void* block = qsvMalloc(kLarge);
         ASSERT_NE(nullptr, block) << "after " << i << " blocks";
@@ -76,13 +77,35 @@ TEST(PlatformAllocator, NegativeSizesGiveNull) {
     EXPECT_EQ(nullptr, qsvMalloc(INT32_MIN));
 }
 
-// Two gigabytes fit no free range twice, so at the latest the second request fails.
+/** While it lives the program gets no more than so much memory, however long its addresses are. */
+class AddressSpace {
+  public:
+    explicit AddressSpace(rlim_t bytes) {
+        getrlimit(RLIMIT_AS, &before_);
+        const rlimit limited = {bytes, before_.rlim_max};
+        setrlimit(RLIMIT_AS, &limited);
+    }
+    ~AddressSpace() { setrlimit(RLIMIT_AS, &before_); }
+    AddressSpace(const AddressSpace&) = delete;
+    AddressSpace& operator=(const AddressSpace&) = delete;
+
+  private:
+    rlimit before_ = {};
+};
+
 TEST(PlatformAllocator, SizesThatCannotBeHadGiveNull) {
-    void* first = qsvMalloc(INT32_MAX);
-    void* second = qsvMalloc(INT32_MAX);
-    EXPECT_TRUE(first == nullptr || second == nullptr);
-    qsvFree(first);
-    qsvFree(second);
+    const AddressSpace limited(INT32_MAX);
+    EXPECT_EQ(nullptr, qsvMalloc(INT32_MAX));
+}
+
+TEST(PlatformAllocator, BlocksCanBeHadAgainBehindOneThatCouldNot) {
+    {
+        const AddressSpace limited(INT32_MAX);
+        qsvFree(qsvMalloc(INT32_MAX));
+    }
+    void* block = qsvMalloc(1 << 20);
+    EXPECT_NE(nullptr, block);
+    qsvFree(block);
 }
 
 }  // namespace

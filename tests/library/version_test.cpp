@@ -5,12 +5,23 @@
 #include <gtest/gtest.h>
 #include <link.h>
 
+#include <cstddef>
 #include <cstring>
 #include <string>
 
 #include "qsvgen.h"
 
 namespace {
+
+#if defined(__x86_64__)
+constexpr std::size_t kSizeOfRecord = 48;
+constexpr char kTargetCode[] = "x64";
+constexpr char kName[] = "libqsvgen.so.6";
+#else
+constexpr std::size_t kSizeOfRecord = 32;
+constexpr char kTargetCode[] = "t7\0";
+constexpr char kName[] = "libqsvgent7.so.6.1";
+#endif
 
 // The name that the loaded shared object carries in its own dynamic section.
 std::string loaded_soname() {
@@ -34,8 +45,8 @@ TEST(LibraryVersionRecord, IsTheSameAtEachCall) {
     EXPECT_EQ(qsvgenGetLibVersion(), qsvgenGetLibVersion());
 }
 
-TEST(LibraryVersionRecord, TakesThirtyTwoBytes) {
-    EXPECT_EQ(32u, sizeof(LibraryVersion));
+TEST(LibraryVersionRecord, TakesThirtyTwoBytesWithShortPointersAndFortyEightWithLongOnes) {
+    EXPECT_EQ(kSizeOfRecord, sizeof(LibraryVersion));
 }
 
 TEST(LibraryVersionRecord, HoldsTheNumbers) {
@@ -48,8 +59,8 @@ TEST(LibraryVersionRecord, HoldsTheNumbers) {
 
 TEST(LibraryVersionRecord, HoldsTheTexts) {
     const LibraryVersion* version = qsvgenGetLibVersion();
-    EXPECT_EQ(0, std::memcmp(version->targetCode, "t7\0\0", 4));
-    EXPECT_STREQ("libqsvgent7.so.6.1", version->name);
+    EXPECT_EQ(0, std::memcmp(version->targetCode, kTargetCode, 4));
+    EXPECT_STREQ(kName, version->name);
     EXPECT_STREQ("6.1 build 137.56", version->versionText);
     EXPECT_STREQ("Mar 17 2010", version->buildDate);
 }
