@@ -47,8 +47,12 @@ install(
 
 # Found whatever the mode of a project is: goes on to the package of that mode.
 set(any_mode ${CMAKE_INSTALL_DATAROOTDIR}/cmake/qsvgen)
-write_basic_package_version_file(${places}/any_mode/qsvgenConfigVersion.cmake
-                                 COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+block()
+    # The file names the mode, whose check it leaves out: it is to be the same bytes from all builds.
+    set(CMAKE_SIZEOF_VOID_P "")
+    write_basic_package_version_file(${places}/any_mode/qsvgenConfigVersion.cmake
+                                     COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+endblock()
 install(
     FILES ${PROJECT_SOURCE_DIR}/cmake/any_mode/qsvgenConfig.cmake
           ${places}/any_mode/qsvgenConfigVersion.cmake
