@@ -47,7 +47,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
 What compilers, pkg-config and CMake need to build programs with the library,
 but for the header.")
 set(CPACK_DEBIAN_COMMON_PACKAGE_NAME ${common_package})
-set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION libdevel)
+# For packages of another architecture as well; CPack has no word of its own for that field.
+set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION "libdevel\nMulti-Arch: foreign")
 set(CPACK_DEBIAN_COMMON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_COMMON_DESCRIPTION
     "discrete transforms of small fixed sizes, header
@@ -79,13 +80,15 @@ foreach(component runtime development common)
         COMPONENT ${component}
         EXCLUDE_FROM_ALL)
 endforeach()
-file(WRITE ${PROJECT_BINARY_DIR}/package/overrides
-     "# The core library is all that it takes from outside.\n"
-     "${runtime_package}: library-not-linked-against-libc *lib${QSVG_LIBRARY_NAME}.so.6.1*\n")
-install(
-    FILES ${PROJECT_BINARY_DIR}/package/overrides
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides
-    RENAME ${runtime_package}
-    COMPONENT runtime
-    EXCLUDE_FROM_ALL)
+if(QSVG_HAS_CORE_LIBRARY)
+    file(WRITE ${PROJECT_BINARY_DIR}/package/overrides
+         "# The core library is all that it takes from outside.\n"
+         "${runtime_package}: library-not-linked-against-libc *lib${QSVG_LIBRARY_NAME}.so.6.1*\n")
+    install(
+        FILES ${PROJECT_BINARY_DIR}/package/overrides
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides
+        RENAME ${runtime_package}
+        COMPONENT runtime
+        EXCLUDE_FROM_ALL)
+endif()
 include(CPack)

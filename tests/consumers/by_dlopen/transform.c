@@ -1,17 +1,17 @@
-/* Hartley transform of a library that is found when the program runs. */
+/* Hartley transform of the library of that name, which is found when the program runs. */
 #include <dlfcn.h>
 #include <stdio.h>
 
 typedef int (*Transform)(const double* src, double* dst, int length, int flag);
 
-int main(void) {
+int main(int argc, char** argv) {
     const double x[4] = {1, 2, 3, 4};
     double y[4];
     Transform hartley = NULL;
     int k;
-    void* const library = dlopen("libqsvgent7.so.6.1", RTLD_NOW);
+    void* const library = argc == 2 ? dlopen(argv[1], RTLD_NOW) : NULL;
     if (library == NULL) {
-        fprintf(stderr, "%s\n", dlerror());
+        fprintf(stderr, "%s\n", argc == 2 ? dlerror() : "usage: transform LIBRARY");
         return 1;
     }
     /* The way that POSIX shows, since C has no conversion from objects to functions. */
