@@ -11,6 +11,16 @@
  * | @ref walsh_hadamard "Walsh-Hadamard" | N = 2^K, K = 1 to 13      | qsvgWHT_...           |
  * | @ref dct4 "DCT-IV"               | N = 2^k from 2 on, by a plan  | qsvgDCT4_...          |
  *
+ * One header for two libraries, whose results are the same, bit by bit:
+ *
+ * | programs                    | link with  | shared object      | its companion     |
+ * |-----------------------------|------------|--------------------|-------------------|
+ * | 64-bit x86                  | -lqsvgen   | libqsvgen.so.6     | none              |
+ * | 32-bit x86 with SSE2 (-m32) | -lqsvgent7 | libqsvgent7.so.6.1 | libqsvcore.so.6.1 |
+ *
+ * What is told below of the 32-bit library holds for that alone, what is told of the 64-bit one
+ * likewise; all else holds for both.
+ *
  * A name ends with its element: _32fc Complex32, _64fc Complex64, _32f Real32, _64f Real64. Before
  * that a kernel of one size has the size as a number; without one, the size is an argument.
  *
@@ -98,13 +108,13 @@ enum QsvScaleFlag {
  * @{
  */
 
-/** What qsvgenGetLibVersion tells of the library. */
+/** What qsvgenGetLibVersion tells of the library; 32 bytes of the 32-bit one, 48 of the other. */
 typedef struct {
     int32_t majorVersion;    /**< major version */
     int32_t minorVersion;    /**< minor version */
     int32_t majorBuild;      /**< major build */
     int32_t build;           /**< build */
-    char targetCode[4];      /**< mark of the processor target, padded with zero bytes */
+    char targetCode[4];      /**< t7 (32-bit library) or x64, padded with zero bytes */
     const char* name;        /**< the shared object's own name */
     const char* versionText; /**< version as text */
     const char* buildDate;   /**< date of the build as text */
@@ -352,8 +362,9 @@ QSVG_FOR_EACH_LENGTH(QSVG_DECLARE_HARTLEY)
  * qsvgWHTGetBufferSize_32f or _64f tells, on a 16-byte boundary whatever the alignment of src and
  * dst. A larger one is used only that far, a smaller one is overrun. It holds nothing before or
  * after a call and must not be shared by calls at the same time. Where it is null the kernel takes
- * one block of that size from qsvMalloc of the platform core library and gives it back; a failure
- * of qsvMalloc is not detected, so that the call then writes through a null pointer.
+ * one block of that size and gives it back: the 32-bit library from qsvMalloc of the platform core
+ * library, the 64-bit one from posix_memalign. A failure to get one is not detected, so that the
+ * call then writes through a null pointer.
  *
  * **Aliasing.** src and dst may be the same array, with the same bits as out of place. A partial
  * overlap, also with the work buffer, is not supported.
@@ -427,10 +438,12 @@ QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
  * up to the factor N/2.
  *
  * **Layout and sizes.** x (src) and y (dst) hold N real elements each, in natural order. Lengths
- * are 2^k up to 2^26 for Real32, up to 2^25 for Real64. What else the size query accepts is of no
- * use: 2^k + 1 (from 33 on for Real32, from 9 on for Real64), whose plan may be made, but reads and
- * writes element N, one past the arrays; and some lengths from 2^29 on whose size has wrapped
- * around, so that no buffer could hold their plan: none is made.
+ * are 2^k up to 2^26 for Real32, up to 2^25 for Real64. The 64-bit library refuses all others, by
+ * the size query and by both ways of making a plan, and has written nothing then. What else the
+ * size query of the 32-bit library accepts is of no use: 2^k + 1 (from 33 on for Real32, from 9 on
+ * for Real64), whose plan may be made, but reads and writes element N, one past the arrays; and
+ * some lengths from 2^29 on whose size has wrapped around, so that no buffer could hold their plan:
+ * none is made.
  *
  * **Plan.** Made once for a length and an element type and run any number of times, it lies in one
  * buffer that must stay where it is, untouched. Making it takes all memory and evaluates all sines
@@ -440,7 +453,8 @@ QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
  * - qsvgDCT4InitAlloc_32f, which allocates the buffer, and at last qsvgDCT4Free_32f
  *
  * A buffer larger than told is used only that far. A smaller one is overrun, when the plan is made
- * and when it is run.
+ * and when it is run. Sizes are those of the library that is asked: a plan of the 64-bit library
+ * holds longer pointers and takes more.
  *
  * **Precision.** All sums, products and tables are of the element type. Tables hold sines and
  * cosines, correctly rounded, of multiples of pi that are rounded before.
@@ -449,8 +463,8 @@ QSVG_FOR_EACH_LONG_ORDER(QSVG_DECLARE_WHT)
  * overlap, also with the plan, is not supported.
  *
  * **Alignment.** src and dst may stand at any boundary of their element. A buffer of the told size
- * is enough on each 16-byte boundary, and anywhere below the address 2^31; at other addresses a
- * plan of length 2 to 32 may take up to 11 bytes more.
+ * is enough wherever it stands; but for the 32-bit library above the address 2^31, where off
+ * 16-byte boundaries a plan of length 2 to 32 may take up to 11 bytes more.
  *
  * **Threads.** A plan of length 2, 4, 8, 16 or 32 is only read when it runs, by any number of
  * threads at once. Any other plan has work space in it and serves one call at a time. Different
@@ -482,23 +496,25 @@ QSVG_API QsvStatus qsvgDCT4GetSize_32f(int32_t length, int32_t* size);
 /**
  * Makes a plan in the caller's buffer. It owns nothing outside: to be rid of it, drop the buffer.
  * @param plan   receives the plan, which lies in buffer; stays as it was on failure; not null
- * @param length a supported length, else qsvStatusBadLength; buffer has been written to then, so
- *               that a length which is not known to be supported goes to qsvgDCT4GetSize_32f first
+ * @param length a supported length, else qsvStatusBadLength; the 32-bit library has written to
+ *               buffer then, so that a length which is not known to be supported goes to
+ *               qsvgDCT4GetSize_32f first
  * @param buffer as many bytes as qsvgDCT4GetSize_32f tells, not null
  */
 QSVG_API QsvStatus qsvgDCT4Init_32f(QsvDCT4Plan_32f** plan, int32_t length, uint8_t* buffer);
 
 /**
- * Makes a plan in a buffer from qsvMalloc of the platform core library.
+ * Makes a plan in a buffer that is allocated for it: by qsvMalloc of the platform core library, of
+ * the 64-bit library by posix_memalign.
  * @param plan   receives the plan; stays as it was on failure; not null
  * @param length a supported length, else qsvStatusBadLength; nothing is allocated then, or where
- * the size has wrapped around, what was is freed
+ *               the size has wrapped around (32-bit library), what was is freed
  * @return qsvStatusNullPointer also where memory has run out
  */
 QSVG_API QsvStatus qsvgDCT4InitAlloc_32f(QsvDCT4Plan_32f** plan, int32_t length);
 
 /**
- * Destroys a plan and gives its buffer to qsvFree.
+ * Destroys a plan and gives its buffer back to qsvFree, of the 64-bit library to free.
  * @param plan one made by qsvgDCT4InitAlloc_32f, not by qsvgDCT4Init_32f; not null
  */
 QSVG_API QsvStatus qsvgDCT4Free_32f(QsvDCT4Plan_32f* plan);
