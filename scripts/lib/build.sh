@@ -5,9 +5,11 @@
 build_target() {
     local preset=$1 target=${2:-all}
     local log="build/$preset.log"
+    # An earlier scripts/test may have had it described by another build.
+    local options=(-D QSVG_DESCRIBED_BY= "${@:3}")
     mkdir -p build
     echo "building $target by preset $preset (output in $log)"
-    if ! { cmake --preset "$preset" "${@:3}" && cmake --build --preset "$preset" --target "$target"; } \
+    if ! { cmake --preset "$preset" "${options[@]}" && cmake --build --preset "$preset" --target "$target"; } \
         >"$log" 2>&1; then
         # A failed compilation among parallel ones is not at the end of the output.
         grep --extended-regexp --after-context=20 '^FAILED|error:|Error' "$log" >&2 || cat "$log" >&2
