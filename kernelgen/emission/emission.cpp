@@ -36,7 +36,7 @@ class Emitter {
         const Node& n = graph_.node(id);
         if (is_store(n.op)) return store(n);
         const std::string name = "v" + std::to_string(names_.size());
-        const std::string text =
+        std::string text =
             "const " + type_name(n.type, target_) + " " + name + " = " + expression(n) + ";";
         names_[id] = name;
         return text;

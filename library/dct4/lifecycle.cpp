@@ -11,9 +11,9 @@ namespace {
  * what a plan takes, whose answers callers know: they also tell a size for lengths that are of no
  * use, a power of two and one, and where the sum has wrapped around. */
 constexpr bool is_refused_by_length(std::int32_t length) {
-    const bool is_power_of_two = length > 1 && (length & (length - 1)) == 0;
-    return sizeof(void*) > 4 &&
-           (!is_power_of_two || length > dct4::QSVG_ELEMENT::kLongestPowerOfTwo);
+    if (sizeof(void*) == 4) return false;
+    return length < 2 || (length & (length - 1)) != 0 ||
+           length > dct4::QSVG_ELEMENT::kLongestPowerOfTwo;
 }
 
 using namespace dct4::QSVG_ELEMENT;

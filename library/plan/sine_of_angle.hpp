@@ -23,7 +23,8 @@ constexpr Real64 kPi = 3.141592653589793;  // 0x400921FB54442D18
 
 /** The integer nearest to x, which is not negative; to either side where two are near alike. */
 inline std::int32_t nearest_integer(Real64 x) {
-    return static_cast<std::int32_t>(x + 0.5);
+    const Real64 shifted = x + 0.5;
+    return static_cast<std::int32_t>(shifted);
 }
 
 /** The sum of (-square)^i / (first + 2i)! up to the order `last`. */
