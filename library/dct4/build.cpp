@@ -119,10 +119,10 @@ QsvStatus DCT4(env2_plan)(EnvObject* object) {
     const std::int32_t blocks = node->blocks / kPlanLanes;
     auto* const rotations = allocate<env4>(arena);
     auto* const split = allocate<envfsplit>(arena);
-    *split = {{{DCT4(envfsplit___del__), sizeof(envfsplit)}, DCT4(envfsplit_at), arena},
-              node->twoFactor,
-              blocks,
-              node->coefficients};
+    set_coefficient_head(split, DCT4(envfsplit___del__), DCT4(envfsplit_at), arena);
+    split->columns = node->twoFactor;
+    split->rowBlocks = blocks;
+    split->inner = node->coefficients;
     EnvList_add(node->children, split);
     rotations->destroy = DCT4(env4___del__);
     rotations->size = sizeof(env4);

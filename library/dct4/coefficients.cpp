@@ -1,3 +1,4 @@
+#include "dct4/construct.hpp"
 #include "dct4/operations.hpp"
 #include "plan/sine_cosine.hpp"
 #include "plan/wrapping.hpp"
@@ -10,16 +11,16 @@ extern "C" {
 
 envlambda* DCT4(envlambda___init__)(envlambda* object, Arena* arena, std::int32_t numerator,
                                     std::int32_t denominator) {
-    *object = {{{DCT4(envlambda___del__), sizeof(envlambda)}, DCT4(envlambda_at), arena},
-               numerator,
-               denominator};
+    set_coefficient_head(object, DCT4(envlambda___del__), DCT4(envlambda_at), arena);
+    object->numerator = numerator;
+    object->denominator = denominator;
     return object;
 }
 
 envfCompose* DCT4(envfCompose___init__)(envfCompose* object, Arena* arena,
                                         const envfCompose_parameters& parameters) {
-    *object = {{{DCT4(envfCompose___del__), sizeof(envfCompose)}, DCT4(envfCompose_at), arena},
-               parameters};
+    set_coefficient_head(object, DCT4(envfCompose___del__), DCT4(envfCompose_at), arena);
+    static_cast<envfCompose_parameters&>(*object) = parameters;
     return object;
 }
 

@@ -41,7 +41,14 @@ env1* DCT4(env1___init__)(env1* node, Arena* arena, std::int32_t length) {
 
 env2* DCT4(env2___init__)(env2* node, Arena* arena, const env2_parameters& parameters) {
     set_head(node, DCT4(env2___del__), DCT4(env2_plan), arena);
-    static_cast<env2_parameters&>(*node) = parameters;
+    node->factor = parameters.factor;
+    node->length = parameters.length;
+    node->twoFactor = parameters.twoFactor;
+    node->blocks = parameters.blocks;
+    node->length2 = parameters.length2;
+    node->lastIndex = parameters.lastIndex;
+    node->subLength = parameters.subLength;
+    node->coefficients = parameters.coefficients;
     set_lists(node);
     return node;
 }

@@ -20,4 +20,17 @@ inline Real* allocate_array(Arena* arena, std::int32_t elements) {
     return static_cast<Real*>(qsvgArenaMalloc(arena, bytes));
 }
 
+/** Field by field, here and wherever a record has gaps between its fields: an assignment of the
+ * whole may bring along what the stack held there. */
+template <class Object>
+void set_coefficient_head(Object* object, void (*destroy)(EnvObject*),
+                          Real (*at)(const CoefficientObject*, std::int32_t, std::int32_t,
+                                     std::int32_t),
+                          Arena* arena) {
+    object->destroy = destroy;
+    object->size = sizeof(Object);
+    object->at = at;
+    object->arena = arena;
+}
+
 }  // namespace dct4::QSVG_ELEMENT

@@ -286,7 +286,9 @@ TEST(InWords, DeepExpressionsAreCut) {
 TEST(InWords, ConversionsAndSignsAreTold) {
     kernelgen::ValueGraph values;
     const auto x = values.input(Type::Binary32, 3);
-    const auto wide = values.mul(values.widen(x), values.scale(Type::Binary64));
+    // Nodes are numbered as they are made, and operands told in that order.
+    const auto scale = values.scale(Type::Binary64);
+    const auto wide = values.mul(values.widen(x), scale);
     EXPECT_EQ(in_words(values, -values.round(wide), 9), "-rounded(scale * wide(x[3]))");
 }
 
