@@ -9,8 +9,8 @@ set(QSVG_DEBIAN_ARCHITECTURE amd64)
 set(QSVG_MODE_OPTION -m64)
 set(QSVG_OPTIONS -ffp-contract=off)
 set(QSVG_RUNTIME_OPTIONS "")
-# Two percent off the time of the real kernels in single precision, measured over all lengths: without it the
-# instructions stay apart that wait for one another.
+# Takes 2.6 (forward) and 2.1 % (inverse) off the time of the real kernels in single precision and 0.4 to 0.5 % in
+# double, measured at fifteen lengths.
 set(QSVG_SCALAR_OPTIONS $<$<CXX_COMPILER_ID:GNU>:-fno-live-range-shrinkage>)
 set(QSVG_DISPATCHER_OPTIONS "")
 set(QSVG_HAS_CORE_LIBRARY FALSE)

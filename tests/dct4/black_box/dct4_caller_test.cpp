@@ -3,14 +3,11 @@
  * @brief The DCT-IV through its interface: what a caller's control state and allocator see of it.
  */
 
-#include <gtest/gtest.h>
-
 #include <vector>
 
+#include "dct4/black_box/support/dct4_calls.hpp"
 #include "support/control_state.hpp"
-#include "support/dct4_interface.hpp"
 #include "support/library_memory.hpp"
-#include "support/signals.hpp"
 
 namespace qsvgen_test {
 namespace {
@@ -19,23 +16,7 @@ constexpr unsigned kMxcsrValues[] = {0x1F80, 0x9F80, 0x1FC0, 0x3F80, 0x5F80, 0x7
 constexpr std::uint16_t kX87Values[] = {0x037F, 0x027F, 0x007F, 0x077F, 0x0B7F, 0x0F7F};
 
 template <class E>
-class Dct4Caller : public testing::Test {
-  protected:
-    using Real = typename E::Real;
-    using Functions = Dct4Interface<E>;
-    using Plan = typename Functions::Plan;
-    using Signal = std::vector<Real>;
-
-    static Signal signal(std::int32_t length) {
-        return random_signal<E>(static_cast<std::size_t>(length), 60);
-    }
-
-    static Signal transformed(Plan* plan, const Signal& x) {
-        Signal y(x.size());
-        EXPECT_EQ(0, Functions::kRun(x.data(), y.data(), plan));
-        return y;
-    }
-};
+class Dct4Caller : public Dct4Calls<E> {};
 TYPED_TEST_SUITE(Dct4Caller, RealTypes, ElementNames);
 
 TYPED_TEST(Dct4Caller, FindsTheControlStateOfBothUnitsAsItWas) {

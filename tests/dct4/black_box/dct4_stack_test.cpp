@@ -3,15 +3,12 @@
  * @brief The DCT-IV through its interface: what a caller's stack and registers see of it.
  */
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <vector>
 
+#include "dct4/black_box/support/dct4_calls.hpp"
 #include "support/bits.hpp"
-#include "support/dct4_interface.hpp"
 #include "support/fault.hpp"
-#include "support/signals.hpp"
 #include "support/skewed_call.hpp"
 
 namespace qsvgen_test {
@@ -20,23 +17,8 @@ namespace {
 constexpr std::uint32_t kSkews[] = {0, 4, 8, 12};
 
 template <class E>
-class Dct4Stack : public testing::Test {
+class Dct4Stack : public Dct4Calls<E> {
   protected:
-    using Real = typename E::Real;
-    using Functions = Dct4Interface<E>;
-    using Plan = typename Functions::Plan;
-    using Signal = std::vector<Real>;
-
-    static Signal signal(std::int32_t length) {
-        return random_signal<E>(static_cast<std::size_t>(length), 60);
-    }
-
-    static Signal transformed(Plan* plan, const Signal& x) {
-        Signal y(x.size());
-        EXPECT_EQ(0, Functions::kRun(x.data(), y.data(), plan));
-        return y;
-    }
-
     void call(std::int32_t length, const char* what, const void* function, std::uint32_t skew,
               std::array<std::uint32_t, 5> arguments) {
         volatile QsvStatus status = -1;
