@@ -20,11 +20,22 @@ install(
     EXPORT qsvgen
     LIBRARY COMPONENT runtime
             NAMELINK_COMPONENT development)
+# Programs are linked with the baseline alone; the loader looks for these beside it.
+foreach(level IN LISTS QSVG_LEVELS_ABOVE)
+    install(
+        TARGETS qsvgen_${level}
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/glibc-hwcaps/${level}
+                COMPONENT runtime
+                NAMELINK_SKIP)
+endforeach()
 install(
     CODE "file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:qsvgen>\")"
     COMPONENT runtime)
 # The same for all targets.
-install(FILES ${PROJECT_SOURCE_DIR}/include/qsvgen.h TYPE INCLUDE COMPONENT common)
+install(
+    FILES ${PROJECT_SOURCE_DIR}/include/qsvgen.h ${PROJECT_SOURCE_DIR}/include/qsvgen_batch.h
+    TYPE INCLUDE
+    COMPONENT common)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE TYPE DOC COMPONENT licence)
 
 set(places ${PROJECT_BINARY_DIR}/install)

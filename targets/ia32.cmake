@@ -3,6 +3,8 @@ set(QSVG_MODE "32-bit x86 (-m32)")
 set(QSVG_LIBRARY_NAME qsvgent7)
 set(QSVG_SOVERSION 6.1)
 set(QSVG_TARGET_CODE t7)
+set(QSVG_VECTOR_BYTES 16)
+set(QSVG_LEVELS_OF_TARGET "")
 set(QSVG_MULTIARCH i386-linux-gnu)
 set(QSVG_DEBIAN_ARCHITECTURE i386)
 # A compiler of several modes takes it to compile for this one.

@@ -3,6 +3,9 @@ set(QSVG_MODE "64-bit x86")
 set(QSVG_LIBRARY_NAME qsvgen)
 set(QSVG_SOVERSION 6)
 set(QSVG_TARGET_CODE x64)
+set(QSVG_VECTOR_BYTES 16)
+# Each in a file of its own.
+set(QSVG_LEVELS_OF_TARGET x86-64-v3 x86-64-v4)
 set(QSVG_MULTIARCH x86_64-linux-gnu)
 set(QSVG_DEBIAN_ARCHITECTURE amd64)
 # A compiler of several modes takes it to compile for this one.

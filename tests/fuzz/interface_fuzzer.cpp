@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "fuzz/batch_calls.hpp"
 #include "fuzz/bytes.hpp"
 #include "fuzz/exact_array.hpp"
 #include "support/dct4_interface.hpp"
@@ -221,6 +222,10 @@ constexpr Target kTargets[] = {
     ask_plan_size<RealDouble>,
     call_dct4<RealSingle>,
     call_dct4<RealDouble>,
+    fuzz::call_batch<Real32>,
+    fuzz::call_batch<Real64>,
+    fuzz::refuse_batch<Real32>,
+    fuzz::refuse_batch<Real64>,
 };
 
 }  // namespace

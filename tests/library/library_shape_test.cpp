@@ -30,6 +30,12 @@ constexpr char kVersionOfSymbols[] = "";
 const Names kOwnLibraries = {"libqsvcore.so.6.1"};
 #endif
 
+/** The baseline's, or that of the level that the test runs with. */
+std::string library_file() {
+    const char* const told = std::getenv("QSVGEN_LIBRARY");
+    return told == nullptr ? QSVGEN_LIBRARY : told;
+}
+
 struct Symbol {
     std::string name;
     std::string version;  ///< empty where it has none
@@ -45,7 +51,7 @@ struct Section {
 };
 
 std::vector<std::string> readelf(const char* what) {
-    const auto result = run_command({"readelf", "-W", what, QSVGEN_LIBRARY});
+    const auto result = run_command({"readelf", "-W", what, library_file()});
     EXPECT_EQ(0, result.exit_code) << "readelf " << what;
     return split_lines(result.output);
 }
@@ -128,6 +134,19 @@ Names plan_functions() {
     return all;
 }
 
+/** A companion of each dispatcher. */
+Names batch_functions() {
+    Names all;
+    const auto add = [&](const std::string& single) { all.insert("qsvgBatch" + single.substr(4)); };
+    for (const auto& dispatcher : dispatchers<Single>()) add(dispatcher.name);
+    for (const auto& dispatcher : dispatchers<Double>()) add(dispatcher.name);
+    for (const auto& dispatcher : dispatchers<RealSingle>()) add(dispatcher.name);
+    for (const auto& dispatcher : dispatchers<RealDouble>()) add(dispatcher.name);
+    add("qsvgWHT_32f");
+    add("qsvgWHT_64f");
+    return all;
+}
+
 Names interface() {
     Names all = {"qsvgenGetLibVersion"};
     add_operations<Single>(all);
@@ -137,6 +156,7 @@ Names interface() {
     add_orders<RealSingle>(all);
     add_orders<RealDouble>(all);
     all.merge(plan_functions());
+    all.merge(batch_functions());
     return all;
 }
 
@@ -174,7 +194,7 @@ TEST(LibraryFile, FindsItsPlatformLibraryBesideItselfInTheBuildFolderAndSearches
 
 TEST(LibraryFile, HasALinkForTheLinkerBesideIt) {
     namespace fs = std::filesystem;
-    const fs::path library = fs::canonical(QSVGEN_LIBRARY);
+    const fs::path library = fs::canonical(library_file());
     const fs::path link = library.parent_path() / kNameForLinkers;
     ASSERT_TRUE(fs::exists(link)) << link;
     EXPECT_EQ(library, fs::canonical(link));

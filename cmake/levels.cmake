@@ -1,0 +1,46 @@
+# Levels of a target: the library is built once for each, and the dynamic loader picks the highest that the processor
+# has. The target's own is the baseline.
+
+set(levels "")
+if(PROJECT_IS_TOP_LEVEL AND NOT SANITIZED)
+    set(levels ${QSVG_LEVELS_OF_TARGET})
+endif()
+set(QSVG_LEVELS_ABOVE "${levels}" CACHE STRING "Levels beside the baseline, each a library of its own")
+set(QSVG_LEVELS baseline ${QSVG_LEVELS_ABOVE})
+
+# level_suffix(level result): behind the names of what is built once for each level; nothing for the baseline.
+function(level_suffix level result)
+    if(level STREQUAL "baseline")
+        set(${result} "" PARENT_SCOPE)
+    else()
+        set(${result} _${level} PARENT_SCOPE)
+    endif()
+endfunction()
+
+# level_code, level_code_x86-64-v3, ..: what run-time code of a level is compiled with.
+foreach(level IN LISTS QSVG_LEVELS)
+    block()
+        set(QSVG_LEVEL_OPTIONS "")
+        if(NOT level STREQUAL "baseline")
+            include(${PROJECT_SOURCE_DIR}/targets/${level}.cmake)
+        endif()
+        level_suffix(${level} suffix)
+        add_library(level_code${suffix} INTERFACE)
+        target_compile_options(level_code${suffix} INTERFACE ${QSVG_LEVEL_OPTIONS})
+        target_compile_definitions(
+            level_code${suffix} INTERFACE QSVG_VECTOR_BYTES=${QSVG_VECTOR_BYTES}
+                                          QSVG_TARGET_CODE="${QSVG_TARGET_CODE}")
+    endblock()
+endforeach()
+
+# level_objects(name SOURCES source... [LINK library...]): objects of the library for each level, name,
+# name_x86-64-v3, ..
+function(level_objects name)
+    cmake_parse_arguments(PARSE_ARGV 1 objects "" "" "SOURCES;LINK")
+    foreach(level IN LISTS QSVG_LEVELS)
+        level_suffix(${level} suffix)
+        add_library(${name}${suffix} OBJECT ${objects_SOURCES})
+        target_link_libraries(${name}${suffix} PRIVATE runtime_code level_code${suffix}
+                                                       ${objects_LINK})
+    endforeach()
+endfunction()

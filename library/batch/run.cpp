@@ -1,0 +1,183 @@
+#include "batch/run.hpp"
+
+#include <algorithm>
+
+#include "batch/tile.hpp"
+
+namespace batch {
+namespace {
+
+/** Most elements of a transform in lanes: a spectrum of 64 real points with its zeros. */
+constexpr int kMostElements = 66;
+
+/** Elements of a tile, which short transforms fill with several groups. */
+constexpr int kTileElements = 72;
+static_assert(kTileElements >= kMostElements);
+
+template <class Element>
+class Run {
+    using Real = NumberOf<Element>;
+    static constexpr int kElementNumbers = kGroup<Element> * kParts<Element>;
+
+  public:
+    explicit Run(const Batch<Element>& batch)
+        : batch_(batch),
+          is_in_place_(static_cast<const Element*>(batch.destination.base) == batch.source.base),
+          reads_columns_(batch.source.has_columns()),
+          // In place, a result may stand where another value of its transform is still to be read.
+          writes_columns_(batch.destination.has_columns() && !is_in_place_),
+          groups_of_tile_(kTileElements /
+                          std::max(batch.source.elements, batch.destination.elements)) {
+        fill(from_, batch.source_layout,
+             reads_columns_ ? batch.source.stride * kParts<Element>
+                            : std::ptrdiff_t{kElementNumbers});
+        fill(to_, batch.destination_layout,
+             writes_columns_ ? batch.destination.stride * kParts<Element>
+                             : std::ptrdiff_t{kElementNumbers});
+    }
+
+    void all() {
+        const std::ptrdiff_t full = batch_.count / kGroup<Element>;
+        const auto rest = static_cast<int>(batch_.count % kGroup<Element>);
+        full_groups(0, full);
+        if (rest == 0) return;
+        // The last full group once more, shifted: results that are written twice are the same.
+        if (full > 0 && !is_in_place_)
+            full_groups(batch_.count - kGroup<Element>, 1);
+        else
+            part_of_group(full * kGroup<Element>, rest);
+    }
+
+  private:
+    void fill(std::ptrdiff_t* offsets, Layout layout, std::ptrdiff_t stride) const {
+        for (int place = 0; place < batch_.places; ++place)
+            offsets[place] = element_of(layout, batch_.places, place) * stride;
+    }
+
+    /** `count` full groups, the first of which begins with transform `first`. */
+    void full_groups(std::ptrdiff_t first, std::ptrdiff_t count) {
+        const std::ptrdiff_t at_once =
+            reads_columns_ && writes_columns_ ? count : std::ptrdiff_t{groups_of_tile_};
+        for (; count > 0; count -= at_once, first += at_once * kGroup<Element>)
+            some_groups(first, std::min(count, at_once));
+    }
+
+    /** As many groups as a tile has room for, or any number of columns. */
+    void some_groups(std::ptrdiff_t first, std::ptrdiff_t count) {
+        Groups<Real> groups{in_,
+                            out_,
+                            from_,
+                            to_,
+                            batch_.factor,
+                            count,
+                            kElementNumbers * std::ptrdiff_t{batch_.source.elements},
+                            kElementNumbers * std::ptrdiff_t{batch_.destination.elements}};
+        if (reads_columns_) {
+            groups.source = reinterpret_cast<const Real*>(batch_.source.base + first);
+            groups.source_step = kElementNumbers;
+        } else {
+            for (std::ptrdiff_t g = 0; g < count; ++g)
+                gather(batch_.source.from(first + g * kGroup<Element>), kGroup<Element>,
+                       in_ + g * groups.source_step);
+        }
+        if (writes_columns_) {
+            groups.destination = reinterpret_cast<Real*>(batch_.destination.base + first);
+            groups.destination_step = kElementNumbers;
+        }
+        compute(groups);
+        if (writes_columns_) return;
+        for (std::ptrdiff_t g = 0; g < count; ++g)
+            scatter(out_ + g * groups.destination_step, kGroup<Element>,
+                    batch_.destination.from(first + g * kGroup<Element>));
+    }
+
+    /** `count` transforms, fewer than a group. */
+    void part_of_group(std::ptrdiff_t first, int count) {
+        if (reads_columns_) fill(from_, batch_.source_layout, kElementNumbers);
+        if (writes_columns_) fill(to_, batch_.destination_layout, kElementNumbers);
+        gather(batch_.source.from(first), count, in_);
+        compute({in_, out_, from_, to_, batch_.factor, 1, 0, 0}, kElementNumbers);
+        scatter(out_, count, batch_.destination.from(first));
+    }
+
+    void compute(const Groups<Real>& groups) {
+        compute(groups, writes_columns_ ? batch_.destination.stride * kParts<Element>
+                                        : std::ptrdiff_t{kElementNumbers});
+    }
+
+    void compute(const Groups<Real>& groups, std::ptrdiff_t element_step) {
+        batch_.body(batch_.size, groups);
+        const Zeros zeros = zeros_of(batch_.destination_layout, batch_.places);
+        const bool is_to_be_scaled = !batch_.body_has_factor && batch_.factor != 1;
+        if (zeros.count == 0 && !is_to_be_scaled) return;
+        Real* begin = groups.destination;
+        for (std::ptrdiff_t g = 0; g < groups.count; ++g, begin += groups.destination_step) {
+            for (int i = 0; i < zeros.count; ++i)
+                store(begin + zeros.elements[i] * element_step, Vector<Real>{});
+            if (is_to_be_scaled) scale(begin);
+        }
+    }
+
+    void scale(Real* begin) const {
+        for (int place = 0; place < batch_.places; ++place) {
+            Real* const element = begin + to_[place];
+            for (int i = 0; i < kElementNumbers; i += kLanes<Real>)
+                store(element + i, load(element + i) * batch_.factor);
+        }
+    }
+
+    static constexpr int kTileNumbers = kTileElements * kElementNumbers;
+
+    const Batch<Element>& batch_;
+    const bool is_in_place_;
+    const bool reads_columns_;
+    const bool writes_columns_;
+    const int groups_of_tile_;
+    std::ptrdiff_t from_[kMostElements];
+    std::ptrdiff_t to_[kMostElements];
+    alignas(64) Real in_[kTileNumbers];
+    alignas(64) Real out_[kTileNumbers];
+};
+
+/** One after the other. Elements that do not follow one another are copied. */
+template <class Element>
+void run_singly(const Batch<Element>& batch) {
+    for (std::ptrdiff_t k = 0; k < batch.count; ++k) {
+        const Placement<const Element> source = batch.source.from(k);
+        const Placement<Element> destination = batch.destination.from(k);
+        Element x[kMostElements];
+        Element y[kMostElements];
+        if (!source.is_contiguous()) {
+            for (int j = 0; j < source.elements; ++j) x[j] = source.base[j * source.stride];
+        }
+        batch.single(source.is_contiguous() ? source.base : x,
+                     destination.is_contiguous() ? destination.base : y, batch.size, batch.flag);
+        if (!destination.is_contiguous()) {
+            for (int j = 0; j < destination.elements; ++j)
+                destination.base[j * destination.stride] = y[j];
+        }
+    }
+}
+
+template <class Element>
+void run_batch(const Batch<Element>& batch) {
+    if (batch.count == 1) return run_singly(batch);
+    Run<Element>(batch).all();
+}
+
+}  // namespace
+
+void run(const Batch<Real32>& batch) {
+    run_batch(batch);
+}
+void run(const Batch<Real64>& batch) {
+    run_batch(batch);
+}
+void run(const Batch<Complex32>& batch) {
+    run_batch(batch);
+}
+void run(const Batch<Complex64>& batch) {
+    run_batch(batch);
+}
+
+}  // namespace batch

@@ -1,0 +1,35 @@
+#pragma once
+
+/** @file @brief Runs a batch: full groups by bodies in lanes, a few transforms by single calls. */
+
+#include <cstdint>
+
+#include "batch/bodies.hpp"
+#include "batch/placement.hpp"
+
+namespace batch {
+
+template <class Element>
+struct Batch {
+    using Real = NumberOf<Element>;
+
+    Placement<const Element> source;
+    Placement<Element> destination;
+    Layout source_layout;
+    Layout destination_layout;
+    int size;    ///< what bodies are chosen by
+    int places;  ///< of the body, in elements
+    std::int32_t count;
+    std::int32_t flag;
+    Real factor;
+    bool body_has_factor;
+    void (*body)(int size, const Groups<Real>& groups);
+    QsvStatus (*single)(const Element* src, Element* dst, std::int32_t size, std::int32_t flag);
+};
+
+void run(const Batch<Real32>& batch);
+void run(const Batch<Real64>& batch);
+void run(const Batch<Complex32>& batch);
+void run(const Batch<Complex64>& batch);
+
+}  // namespace batch

@@ -1,0 +1,1 @@
+#include "qsvgen_batch.h"
