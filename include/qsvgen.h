@@ -1,7 +1,7 @@
 /**
  * @file qsvgen.h
- * @brief Discrete transforms of small fixed sizes, and the DCT-IV by a plan: the whole exported
- *        interface, for C and C++.
+ * @brief Discrete transforms of small fixed sizes, and the DCT-IV by a plan: all that is exported
+ *        but for batches, for C and C++.
  *
  * | family                           | sizes                         | functions             |
  * |----------------------------------|-------------------------------|-----------------------|
@@ -10,6 +10,8 @@
  * | @ref hartley "Hartley"           | N = 2 to 64                   | qsvgHartley_...       |
  * | @ref walsh_hadamard "Walsh-Hadamard" | N = 2^K, K = 1 to 13      | qsvgWHT_...           |
  * | @ref dct4 "DCT-IV"               | N = 2^k from 2 on, by a plan  | qsvgDCT4_...          |
+ *
+ * Many transforms in a call, of all but the DCT-IV: @ref batches, in qsvgen_batch.h.
  *
  * One header for two libraries, whose results are the same, bit by bit:
  *
@@ -114,7 +116,8 @@ typedef struct {
     int32_t minorVersion;    /**< minor version */
     int32_t majorBuild;      /**< major build */
     int32_t build;           /**< build */
-    char targetCode[4];      /**< t7 (32-bit library) or x64, padded with zero bytes */
+    char targetCode[4];      /**< t7 (32-bit library), x64, or of the level that the loader has
+                                  chosen v3 or v4; padded with zero bytes */
     const char* name;        /**< the shared object's own name */
     const char* versionText; /**< version as text */
     const char* buildDate;   /**< date of the build as text */
