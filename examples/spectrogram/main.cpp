@@ -8,6 +8,7 @@
 #include "plot.hpp"
 #include "short_time_spectrum.hpp"
 #include "summary.hpp"
+#include "transform_times.hpp"
 
 namespace {
 
@@ -16,9 +17,10 @@ using namespace spectrogram;
 void DrawSpectrogram(const CommandLine& command_line) {
     const example::Recording recording = example::ReadRecording(command_line.recording);
     example::Progress progress(stderr, "frames");
-    const std::vector<PowerSpectrum> spectra = ShortTimeSpectrum(
-        recording.samples, [&](size_t done, size_t all) { progress.Report(done, all); });
-    PrintSummary(std::cout, recording, spectra);
+    const Frames frames(recording.samples);
+    const std::vector<PowerSpectrum> spectra =
+        ShortTimeSpectrum(frames, [&](size_t done, size_t all) { progress.Report(done, all); });
+    PrintSummary(std::cout, recording, spectra, MeasureTransforms(frames));
 
     const example::PlotFiles files = example::PlotFilesFor(command_line.png);
     Plot(files, "Spectrogram of " + command_line.recording.filename().string(), spectra,

@@ -1,57 +1,42 @@
 #include "short_time_spectrum.hpp"
 
-#include <qsvgen.h>
-
 #include <algorithm>
 #include <cmath>
-#include <numbers>
-#include <numeric>
-#include <stdexcept>
+#include <complex>
 
 namespace spectrogram {
 namespace {
 
-using Window = std::array<float, kFrameLength>;
-
-Window HannWindow() {
-    Window window{};
-    for (size_t n = 0; n < kFrameLength; ++n) {
-        const double turn = static_cast<double>(n) / kFrameLength;
-        window[n] = static_cast<float>(0.5 - 0.5 * std::cos(2 * std::numbers::pi * turn));
-    }
-    return window;
+std::complex<double> BinOf(const Transform& transform, size_t k) {
+    return {transform[2 * k], transform[2 * k + 1]};
 }
 
-size_t FrameCount(size_t samples) {
-    return samples <= kFrameLength ? 1 : 1 + (samples - kFrameLength + kHop - 1) / kHop;
+/** A bin of the frame times Hann's window, 1/2 - 1/2 cos(2 pi n / N): half the bin less a quarter
+ * of each neighbour. Windowed samples would be other ones in each of the frames that share them, so
+ * that these could not overlap in memory. */
+std::complex<double> WindowedBin(const Transform& transform, size_t k) {
+    // A real signal has conjugate bins beyond both ends.
+    const auto below = k > 0 ? BinOf(transform, k - 1) : std::conj(BinOf(transform, 1));
+    const auto above =
+        k < kBins - 1 ? BinOf(transform, k + 1) : std::conj(BinOf(transform, kBins - 2));
+    return 0.5 * BinOf(transform, k) - 0.25 * (below + above);
 }
 
 }  // namespace
 
-std::vector<PowerSpectrum> ShortTimeSpectrum(std::span<const float> samples,
+std::vector<PowerSpectrum> ShortTimeSpectrum(const Frames& frames,
                                              const example::ProgressCallback& progress) {
-    const Window window = HannWindow();
-    const double window_sum = std::accumulate(window.begin(), window.end(), 0.0);
+    constexpr double kWindowSum = kFrameLength / 2.0;
+    std::vector<Transform> transforms(frames.count());
+    frames.TransformAtOnce(transforms);
 
-    std::array<Real32, kFrameLength> frame{};
-    std::array<Real32, 2 * kBins> spectrum{};  // real part, imaginary part, bin by bin
-
-    std::vector<PowerSpectrum> spectra(FrameCount(samples.size()));
+    std::vector<PowerSpectrum> spectra(frames.count());
     for (size_t index = 0; index < spectra.size(); ++index) {
-        const size_t start = index * kHop;
-        for (size_t n = 0; n < kFrameLength; ++n) {
-            const float sample = start + n < samples.size() ? samples[start + n] : 0.0F;
-            frame[n] = sample * window[n];
-        }
-        if (qsvgDFTFwd_RToCCS_64_32f(frame.data(), spectrum.data(), qsvScaleNone) != qsvStatusOk) {
-            throw std::logic_error("the transform refused valid arguments");
-        }
         for (size_t k = 0; k < kBins; ++k) {
             // A real signal has the other half of the amplitude at the negative frequency.
             const double sides = (k == 0 || k == kFrameLength / 2) ? 1 : 2;
-            const double amplitude = std::hypot(static_cast<double>(spectrum[2 * k]),
-                                                static_cast<double>(spectrum[2 * k + 1]));
-            spectra[index][k] = std::pow(sides * amplitude / window_sum, 2);
+            const double amplitude = std::abs(WindowedBin(transforms[index], k));
+            spectra[index][k] = std::pow(sides * amplitude / kWindowSum, 2);
         }
         progress(index + 1, spectra.size());
     }
