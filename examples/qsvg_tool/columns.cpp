@@ -47,6 +47,22 @@ Real ParseNumber(const std::string& word, const std::string& name, size_t line) 
     return value;
 }
 
+/** Of numbers line after line. */
+template <class Real>
+std::vector<Real> SignalAfterSignal(const Columns<Real>& columns, std::span<const Real> lines) {
+    std::vector<Real> numbers;
+    numbers.reserve(lines.size());
+    const size_t line_size = columns.signals * columns.parts;
+    for (size_t signal = 0; signal < columns.signals; ++signal) {
+        for (size_t line = 0; line < columns.lines; ++line) {
+            const auto sample =
+                lines.subspan(line * line_size + signal * columns.parts, columns.parts);
+            numbers.insert(numbers.end(), sample.begin(), sample.end());
+        }
+    }
+    return numbers;
+}
+
 std::vector<std::string> WordsBeforeComment(const std::string& line) {
     std::istringstream stream(line.substr(0, line.find('#')));
     std::vector<std::string> words;
@@ -59,6 +75,7 @@ std::vector<std::string> WordsBeforeComment(const std::string& line) {
 template <class Real>
 Columns<Real> ReadColumns(std::istream& text, const std::string& name, size_t parts) {
     Columns<Real> columns{.parts = parts};
+    std::vector<Real> numbers;
     errno = 0;
     for (std::string line; std::getline(text, line);) {
         ++columns.last_line;
@@ -71,25 +88,24 @@ Columns<Real> ReadColumns(std::istream& text, const std::string& name, size_t pa
                          std::to_string(words.size()) +
                          " columns are not whole signals.\nWrite 0 for absent imaginary parts.");
             }
-            columns.signals.resize(words.size() / parts);
+            columns.signals = words.size() / parts;
         }
-        const size_t expected = columns.signals.size() * parts;
+        const size_t expected = columns.signals * parts;
         if (words.size() != expected) {
             Fail(name, columns.last_line,
                  "there are " + std::to_string(words.size()) +
                      " columns, where the first line has " + std::to_string(expected) +
                      ".\nGive all lines as many.");
         }
-        for (size_t i = 0; i < words.size(); ++i) {
-            columns.signals[i / parts].push_back(
-                ParseNumber<Real>(words[i], name, columns.last_line));
-        }
+        for (const std::string& word : words)
+            numbers.push_back(ParseNumber<Real>(word, name, columns.last_line));
         ++columns.lines;
     }
     if (text.bad()) {
         Fail(name, columns.last_line + 1,
              std::string("cannot read on: ") + std::strerror(errno) + ".");
     }
+    columns.numbers = SignalAfterSignal<Real>(columns, numbers);
     return columns;
 }
 
@@ -105,9 +121,9 @@ void PrintColumns(std::ostream& text, const Columns<Real>& columns, size_t lines
     for (size_t line = 0; line < columns.lines; ++line) {
         if (line > 0 && line % lines_of_block == 0) text << '\n';
         const char* separator = "";
-        for (const auto& signal : columns.signals) {
-            for (size_t part = 0; part < columns.parts; ++part) {
-                text << separator << ShortestDecimal(signal[line * columns.parts + part]);
+        for (size_t signal = 0; signal < columns.signals; ++signal) {
+            for (const Real number : columns.samples(signal, line, 1)) {
+                text << separator << ShortestDecimal(number);
                 separator = " ";
             }
         }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <istream>
 #include <ostream>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,18 @@ namespace qsvg_tool {
 /** Real is Real32 or Real64. */
 template <class Real>
 struct Columns {
-    size_t parts = 1;                             ///< numbers of a sample: 2 of complex signals
-    size_t lines = 0;                             ///< samples of each signal
-    std::vector<std::vector<Real>> signals = {};  ///< the parts of a sample stand together
-    size_t last_line = 0;                         ///< number of the text's last line
+    size_t parts = 1;    ///< numbers of a sample: 2 of complex signals
+    size_t lines = 0;    ///< samples of each signal
+    size_t signals = 0;  ///< how many
+    /** Signal after signal, so that all blocks of all signals follow one another; the parts of a
+     * sample stand together. */
+    std::vector<Real> numbers = {};
+    size_t last_line = 0;  ///< number of the text's last line
+
+    /** `count` samples of a signal from a line on. */
+    std::span<const Real> samples(size_t signal, size_t line, size_t count) const {
+        return std::span(numbers).subspan((signal * lines + line) * parts, count * parts);
+    }
 };
 
 /**

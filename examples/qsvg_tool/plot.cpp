@@ -55,15 +55,14 @@ std::vector<Curve> CurvesOf(const Request& request, const Columns<Real>& columns
                             size_t lines_of_block) {
     std::vector<Curve> curves;
     const size_t blocks = columns.lines / lines_of_block;
-    const size_t size = lines_of_block * columns.parts;
     for (size_t block = 0; block < blocks; ++block) {
-        for (size_t signal = 0; signal < columns.signals.size(); ++signal) {
+        for (size_t signal = 0; signal < columns.signals; ++signal) {
             std::string title;
-            if (columns.signals.size() > 1) title += "signal " + std::to_string(signal + 1) + " ";
+            if (columns.signals > 1) title += "signal " + std::to_string(signal + 1) + " ";
             if (blocks > 1) title += "block " + std::to_string(block + 1) + " ";
             curves.push_back(
                 {title, PointsOf(request,
-                                 std::span(columns.signals[signal]).subspan(block * size, size))});
+                                 columns.samples(signal, block * lines_of_block, lines_of_block))});
         }
     }
     return curves;

@@ -1,11 +1,14 @@
 #include "transform.hpp"
 
 #include <bit>
+#include <cstddef>
+#include <limits>
 #include <memory>
 #include <string>
 
 #include "command_line.hpp"
 #include "common/error.hpp"
+#include "qsvgen_batch.h"
 
 namespace qsvg_tool {
 namespace {
@@ -14,22 +17,24 @@ namespace {
 template <class Real>
 struct Library;
 
-#define QSVG_TOOL_LIBRARY(REAL, SUFFIX)                                                            \
-    template <>                                                                                    \
-    struct Library<Real##REAL> {                                                                   \
-        using Complex = Complex##REAL;                                                             \
-        using Plan = QsvDCT4Plan_##SUFFIX;                                                         \
-        static constexpr auto kComplexForward = qsvgDFTFwd_CToC_##SUFFIX##c;                       \
-        static constexpr auto kComplexInverse = qsvgDFTInv_CToC_##SUFFIX##c;                       \
-        static constexpr decltype(&qsvgHartley_##SUFFIX) kRealForward[] = {                        \
-            qsvgDFTFwd_RToCCS_##SUFFIX, qsvgDFTFwd_RToPack_##SUFFIX, qsvgDFTFwd_RToPerm_##SUFFIX}; \
-        static constexpr decltype(&qsvgHartley_##SUFFIX) kRealInverse[] = {                        \
-            qsvgDFTInv_CCSToR_##SUFFIX, qsvgDFTInv_PackToR_##SUFFIX, qsvgDFTInv_PermToR_##SUFFIX}; \
-        static constexpr auto kHartley = qsvgHartley_##SUFFIX;                                     \
-        static constexpr auto kWalshHadamard = qsvgWHT_##SUFFIX;                                   \
-        static constexpr auto kDct4Plan = qsvgDCT4InitAlloc_##SUFFIX;                              \
-        static constexpr auto kDct4Free = qsvgDCT4Free_##SUFFIX;                                   \
-        static constexpr auto kDct4 = qsvgDCT4_##SUFFIX;                                           \
+#define QSVG_TOOL_LIBRARY(REAL, SUFFIX)                                           \
+    template <>                                                                   \
+    struct Library<Real##REAL> {                                                  \
+        using Complex = Complex##REAL;                                            \
+        using Plan = QsvDCT4Plan_##SUFFIX;                                        \
+        static constexpr auto kComplexForward = qsvgBatchDFTFwd_CToC_##SUFFIX##c; \
+        static constexpr auto kComplexInverse = qsvgBatchDFTInv_CToC_##SUFFIX##c; \
+        static constexpr decltype(&qsvgBatchHartley_##SUFFIX) kRealForward[] = {  \
+            qsvgBatchDFTFwd_RToCCS_##SUFFIX, qsvgBatchDFTFwd_RToPack_##SUFFIX,    \
+            qsvgBatchDFTFwd_RToPerm_##SUFFIX};                                    \
+        static constexpr decltype(&qsvgBatchHartley_##SUFFIX) kRealInverse[] = {  \
+            qsvgBatchDFTInv_CCSToR_##SUFFIX, qsvgBatchDFTInv_PackToR_##SUFFIX,    \
+            qsvgBatchDFTInv_PermToR_##SUFFIX};                                    \
+        static constexpr auto kHartley = qsvgBatchHartley_##SUFFIX;               \
+        static constexpr auto kWalshHadamard = qsvgBatchWHT_##SUFFIX;             \
+        static constexpr auto kDct4Plan = qsvgDCT4InitAlloc_##SUFFIX;             \
+        static constexpr auto kDct4Free = qsvgDCT4Free_##SUFFIX;                  \
+        static constexpr auto kDct4 = qsvgDCT4_##SUFFIX;                          \
     };
 QSVG_TOOL_LIBRARY(32, 32f)
 QSVG_TOOL_LIBRARY(64, 64f)
@@ -42,30 +47,37 @@ bool IsPowerOfTwo(int32_t length) {
     return length > 0 && std::has_single_bit(static_cast<uint32_t>(length));
 }
 
-/** Of all families whose functions need no plan. */
+/** Of all families whose functions need no plan: `count` blocks, one behind the other. */
 template <class Real>
-QsvStatus Call(const Request& request, const Real* source, Real* destination) {
+QsvStatus Call(const Request& request, const Real* source, Real* destination, int32_t count) {
     using Functions = Library<Real>;
     const auto layout = static_cast<size_t>(request.layout);
+    const BlockLines lines = BlockLinesOf(request);
+    const auto from = static_cast<ptrdiff_t>(lines.source);
+    const auto to = static_cast<ptrdiff_t>(lines.destination);
     switch (request.family) {
         case Family::kDftComplex: {
             using Complex = typename Functions::Complex;
             const auto function =
                 request.is_inverse ? Functions::kComplexInverse : Functions::kComplexForward;
-            return function(reinterpret_cast<const Complex*>(source),
-                            reinterpret_cast<Complex*>(destination), request.length, request.flag);
+            return function(reinterpret_cast<const Complex*>(source), 1, from,
+                            reinterpret_cast<Complex*>(destination), 1, to, request.length, count,
+                            request.flag);
         }
         case Family::kDftReal: {
             const auto function = request.is_inverse ? Functions::kRealInverse[layout]
                                                      : Functions::kRealForward[layout];
-            return function(source, destination, request.length, request.flag);
+            return function(source, 1, from, destination, 1, to, request.length, count,
+                            request.flag);
         }
         case Family::kHartley:
-            return Functions::kHartley(source, destination, request.length, request.flag);
+            return Functions::kHartley(source, 1, from, destination, 1, to, request.length, count,
+                                       request.flag);
         case Family::kWalshHadamard:
             return Functions::kWalshHadamard(
-                source, destination, std::countr_zero(static_cast<uint32_t>(request.length)),
-                request.flag, nullptr);
+                source, 1, from, destination, 1, to,
+                std::countr_zero(static_cast<uint32_t>(request.length)), count, request.flag,
+                nullptr);
         case Family::kDct4:
             break;
     }
@@ -81,7 +93,7 @@ bool HasLength(const Request& request) {
     // Of longer ones the library tells sizes, too, some of which have wrapped around.
     if (request.family == Family::kDct4)
         return request.length >= 2 && request.length <= kLongestDct4<Real>;
-    return Call<Real>(request, nullptr, nullptr) != qsvStatusBadLength;
+    return Call<Real>(request, nullptr, nullptr, 0) != qsvStatusBadLength;
 }
 
 [[noreturn]] void Refused(const Request& request, QsvStatus status) {
@@ -91,7 +103,7 @@ bool HasLength(const Request& request) {
 }
 
 template <class Real>
-BlockTransform<Real> Dct4Of(const Request& request) {
+BlockTransforms<Real> Dct4Of(const Request& request) {
     typename Library<Real>::Plan* made = nullptr;
     const QsvStatus status = Library<Real>::kDct4Plan(&made, request.length);
     if (status == qsvStatusNullPointer) {
@@ -102,9 +114,13 @@ BlockTransform<Real> Dct4Of(const Request& request) {
     if (status != qsvStatusOk) Refused(request, status);
     const std::shared_ptr<typename Library<Real>::Plan> plan(made, Library<Real>::kDct4Free);
     return [plan, request](std::span<const Real> source) {
+        const auto length = static_cast<size_t>(request.length);
         std::vector<Real> result(source.size());
-        const QsvStatus done = Library<Real>::kDct4(source.data(), result.data(), plan.get());
-        if (done != qsvStatusOk) Refused(request, done);
+        for (size_t begin = 0; begin < source.size(); begin += length) {
+            const QsvStatus done =
+                Library<Real>::kDct4(source.data() + begin, result.data() + begin, plan.get());
+            if (done != qsvStatusOk) Refused(request, done);
+        }
         return result;
     };
 }
@@ -127,20 +143,28 @@ void CheckLength(const Request& request) {
 }
 
 template <class Real>
-BlockTransform<Real> TransformOf(const Request& request) {
+BlockTransforms<Real> TransformsOf(const Request& request) {
     CheckLength(request);
     if (request.family == Family::kDct4) return Dct4Of<Real>(request);
-    const size_t parts = request.is_complex() ? 2 : 1;
-    const size_t size = BlockLinesOf(request).destination * parts;
-    return [request, size](std::span<const Real> source) {
-        std::vector<Real> result(size);
-        const QsvStatus status = Call<Real>(request, source.data(), result.data());
+    return [request](std::span<const Real> source) {
+        const size_t parts = request.is_complex() ? 2 : 1;
+        const BlockLines lines = BlockLinesOf(request);
+        const size_t count = source.size() / (lines.source * parts);
+        if (count > size_t{std::numeric_limits<int32_t>::max()}) {
+            throw example::Error(
+                example::ExitCode::kFailed,
+                "there are " + std::to_string(count) +
+                    " transforms, more than a call takes.\nTransform the text piece by piece.");
+        }
+        std::vector<Real> result(count * lines.destination * parts);
+        const QsvStatus status =
+            Call<Real>(request, source.data(), result.data(), static_cast<int32_t>(count));
         if (status != qsvStatusOk) Refused(request, status);
         return result;
     };
 }
 
-template BlockTransform<Real32> TransformOf<Real32>(const Request&);
-template BlockTransform<Real64> TransformOf<Real64>(const Request&);
+template BlockTransforms<Real32> TransformsOf<Real32>(const Request&);
+template BlockTransforms<Real64> TransformsOf<Real64>(const Request&);
 
 }  // namespace qsvg_tool

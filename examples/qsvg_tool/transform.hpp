@@ -1,6 +1,6 @@
 #pragma once
 
-/** @file @brief The transforms of the library, by its functions that take the length at run time.
+/** @file @brief The transforms of the library, by its functions that do many of a length in a call.
  */
 
 #include <functional>
@@ -21,13 +21,13 @@ BlockLines BlockLinesOf(const Request& request);
 /** Throws an example::Error that names the family's lengths, where this is none of them. */
 void CheckLength(const Request& request);
 
-/** Transforms one block of numbers, the parts of a complex value one after the other. Real is
- * Real32 or Real64. */
+/** Transforms blocks of numbers that follow one another, the parts of a complex value one after the
+ * other. Real is Real32 or Real64. */
 template <class Real>
-using BlockTransform = std::function<std::vector<Real>(std::span<const Real> source)>;
+using BlockTransforms = std::function<std::vector<Real>(std::span<const Real> source)>;
 
 /** Throws example::Error where the library refuses. */
 template <class Real>
-BlockTransform<Real> TransformOf(const Request& request);
+BlockTransforms<Real> TransformsOf(const Request& request);
 
 }  // namespace qsvg_tool

@@ -43,20 +43,12 @@ void CheckWholeBlocks(const Columns<Real>& columns, size_t lines_of_block,
 
 template <class Real>
 Columns<Real> Transformed(const Request& request, const Columns<Real>& source,
-                          const BlockTransform<Real>& transform) {
+                          const BlockTransforms<Real>& transforms) {
     const BlockLines lines = BlockLinesOf(request);
-    const size_t blocks = source.lines / lines.source;
-    const size_t block_size = lines.source * source.parts;
-    Columns<Real> result{.parts = source.parts, .lines = blocks * lines.destination};
-    for (const auto& signal : source.signals) {
-        auto& transforms = result.signals.emplace_back();
-        for (size_t block = 0; block < blocks; ++block) {
-            const std::vector<Real> values =
-                transform(std::span(signal).subspan(block * block_size, block_size));
-            transforms.insert(transforms.end(), values.begin(), values.end());
-        }
-    }
-    return result;
+    return {.parts = source.parts,
+            .lines = source.lines / lines.source * lines.destination,
+            .signals = source.signals,
+            .numbers = transforms(source.numbers)};
 }
 
 template <class Real>
@@ -64,12 +56,12 @@ void Run(const CommandLine& command_line) {
     const Request& request = command_line.request;
     const BlockLines lines = BlockLinesOf(request);
     // Before anything is read, so that an impossible length is told at once.
-    const BlockTransform<Real> transform = TransformOf<Real>(request);
+    const BlockTransforms<Real> transforms = TransformsOf<Real>(request);
     const std::string name =
         command_line.reads_standard_input() ? "(standard input)" : command_line.input.string();
     const auto source = Read<Real>(command_line, name, request.is_complex() ? 2 : 1);
     CheckWholeBlocks(source, lines.source, name);
-    const Columns<Real> result = Transformed(request, source, transform);
+    const Columns<Real> result = Transformed(request, source, transforms);
     if (!command_line.plot.empty()) {
         PlotColumns(example::PlotFilesFor(command_line.plot), request, result, lines.destination);
         return;

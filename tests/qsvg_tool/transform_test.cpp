@@ -53,6 +53,46 @@ TEST_F(ToolTransform, PrintsTheDefinitionOfEveryTransform) {
     }
 }
 
+TEST_F(ToolTransform, PrintsTheDefinitionOfEveryBlockOfEverySignal) {
+    constexpr std::size_t kSignals = 3;
+    constexpr std::size_t kBlocks = 5;
+    for (const ToolCase& tool_case : all_tool_cases()) {
+        if (tool_case.length > 64) continue;
+        const std::size_t parts = tool_case.is_complex ? 2 : 1;
+        const auto lines = static_cast<std::size_t>(tool_case.source_lines);
+        const std::size_t line_size = kSignals * parts;
+        const Numbers x = noise(kBlocks * lines * line_size);
+        // Of a block of a signal among lines of numbers.
+        const auto part_of = [&](const Numbers& numbers, std::size_t block_lines, std::size_t block,
+                                 std::size_t signal) {
+            Numbers picked;
+            for (std::size_t line = 0; line < block_lines; ++line) {
+                const auto begin = numbers.begin() +
+                                   static_cast<std::ptrdiff_t>(
+                                       (block * block_lines + line) * line_size + signal * parts);
+                picked.insert(picked.end(), begin, begin + static_cast<std::ptrdiff_t>(parts));
+            }
+            return picked;
+        };
+        Words words = {"transform"};
+        words.insert(words.end(), tool_case.arguments.begin(), tool_case.arguments.end());
+        words.push_back(write("x.txt", text_of(x, line_size)));
+        const auto result = tool(words);
+        ASSERT_EQ(0, result.exit_code) << joined(words) << '\n' << result.output;
+        const Numbers printed = numbers_of(result.output);
+        const std::size_t result_lines = printed.size() / (kBlocks * line_size);
+        ASSERT_EQ(result_lines * kBlocks * line_size, printed.size()) << joined(words);
+        for (std::size_t block = 0; block < kBlocks; ++block) {
+            for (std::size_t signal = 0; signal < kSignals; ++signal) {
+                expect_near(tool_case, tool_case.definition(part_of(x, lines, block, signal)),
+                            part_of(printed, result_lines, block, signal),
+                            joined(words) + ", block " + std::to_string(block) + ", signal " +
+                                std::to_string(signal));
+            }
+        }
+    }
+}
+
 TEST_F(ToolTransform, ScalesByWhatTheFlagSaysOfTheDirection) {
     for (const ToolCase& tool_case : all_tool_cases()) {
         if (tool_case.length != 64 || tool_case.arguments[0] == "dct4") continue;
