@@ -43,9 +43,18 @@ std::optional<std::string_view> Arguments::value(std::string_view option) const 
 }
 
 std::filesystem::path Arguments::recording(const std::filesystem::path& unnamed) const {
-    if (names_.size() > 1) WrongUse("One recording at a time.", hint_);
+    return only_name("recording", unnamed);
+}
+
+std::filesystem::path Arguments::picture() const {
+    return only_name("picture", {});
+}
+
+std::filesystem::path Arguments::only_name(const std::string& kind,
+                                           const std::filesystem::path& unnamed) const {
+    if (names_.size() > 1) WrongUse("One " + kind + " at a time.", hint_);
     std::filesystem::path name = names_.empty() ? unnamed : names_.front();
-    if (name.empty()) WrongUse("Name a recording.", hint_);
+    if (name.empty()) WrongUse("Name a " + kind + ".", hint_);
     return name;
 }
 

@@ -40,8 +40,13 @@ class Arguments {
     /** The name of the one recording that a program takes, or `unnamed`; throws Error where there
      * are several or it is empty. */
     std::filesystem::path recording(const std::filesystem::path& unnamed) const;
+    /** Likewise that of the one picture, which must be named. */
+    std::filesystem::path picture() const;
 
   private:
+    std::filesystem::path only_name(const std::string& kind,
+                                    const std::filesystem::path& unnamed) const;
+
     std::vector<std::string_view> names_;
     std::map<std::string_view, std::string_view> options_;
     std::string hint_;

@@ -79,6 +79,13 @@ TEST(ExampleArguments, OneRecordingIsTakenAndMayHaveAnotherNameWhereNoneIsGiven)
     EXPECT_THROW(parse({""}).recording("bell.wav"), example::Error);
 }
 
+TEST(ExampleArguments, OnePictureIsNamed) {
+    EXPECT_EQ("face.png", parse({"face.png"}).picture());
+    EXPECT_THROW(parse({"one.png", "two.png"}).picture(), example::Error);
+    EXPECT_THROW(parse({}).picture(), example::Error);
+    EXPECT_THROW(parse({""}).picture(), example::Error);
+}
+
 TEST(ExampleArguments, ANumberIsAllOfAWordOrNone) {
     EXPECT_EQ(12, ParseNumber<int>("12"));
     EXPECT_EQ(-1.5, ParseNumber<double>("-1.5"));
