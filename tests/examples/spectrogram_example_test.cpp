@@ -105,6 +105,7 @@ std::vector<double> levels_of(const fs::path& data) {
 // In dB, of the samples from `start` on times Hann's window; behind the last sample are zeros.
 double windowed_level(const std::vector<double>& samples, std::size_t start, int bin) {
     constexpr int kLength = 64;
+    constexpr int kHalf = 32;
     long double re = 0;
     long double im = 0;
     for (int n = 0; n < kLength; ++n) {
@@ -115,8 +116,8 @@ double windowed_level(const std::vector<double>& samples, std::size_t start, int
         re += x * std::cos(turn * bin);
         im -= x * std::sin(turn * bin);
     }
-    const long double sides = bin == 0 || bin == kLength / 2 ? 1 : 2;
-    return static_cast<double>(20 * std::log10(sides * std::hypot(re, im) / (kLength / 2)));
+    const long double sides = bin == 0 || bin == kHalf ? 1 : 2;
+    return static_cast<double>(20 * std::log10(sides * std::hypot(re, im) / kHalf));
 }
 
 TEST_F(SpectrogramExample, FindsTheLevelOfEveryBinOfEveryWindowedFrame) {
