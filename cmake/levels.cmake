@@ -21,7 +21,9 @@ endfunction()
 foreach(level IN LISTS QSVG_LEVELS)
     block()
         set(QSVG_LEVEL_OPTIONS "")
+        set(recorded ${QSVG_TARGET})
         if(NOT level STREQUAL "baseline")
+            set(recorded ${level})
             include(${PROJECT_SOURCE_DIR}/targets/${level}.cmake)
         endif()
         level_suffix(${level} suffix)
@@ -29,7 +31,8 @@ foreach(level IN LISTS QSVG_LEVELS)
         target_compile_options(level_code${suffix} INTERFACE ${QSVG_LEVEL_OPTIONS})
         target_compile_definitions(
             level_code${suffix} INTERFACE QSVG_VECTOR_BYTES=${QSVG_VECTOR_BYTES}
-                                          QSVG_TARGET_CODE="${QSVG_TARGET_CODE}")
+                                          QSVG_TARGET_CODE="${QSVG_TARGET_CODE}"
+                                          QSVG_BATCH_SINGLY="batch/recorded/${recorded}.inc")
     endblock()
 endforeach()
 

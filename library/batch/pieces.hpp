@@ -51,4 +51,56 @@ template <class Real>
 #endif
 }
 
+#if QSVG_VECTOR_BYTES > 16
+/** Of pairs of pieces, `step` numbers apart, the first ones in `a`, the others in `b`. */
+template <class Real>
+[[gnu::always_inline]] inline void load_pairs_of_pieces(const Real* p, std::ptrdiff_t step,
+                                                        Vector<Real>& a, Vector<Real>& b) {
+    const auto pair = [=](int i) {
+        return _mm256_loadu_ps(reinterpret_cast<const float*>(p + i * step));
+    };
+#if QSVG_VECTOR_BYTES == 32
+    const __m256 x = pair(0);
+    const __m256 y = pair(1);
+    a = reinterpret_cast<Vector<Real>>(_mm256_permute2f128_ps(x, y, 0x20));
+    b = reinterpret_cast<Vector<Real>>(_mm256_permute2f128_ps(x, y, 0x31));
+#else
+    const auto two_pairs = [=](int i) {
+        return _mm512_castps_pd(
+            _mm512_insertf32x8(_mm512_castps256_ps512(pair(i)), pair(i + 1), 1));
+    };
+    const __m512d x = two_pairs(0);
+    const __m512d y = two_pairs(2);
+    a = reinterpret_cast<Vector<Real>>(
+        _mm512_permutex2var_pd(x, _mm512_setr_epi64(0, 1, 4, 5, 8, 9, 12, 13), y));
+    b = reinterpret_cast<Vector<Real>>(
+        _mm512_permutex2var_pd(x, _mm512_setr_epi64(2, 3, 6, 7, 10, 11, 14, 15), y));
+#endif
+}
+
+/** Pieces of a and b in turns, two of which make a store: it takes as long as that of one. */
+template <class Real>
+[[gnu::always_inline]] inline void store_pairs_of_pieces(Real* p, std::ptrdiff_t step,
+                                                         Vector<Real> a, Vector<Real> b) {
+    const auto pair = [=](int i, __m256 x) {
+        _mm256_storeu_ps(reinterpret_cast<float*>(p + i * step), x);
+    };
+#if QSVG_VECTOR_BYTES == 32
+    const auto x = reinterpret_cast<__m256>(a);
+    const auto y = reinterpret_cast<__m256>(b);
+    pair(0, _mm256_permute2f128_ps(x, y, 0x20));
+    pair(1, _mm256_permute2f128_ps(x, y, 0x31));
+#else
+    const auto x = reinterpret_cast<__m512d>(a);
+    const auto y = reinterpret_cast<__m512d>(b);
+    const auto halves = [=](int i, __m512d v) {
+        pair(i, _mm256_castpd_ps(_mm512_castpd512_pd256(v)));
+        pair(i + 1, _mm256_castpd_ps(_mm512_extractf64x4_pd(v, 1)));
+    };
+    halves(0, _mm512_permutex2var_pd(x, _mm512_setr_epi64(0, 1, 8, 9, 2, 3, 10, 11), y));
+    halves(2, _mm512_permutex2var_pd(x, _mm512_setr_epi64(4, 5, 12, 13, 6, 7, 14, 15), y));
+#endif
+}
+#endif
+
 }  // namespace batch

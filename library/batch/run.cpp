@@ -14,6 +14,31 @@ constexpr int kMostElements = 66;
 constexpr int kTileElements = 72;
 static_assert(kTileElements >= kMostElements);
 
+/** Up to so many transforms single calls are as fast as a group whose other lanes are idle. */
+template <class Element>
+constexpr int kFew = kParts<Element> == 1 ? kGroup<Element> / 2 : kGroup<Element> - 1;
+
+/** `count` transforms from `first` on, one after the other. Elements that do not follow one another
+ * are copied. */
+template <class Element>
+void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_t count) {
+    for (std::ptrdiff_t k = first; k < first + count; ++k) {
+        const Placement<const Element> source = batch.source.from(k);
+        const Placement<Element> destination = batch.destination.from(k);
+        Element x[kMostElements];
+        Element y[kMostElements];
+        if (!source.is_contiguous()) {
+            for (int j = 0; j < source.elements; ++j) x[j] = source.base[j * source.stride];
+        }
+        batch.single(source.is_contiguous() ? source.base : x,
+                     destination.is_contiguous() ? destination.base : y, batch.size, batch.flag);
+        if (!destination.is_contiguous()) {
+            for (int j = 0; j < destination.elements; ++j)
+                destination.base[j * destination.stride] = y[j];
+        }
+    }
+}
+
 template <class Element>
 class Run {
     using Real = NumberOf<Element>;
@@ -25,9 +50,7 @@ class Run {
           is_in_place_(static_cast<const Element*>(batch.destination.base) == batch.source.base),
           reads_columns_(batch.source.has_columns()),
           // In place, a result may stand where another value of its transform is still to be read.
-          writes_columns_(batch.destination.has_columns() && !is_in_place_),
-          groups_of_tile_(kTileElements /
-                          std::max(batch.source.elements, batch.destination.elements)) {
+          writes_columns_(batch.destination.has_columns() && !is_in_place_) {
         fill(from_, batch.source_layout,
              reads_columns_ ? batch.source.stride * kParts<Element>
                             : std::ptrdiff_t{kElementNumbers});
@@ -44,22 +67,31 @@ class Run {
         // The last full group once more, shifted: results that are written twice are the same.
         if (full > 0 && !is_in_place_)
             full_groups(batch_.count - kGroup<Element>, 1);
+        else if (rest <= kFew<Element>)
+            run_singly(batch_, full * kGroup<Element>, rest);
         else
             part_of_group(full * kGroup<Element>, rest);
     }
 
   private:
     void fill(std::ptrdiff_t* offsets, Layout layout, std::ptrdiff_t stride) const {
-        for (int place = 0; place < batch_.places; ++place)
-            offsets[place] = element_of(layout, batch_.places, place) * stride;
+        // But for the first place and the last one, elements follow one another in all layouts.
+        const int last = batch_.places - 1;
+        std::ptrdiff_t offset = element_of(layout, batch_.places, 1) * stride;
+        for (int place = 1; place < last; ++place, offset += stride) offsets[place] = offset;
+        offsets[0] = 0;
+        offsets[last] = element_of(layout, batch_.places, last) * stride;
     }
 
     /** `count` full groups, the first of which begins with transform `first`. */
     void full_groups(std::ptrdiff_t first, std::ptrdiff_t count) {
-        const std::ptrdiff_t at_once =
-            reads_columns_ && writes_columns_ ? count : std::ptrdiff_t{groups_of_tile_};
+        const std::ptrdiff_t at_once = reads_columns_ && writes_columns_ ? count : groups_of_tile();
         for (; count > 0; count -= at_once, first += at_once * kGroup<Element>)
             some_groups(first, std::min(count, at_once));
+    }
+
+    int groups_of_tile() const {
+        return kTileElements / std::max(batch_.source.elements, batch_.destination.elements);
     }
 
     /** As many groups as a tile has room for, or any number of columns. */
@@ -76,9 +108,7 @@ class Run {
             groups.source = reinterpret_cast<const Real*>(batch_.source.base + first);
             groups.source_step = kElementNumbers;
         } else {
-            for (std::ptrdiff_t g = 0; g < count; ++g)
-                gather(batch_.source.from(first + g * kGroup<Element>), kGroup<Element>,
-                       in_ + g * groups.source_step);
+            gather(batch_.source, first, count, in_);
         }
         if (writes_columns_) {
             groups.destination = reinterpret_cast<Real*>(batch_.destination.base + first);
@@ -86,18 +116,16 @@ class Run {
         }
         compute(groups);
         if (writes_columns_) return;
-        for (std::ptrdiff_t g = 0; g < count; ++g)
-            scatter(out_ + g * groups.destination_step, kGroup<Element>,
-                    batch_.destination.from(first + g * kGroup<Element>));
+        scatter(out_, first, count, batch_.destination);
     }
 
     /** `count` transforms, fewer than a group. */
     void part_of_group(std::ptrdiff_t first, int count) {
         if (reads_columns_) fill(from_, batch_.source_layout, kElementNumbers);
         if (writes_columns_) fill(to_, batch_.destination_layout, kElementNumbers);
-        gather(batch_.source.from(first), count, in_);
+        gather_some(batch_.source.from(first), count, in_);
         compute({in_, out_, from_, to_, batch_.factor, 1, 0, 0}, kElementNumbers);
-        scatter(out_, count, batch_.destination.from(first));
+        scatter_some(out_, count, batch_.destination.from(first));
     }
 
     void compute(const Groups<Real>& groups) {
@@ -132,36 +160,17 @@ class Run {
     const bool is_in_place_;
     const bool reads_columns_;
     const bool writes_columns_;
-    const int groups_of_tile_;
     std::ptrdiff_t from_[kMostElements];
     std::ptrdiff_t to_[kMostElements];
     alignas(64) Real in_[kTileNumbers];
     alignas(64) Real out_[kTileNumbers];
 };
 
-/** One after the other. Elements that do not follow one another are copied. */
-template <class Element>
-void run_singly(const Batch<Element>& batch) {
-    for (std::ptrdiff_t k = 0; k < batch.count; ++k) {
-        const Placement<const Element> source = batch.source.from(k);
-        const Placement<Element> destination = batch.destination.from(k);
-        Element x[kMostElements];
-        Element y[kMostElements];
-        if (!source.is_contiguous()) {
-            for (int j = 0; j < source.elements; ++j) x[j] = source.base[j * source.stride];
-        }
-        batch.single(source.is_contiguous() ? source.base : x,
-                     destination.is_contiguous() ? destination.base : y, batch.size, batch.flag);
-        if (!destination.is_contiguous()) {
-            for (int j = 0; j < destination.elements; ++j)
-                destination.base[j * destination.stride] = y[j];
-        }
-    }
-}
-
 template <class Element>
 void run_batch(const Batch<Element>& batch) {
-    if (batch.count == 1) return run_singly(batch);
+    const bool is_contiguous = batch.source.is_contiguous() && batch.destination.is_contiguous();
+    if (batch.count <= kFew<Element> || (is_contiguous && batch.is_faster_singly))
+        return run_singly(batch, 0, batch.count);
     Run<Element>(batch).all();
 }
 

@@ -23,6 +23,7 @@ struct Batch {
     std::int32_t flag;
     Real factor;
     bool body_has_factor;
+    bool is_faster_singly;  ///< where elements follow one another
     void (*body)(int size, const Groups<Real>& groups);
     QsvStatus (*single)(const Element* src, Element* dst, std::int32_t size, std::int32_t flag);
 };

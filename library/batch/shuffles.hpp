@@ -6,6 +6,9 @@
  * one shuffle a vector.
  */
 
+#include <cstdint>
+#include <type_traits>
+
 #include "batch/lanes.hpp"
 
 namespace batch {
@@ -18,16 +21,15 @@ namespace detail {
 template <class Real>
 inline constexpr int kPieceLanes = kPieceBytes / static_cast<int>(sizeof(Real));
 
-/** Lane i of a shuffle whose pieces have runs of `run` lanes of a and b in turns, of their first or
- * their second halves. */
+/** Lane i of a shuffle whose pieces have lanes of a and b in turns, of their first or their second
+ * halves. */
 template <class Real>
-constexpr int lane_of_turn(int i, int run, bool of_second_half) {
+constexpr int lane_of_turn(int i, bool of_second_half) {
     const int piece = i / kPieceLanes<Real>;
     const int in_piece = i % kPieceLanes<Real>;
-    const int turn = in_piece / run;
-    const int lane = piece * kPieceLanes<Real> + (of_second_half ? kPieceLanes<Real> / 2 : 0) +
-                     turn / 2 * run + in_piece % run;
-    return turn % 2 == 0 ? lane : lane + kLanes<Real>;
+    const int lane =
+        piece * kPieceLanes<Real> + (of_second_half ? kPieceLanes<Real> / 2 : 0) + in_piece / 2;
+    return in_piece % 2 == 0 ? lane : lane + kLanes<Real>;
 }
 
 /** Lane i of a shuffle whose pieces have every second lane of a's, and behind them of b's. */
@@ -40,10 +42,18 @@ constexpr int every_second_lane(int i, bool odd) {
     return in_piece < kHalf ? lane : lane + kLanes<Real>;
 }
 
-template <class Real, int kRun, bool kSecondHalf, int... kLane>
+// Moved as integers: processors interleave these on two of their ports, numbers only on one.
+using Ints = std::int32_t __attribute__((vector_size(kBytes)));
+using Longs = std::int64_t __attribute__((vector_size(kBytes)));
+template <class Real>
+using BitVector = std::conditional_t<sizeof(Real) == sizeof(std::int32_t), Ints, Longs>;
+
+template <class Real, bool kSecondHalf, int... kLane>
 [[gnu::always_inline]] inline Vector<Real> in_turns(Vector<Real> a, Vector<Real> b,
                                                     std::integer_sequence<int, kLane...>) {
-    return __builtin_shufflevector(a, b, lane_of_turn<Real>(kLane, kRun, kSecondHalf)...);
+    return reinterpret_cast<Vector<Real>>(__builtin_shufflevector(
+        reinterpret_cast<BitVector<Real>>(a), reinterpret_cast<BitVector<Real>>(b),
+        lane_of_turn<Real>(kLane, kSecondHalf)...));
 }
 
 template <class Real, bool kOdd, int... kLane>
@@ -61,13 +71,15 @@ using EachLane = std::make_integer_sequence<int, kLanes<Real>>;
  * separated(). */
 template <class Real, bool kSecondHalf>
 [[gnu::always_inline]] inline Vector<Real> interleaved(Vector<Real> a, Vector<Real> b) {
-    return detail::in_turns<Real, 1, kSecondHalf>(a, b, EachLane<Real>());
+    return detail::in_turns<Real, kSecondHalf>(a, b, EachLane<Real>());
 }
 
 /** Of two vectors of complex numbers the real parts, or the imaginary ones (kOdd). Which number
  * comes to lie in which lane is of no matter to what then is done in each. */
 template <class Real, bool kOdd>
 [[gnu::always_inline]] inline Vector<Real> separated(Vector<Real> a, Vector<Real> b) {
+    // Of two lanes in a piece that is to interleave them.
+    if constexpr (sizeof(Real) == sizeof(double)) return interleaved<Real, kOdd>(a, b);
     return detail::every_second<Real, kOdd>(a, b, EachLane<Real>());
 }
 

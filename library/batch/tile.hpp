@@ -25,16 +25,6 @@ inline constexpr int kElementsOfPiece = kPieceBytes / static_cast<int>(sizeof(El
 
 namespace detail {
 
-/** use(element) for the first element of each block of a piece's; the last block overlaps the one
- * before it where blocks do not come out even. */
-template <class Element, class Use>
-[[gnu::always_inline]] inline void for_each_block(int elements, const Use& use) {
-    constexpr int kBlock = kElementsOfPiece<Element>;
-    int element = 0;
-    for (; element + kBlock < elements; element += kBlock) use(element);
-    use(elements - kBlock);
-}
-
 /** Vectors that hold an element of all transforms of a group. */
 template <class Element>
 inline constexpr int kVectorsOfElement = kParts<Element>;
@@ -43,93 +33,220 @@ inline constexpr int kVectorsOfElement = kParts<Element>;
 template <class Element>
 inline constexpr int kTransformsOfVector = kGroup<Element> / kVectorsOfElement<Element>;
 
+/** Numbers that an element of all transforms of a group takes in a tile. */
 template <class Element>
-void gather_contiguous(const Placement<const Element>& source, NumberOf<Element>* tile) {
+inline constexpr std::ptrdiff_t kElementNumbers = kParts<Element>* kGroup<Element>;
+
+/** Moves blocks of a piece's elements between transforms and a tile. */
+template <class Element>
+struct Blocks {
     using Real = NumberOf<Element>;
-    constexpr int kBlock = kElementsOfPiece<Element>;
-    const std::ptrdiff_t step = source.distance * kParts<Element>;
-    for_each_block<Element>(source.elements, [&](int element) {
-        const auto* const from = reinterpret_cast<const Real*>(source.base + element);
-        Real* const elements = tile + element * kParts<Element> * kLanes<Real>;
-        for (int v = 0; v < kVectorsOfElement<Element>; ++v) {
-            const Real* const first = from + v * kTransformsOfVector<Element> * step;
+    static constexpr int kBlock = kElementsOfPiece<Element>;
+    static constexpr int kVectors = kVectorsOfElement<Element>;
+    static constexpr int kTransforms = kTransformsOfVector<Element>;
+
+    /** Numbers between an element of neighbouring transforms. */
+    std::ptrdiff_t step;
+
+    /** The i-th transform whose first piece is in vector v. */
+    template <class Pointer>
+    [[gnu::always_inline]] Pointer transform(Pointer array, int v, int i) const {
+        return array + (v * kTransforms + i) * step;
+    }
+    template <class Pointer>
+    [[gnu::always_inline]] static Pointer vector(Pointer tile, int v, int i) {
+        return tile + i * kElementNumbers<Element> + v * kLanes<Real>;
+    }
+
+    [[gnu::always_inline]] void gather_one(const Real* array, Real* tile) const {
+        for (int v = 0; v < kVectors; ++v) {
             Vector<Real> block[kBlock];
             for (int i = 0; i < kBlock; ++i)
-                block[i] = load_pieces(first + i * step, kBlock * step);
+                block[i] = load_pieces(transform(array, v, i), kBlock * step);
+            transpose_in_pieces<Real>(block);
+            for (int i = 0; i < kBlock; ++i) store(vector(tile, v, i), block[i]);
+        }
+    }
+
+    [[gnu::always_inline]] void scatter_one(const Real* tile, Real* array) const {
+        for (int v = 0; v < kVectors; ++v) {
+            Vector<Real> block[kBlock];
+            for (int i = 0; i < kBlock; ++i) block[i] = load(vector(tile, v, i));
             transpose_in_pieces<Real>(block);
             for (int i = 0; i < kBlock; ++i)
-                store(elements + (i * kVectorsOfElement<Element> + v) * kLanes<Real>, block[i]);
+                store_pieces(transform(array, v, i), kBlock * step, block[i]);
         }
-    });
+    }
+
+#if QSVG_VECTOR_BYTES > 16
+    // Two blocks whose elements follow one another.
+    [[gnu::always_inline]] void gather_two(const Real* array, Real* tile) const {
+        for (int v = 0; v < kVectors; ++v) {
+            Vector<Real> a[kBlock];
+            Vector<Real> b[kBlock];
+            for (int i = 0; i < kBlock; ++i)
+                load_pairs_of_pieces(transform(array, v, i), kBlock * step, a[i], b[i]);
+            transpose_in_pieces<Real>(a);
+            transpose_in_pieces<Real>(b);
+            for (int i = 0; i < kBlock; ++i) {
+                store(vector(tile, v, i), a[i]);
+                store(vector(tile, v, kBlock + i), b[i]);
+            }
+        }
+    }
+
+    [[gnu::always_inline]] void scatter_two(const Real* tile, Real* array) const {
+        for (int v = 0; v < kVectors; ++v) {
+            Vector<Real> a[kBlock];
+            Vector<Real> b[kBlock];
+            for (int i = 0; i < kBlock; ++i) {
+                a[i] = load(vector(tile, v, i));
+                b[i] = load(vector(tile, v, kBlock + i));
+            }
+            transpose_in_pieces<Real>(a);
+            transpose_in_pieces<Real>(b);
+            for (int i = 0; i < kBlock; ++i)
+                store_pairs_of_pieces(transform(array, v, i), kBlock * step, a[i], b[i]);
+        }
+    }
+#endif
+};
+
+/**
+ * two(element) and one(element) for blocks that make up a transform's elements, twice a piece's and
+ * once. Where they do not come out even, the last one overlaps those before.
+ */
+template <class Element, class Two, class One>
+[[gnu::always_inline]] inline void for_each_block(std::ptrdiff_t elements, const Two& two,
+                                                  const One& one) {
+    constexpr std::ptrdiff_t kBlock = kElementsOfPiece<Element>;
+    std::ptrdiff_t element = 0;
+    for (; element + 2 * kBlock <= elements; element += 2 * kBlock) two(element);
+    if (element == elements) return;
+    if (element + kBlock >= elements) return one(elements - kBlock);
+    if (elements > 2 * kBlock) return two(elements - 2 * kBlock);
+    one(element);
+    one(elements - kBlock);
+}
+
+// Arguments are numbers and pointers alone: of structures that have just been written processors
+// know the addresses late, and all later loads wait for these.
+template <class Element>
+[[gnu::noinline]] void gather_contiguous(const NumberOf<Element>* array, std::ptrdiff_t step,
+                                         std::ptrdiff_t elements, std::ptrdiff_t groups,
+                                         NumberOf<Element>* tile) {
+    const Blocks<Element> blocks{step};
+    for (; groups > 0; --groups) {
+        const auto one = [&](std::ptrdiff_t element) {
+            blocks.gather_one(array + element * kParts<Element>,
+                              tile + element * kElementNumbers<Element>);
+        };
+        const auto two = [&](std::ptrdiff_t element) {
+#if QSVG_VECTOR_BYTES > 16
+            blocks.gather_two(array + element * kParts<Element>,
+                              tile + element * kElementNumbers<Element>);
+#else
+            one(element);
+            one(element + kElementsOfPiece<Element>);
+#endif
+        };
+        for_each_block<Element>(elements, two, one);
+        array += kGroup<Element> * step;
+        tile += elements * kElementNumbers<Element>;
+    }
 }
 
 template <class Element>
-void scatter_contiguous(const NumberOf<Element>* tile, const Placement<Element>& destination) {
-    using Real = NumberOf<Element>;
-    constexpr int kBlock = kElementsOfPiece<Element>;
-    const std::ptrdiff_t step = destination.distance * kParts<Element>;
-    for_each_block<Element>(destination.elements, [&](int element) {
-        auto* const to = reinterpret_cast<Real*>(destination.base + element);
-        const Real* const elements = tile + element * kParts<Element> * kLanes<Real>;
-        for (int v = 0; v < kVectorsOfElement<Element>; ++v) {
-            Real* const first = to + v * kTransformsOfVector<Element> * step;
-            Vector<Real> block[kBlock];
-            for (int i = 0; i < kBlock; ++i)
-                block[i] = load(elements + (i * kVectorsOfElement<Element> + v) * kLanes<Real>);
-            transpose_in_pieces<Real>(block);
-            for (int i = 0; i < kBlock; ++i)
-                store_pieces(first + i * step, kBlock * step, block[i]);
-        }
-    });
+[[gnu::noinline]] void scatter_contiguous(const NumberOf<Element>* tile, std::ptrdiff_t groups,
+                                          NumberOf<Element>* array, std::ptrdiff_t step,
+                                          std::ptrdiff_t elements) {
+    const Blocks<Element> blocks{step};
+    for (; groups > 0; --groups) {
+        const auto one = [&](std::ptrdiff_t element) {
+            blocks.scatter_one(tile + element * kElementNumbers<Element>,
+                               array + element * kParts<Element>);
+        };
+        const auto two = [&](std::ptrdiff_t element) {
+#if QSVG_VECTOR_BYTES > 16
+            blocks.scatter_two(tile + element * kElementNumbers<Element>,
+                               array + element * kParts<Element>);
+#else
+            one(element);
+            one(element + kElementsOfPiece<Element>);
+#endif
+        };
+        for_each_block<Element>(elements, two, one);
+        array += kGroup<Element> * step;
+        tile += elements * kElementNumbers<Element>;
+    }
 }
 
 }  // namespace detail
 
-/** The tile of `count` transforms; lanes that hold none are zeros, which no operation minds. */
+/** The first `count` transforms, fewer than a group, into a tile; lanes that hold none are zeros,
+ * which no operation minds. */
 template <class Element>
-void gather(const Placement<const Element>& source, int count, NumberOf<Element>* tile) {
-    constexpr std::size_t kElementBytes = kGroup<Element> * sizeof(Element);
-    if (count == kGroup<Element>) {
-        if (source.has_columns()) {
-            for (int j = 0; j < source.elements; ++j)
-                std::memcpy(tile + j * kParts<Element> * kGroup<Element>,
-                            source.base + j * source.stride, kElementBytes);
-            return;
-        }
-        if (source.is_contiguous() && source.elements >= kElementsOfPiece<Element>)
-            return detail::gather_contiguous(source, tile);
-    }
-    for (int j = 0; j < source.elements; ++j) {
-        NumberOf<Element>* const lanes = tile + j * kParts<Element> * kGroup<Element>;
+void gather_some(const Placement<const Element>& source, int count, NumberOf<Element>* tile) {
+    for (int j = 0; j < source.elements; ++j, tile += detail::kElementNumbers<Element>) {
         const Element* const element = source.base + j * source.stride;
         for (int k = 0; k < count; ++k)
-            std::memcpy(lanes + k * kParts<Element>, element + k * source.distance,
-                        sizeof(Element));
-        for (int lane = count * kParts<Element>; lane < kGroup<Element> * kParts<Element>; ++lane)
-            lanes[lane] = 0;
+            std::memcpy(tile + k * kParts<Element>, element + k * source.distance, sizeof(Element));
+        for (int lane = count * kParts<Element>; lane < detail::kElementNumbers<Element>; ++lane)
+            tile[lane] = 0;
     }
 }
 
 /** The first `count` transforms of a tile to where they belong. */
 template <class Element>
-void scatter(const NumberOf<Element>* tile, int count, const Placement<Element>& destination) {
-    constexpr std::size_t kElementBytes = kGroup<Element> * sizeof(Element);
-    if (count == kGroup<Element>) {
-        if (destination.has_columns()) {
-            for (int j = 0; j < destination.elements; ++j)
-                std::memcpy(destination.base + j * destination.stride,
-                            tile + j * kParts<Element> * kGroup<Element>, kElementBytes);
-            return;
-        }
-        if (destination.is_contiguous() && destination.elements >= kElementsOfPiece<Element>)
-            return detail::scatter_contiguous(tile, destination);
-    }
-    for (int j = 0; j < destination.elements; ++j) {
-        const NumberOf<Element>* const lanes = tile + j * kParts<Element> * kGroup<Element>;
+void scatter_some(const NumberOf<Element>* tile, int count, const Placement<Element>& destination) {
+    for (int j = 0; j < destination.elements; ++j, tile += detail::kElementNumbers<Element>) {
         Element* const element = destination.base + j * destination.stride;
         for (int k = 0; k < count; ++k)
-            std::memcpy(element + k * destination.distance, lanes + k * kParts<Element>,
+            std::memcpy(element + k * destination.distance, tile + k * kParts<Element>,
                         sizeof(Element));
+    }
+}
+
+/** Full groups, from transform `first` on, into as many tiles. */
+template <class Element>
+[[gnu::always_inline]] inline void gather(const Placement<const Element>& source,
+                                          std::ptrdiff_t first, std::ptrdiff_t groups,
+                                          NumberOf<Element>* tile) {
+    if (source.is_contiguous() && source.elements >= kElementsOfPiece<Element>)
+        return detail::gather_contiguous<Element>(
+            reinterpret_cast<const NumberOf<Element>*>(source.base + first * source.distance),
+            source.distance * kParts<Element>, source.elements, groups, tile);
+    for (; groups > 0; --groups, first += kGroup<Element>) {
+        const Placement<const Element> group = source.from(first);
+        if (!source.has_columns()) {
+            gather_some(group, kGroup<Element>, tile);
+            tile += source.elements * detail::kElementNumbers<Element>;
+            continue;
+        }
+        for (int j = 0; j < group.elements; ++j, tile += detail::kElementNumbers<Element>)
+            std::memcpy(tile, group.base + j * group.stride, kGroup<Element> * sizeof(Element));
+    }
+}
+
+/** Tiles of full groups to where these belong, from transform `first` on. */
+template <class Element>
+[[gnu::always_inline]] inline void scatter(const NumberOf<Element>* tile, std::ptrdiff_t first,
+                                           std::ptrdiff_t groups,
+                                           const Placement<Element>& destination) {
+    if (destination.is_contiguous() && destination.elements >= kElementsOfPiece<Element>)
+        return detail::scatter_contiguous<Element>(
+            tile, groups,
+            reinterpret_cast<NumberOf<Element>*>(destination.base + first * destination.distance),
+            destination.distance * kParts<Element>, destination.elements);
+    for (; groups > 0; --groups, first += kGroup<Element>) {
+        const Placement<Element> group = destination.from(first);
+        if (!destination.has_columns()) {
+            scatter_some(tile, kGroup<Element>, group);
+            tile += group.elements * detail::kElementNumbers<Element>;
+            continue;
+        }
+        for (int j = 0; j < group.elements; ++j, tile += detail::kElementNumbers<Element>)
+            std::memcpy(group.base + j * group.stride, tile, kGroup<Element> * sizeof(Element));
     }
 }
 

@@ -188,7 +188,7 @@ std::vector<int> sizes_of_scales(Family family) {
 /** 1/N and 1/sqrt(N), as the single kernels have them, and whether the bodies multiply by them. */
 std::string scales_source(Family family, RealElement element) {
     std::string text = "Scales<" + real_name(element) + "> " + name_of(family) + "_scales_" +
-                       suffix(element) + "(int size) {\n    constexpr Scales<" +
+                       suffix(element) + "(int size) {\n    static constexpr Scales<" +
                        real_name(element) + "> kScales[] = {";
     for (int size : sizes_of_scales(family)) {
         const kernelgen::Exact by_length = kernelgen::Exact::rational(1, size);
