@@ -22,12 +22,11 @@ uint64_t TimeBatch(int calls, Call call) {
 
 /** Calls that fill a batch: long against reading the clock, short against a time slice. */
 template <typename Call>
-int CallsPerBatch(Call call) {
+int CallsPerBatch(Call call, int trial_calls = 16) {
     constexpr double kBatchCycles = 20000;
-    constexpr int kTrialCalls = 16;
     uint64_t fastest = UINT64_MAX;
-    for (int i = 0; i < 8; ++i) fastest = std::min(fastest, TimeBatch(kTrialCalls, call));
-    return std::max(1, static_cast<int>(kBatchCycles * kTrialCalls / static_cast<double>(fastest)));
+    for (int i = 0; i < 8; ++i) fastest = std::min(fastest, TimeBatch(trial_calls, call));
+    return std::max(1, static_cast<int>(kBatchCycles * trial_calls / static_cast<double>(fastest)));
 }
 
 /** How fast the TSC counts, measured from construction to the question. */

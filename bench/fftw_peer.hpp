@@ -19,10 +19,20 @@ struct FftwSingle {
     static constexpr auto kPlanRealForward = fftwf_plan_dft_r2c_1d;
     static constexpr auto kPlanRealInverse = fftwf_plan_dft_c2r_1d;
     static constexpr auto kPlanRealToReal = fftwf_plan_r2r_1d;
+    static constexpr auto kPlanManyComplex = fftwf_plan_many_dft;
+    static constexpr auto kPlanManyRealForward = fftwf_plan_many_dft_r2c;
+    static constexpr auto kPlanManyRealInverse = fftwf_plan_many_dft_c2r;
+    static constexpr auto kPlanManyRealToReal = fftwf_plan_many_r2r;
 
     static void Execute(Plan plan) { fftwf_execute(plan); }
     static void DestroyPlan(Plan plan) { fftwf_destroy_plan(plan); }
     static void SetTimeLimit(double seconds) { fftwf_set_timelimit(seconds); }
+    static bool ImportWisdom(const std::string& path) {
+        return fftwf_import_wisdom_from_filename(path.c_str()) != 0;
+    }
+    static bool ExportWisdom(const std::string& path) {
+        return fftwf_export_wisdom_to_filename(path.c_str()) != 0;
+    }
     static std::string Version() { return fftwf_version; }
 };
 
@@ -35,10 +45,20 @@ struct FftwDouble {
     static constexpr auto kPlanRealForward = fftw_plan_dft_r2c_1d;
     static constexpr auto kPlanRealInverse = fftw_plan_dft_c2r_1d;
     static constexpr auto kPlanRealToReal = fftw_plan_r2r_1d;
+    static constexpr auto kPlanManyComplex = fftw_plan_many_dft;
+    static constexpr auto kPlanManyRealForward = fftw_plan_many_dft_r2c;
+    static constexpr auto kPlanManyRealInverse = fftw_plan_many_dft_c2r;
+    static constexpr auto kPlanManyRealToReal = fftw_plan_many_r2r;
 
     static void Execute(Plan plan) { fftw_execute(plan); }
     static void DestroyPlan(Plan plan) { fftw_destroy_plan(plan); }
     static void SetTimeLimit(double seconds) { fftw_set_timelimit(seconds); }
+    static bool ImportWisdom(const std::string& path) {
+        return fftw_import_wisdom_from_filename(path.c_str()) != 0;
+    }
+    static bool ExportWisdom(const std::string& path) {
+        return fftw_export_wisdom_to_filename(path.c_str()) != 0;
+    }
     static std::string Version() { return fftw_version; }
 };
 

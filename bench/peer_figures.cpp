@@ -1,19 +1,13 @@
 #include "peer_figures.hpp"
 
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 #include <vector>
 
+#include "csv_cells.hpp"
+
 namespace bench {
 namespace {
-
-std::vector<std::string> Cells(const std::string& line) {
-    std::vector<std::string> cells;
-    std::istringstream stream(line);
-    for (std::string cell; std::getline(stream, cell, ',');) cells.push_back(cell);
-    return cells;
-}
 
 enum Column : size_t {
     kFamily,
@@ -31,7 +25,7 @@ std::map<int, double> Quotients(const std::string& path, const std::string& fami
     std::ifstream file(path);
     std::map<int, double> quotients;
     for (std::string line; std::getline(file, line);) {
-        const std::vector<std::string> cells = Cells(line);
+        const std::vector<std::string> cells = CsvCells(line);
         if (cells.size() <= dividend || cells.size() <= divisor || cells[kFamily] != family)
             continue;
         quotients[std::stoi(cells[kSize])] = std::stod(cells[dividend]) / std::stod(cells[divisor]);

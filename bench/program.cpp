@@ -14,14 +14,19 @@ const char* const kOwnCompiler = __VERSION__;
 const char* const kOwnCompiler = "GCC " __VERSION__;
 #endif
 
-bool ReadOptions(int argc, char** argv, const char* usage, const TextOptions& texts, bool& quick) {
+bool ReadOptions(int argc, char** argv, const char* usage, const TextOptions& texts,
+                 const FlagOptions& flags) {
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        bool known = argument == "--quick";
-        quick = quick || known;
+        bool known = false;
         if (argument == "--help") {
             std::cout << usage;
             return false;
+        }
+        for (const auto& [name, flag] : flags) {
+            if (argument != name) continue;
+            *flag = true;
+            known = true;
         }
         for (const auto& [name, text] : texts) {
             if (!argument.starts_with(name)) continue;
@@ -31,6 +36,10 @@ bool ReadOptions(int argc, char** argv, const char* usage, const TextOptions& te
         if (!known) throw std::invalid_argument("unknown option '" + std::string(argument) + "'");
     }
     return true;
+}
+
+bool ReadOptions(int argc, char** argv, const char* usage, const TextOptions& texts, bool& quick) {
+    return ReadOptions(argc, argv, usage, texts, FlagOptions{{"--quick", &quick}});
 }
 
 void PrintEnvironment(const TransformLibrary& library) {

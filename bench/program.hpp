@@ -14,14 +14,19 @@ namespace bench {
 
 /** Options that are followed by a text, such as "--library=", and where it goes. */
 using TextOptions = std::vector<std::pair<std::string_view, std::string*>>;
+/** Options that say yes by being there, such as "--quick". */
+using FlagOptions = std::vector<std::pair<std::string_view, bool*>>;
 
 /** What the build was made by that this program is of. */
 extern const char* const kOwnCompiler;
 
 /**
- * Reads `texts` and --quick. Returns false where --help has been answered; throws
+ * Reads `texts` and `flags`. Returns false where --help has been answered; throws
  * std::invalid_argument for an unknown option.
  */
+bool ReadOptions(int argc, char** argv, const char* usage, const TextOptions& texts,
+                 const FlagOptions& flags);
+/** Reads `texts` and --quick. */
 bool ReadOptions(int argc, char** argv, const char* usage, const TextOptions& texts, bool& quick);
 
 /** Processor and library, a line each. */

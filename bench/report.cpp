@@ -1,36 +1,14 @@
 #include "report.hpp"
 
-#include <cmath>
 #include <iomanip>
 #include <limits>
 #include <ostream>
-#include <sstream>
 
+#include "figures.hpp"
 #include "summary.hpp"
 
 namespace bench {
 namespace {
-
-std::string Fixed(double value, int decimals) {
-    if (std::isnan(value)) return "-";
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(decimals) << value;
-    return text.str();
-}
-
-std::string JsonNumber(double value) {
-    return std::isnan(value) ? "null" : Fixed(value, 4);
-}
-
-std::string JsonString(const std::string& text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\') quoted += '\\';
-        // Control characters have no place in JSON text, and nothing here needs them.
-        quoted += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
-    }
-    return quoted + '"';
-}
 
 bool HasOther(const Report& report) {
     return !report.comparisons.empty() && report.comparisons.front().has_other;

@@ -1,0 +1,49 @@
+#include "levels.hpp"
+
+#include <stdexcept>
+
+namespace bench {
+namespace {
+
+struct Level {
+    const char* name;
+    const char* library;
+};
+
+/** As they were built, from the lowest to the highest. */
+constexpr Level kLevels[] = {LEVEL_LIBRARIES};
+
+bool ProcessorHas(const std::string& level) {
+    __builtin_cpu_init();
+    const bool has_v3 = __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0 &&
+                        __builtin_cpu_supports("bmi2") != 0 && __builtin_cpu_supports("fma") != 0;
+    if (level == "x86-64-v3") return has_v3;
+    if (level == "x86-64-v4") {
+        return has_v3 && __builtin_cpu_supports("avx512f") != 0 &&
+               __builtin_cpu_supports("avx512bw") != 0 && __builtin_cpu_supports("avx512cd") != 0 &&
+               __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0;
+    }
+    return level == "baseline";
+}
+
+}  // namespace
+
+std::string HighestLevel() {
+    std::string highest;
+    for (const Level& level : kLevels) {
+        if (ProcessorHas(level.name)) highest = level.name;
+    }
+    return highest;
+}
+
+std::string LibraryOfLevel(const std::string& level) {
+    for (const Level& built : kLevels) {
+        if (level != built.name) continue;
+        if (!ProcessorHas(level))
+            throw std::runtime_error("this processor does not have the level " + level);
+        return built.library;
+    }
+    throw std::invalid_argument("unknown level '" + level + "'");
+}
+
+}  // namespace bench
