@@ -13,6 +13,11 @@ def panel(family, precision, all_series):
             "series": [one for one in all_series if any(y is not None for _, y in one["points"])]}
 
 
+def batch_panel(family, precision, layout, all_series):
+    found = panel(family, precision, all_series)
+    return {**found, "id": f"{precision}_{layout}", "title": f"{found['title']}, {layout}"}
+
+
 def view(family, panels, note="", x_axis=None):
     return {"x": x_axis or family.x_axis(), "panels": panels, "note": note}
 

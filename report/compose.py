@@ -9,6 +9,7 @@ from pathlib import Path
 import jinja2
 
 import charts_accuracy
+import charts_batches
 import charts_cycles
 import charts_operations
 import charts_size
@@ -32,8 +33,8 @@ def compose(folder, d3_path=D3):
     if not d3_path.is_file():
         raise MeasurementError(f"'{d3_path}' is missing: run scripts/bootstrap, which installs it")
     rows = summary.rows(measurements)
-    charts = [chart for module in (charts_time, charts_cycles, charts_accuracy, charts_operations,
-                                   charts_size)
+    charts = [chart for module in (charts_time, charts_batches, charts_cycles, charts_accuracy,
+                                   charts_operations, charts_size)
               for chart in module.charts(measurements)]
     data = {"families": [{"id": family.id, "name": family.name} for family in FAMILIES],
             "overview": summary.overview(rows), "charts": charts}
@@ -43,6 +44,7 @@ def compose(folder, d3_path=D3):
     return environment.get_template("page.html.j2").render(
         machine=measurements.machine, clocks=measurements.clocks,
         context=measurements.context["32fc"], rows=rows,
+        batch_rows=summary.batch_rows(measurements), batch_context=measurements.context["batch"],
         charts=charts, families=FAMILIES, data=inline_json(data),
         style=(HERE / "style.css").read_text(), d3=d3_path.read_text(),
         scripts=[(HERE / name).read_text()

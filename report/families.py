@@ -16,6 +16,7 @@ class Family:
     x_kind: str = "linear"
     x_label: str = "length N"
     x_heading: str = "N = "
+    has_batches: bool = True
 
     def type(self, precision):
         return precision + self.type_suffix
@@ -37,7 +38,8 @@ FAMILIES = (
     Family("hartley", "Hartley", "hartley", "Hartley", "hartley", "f"),
     Family("wht", "Walsh-Hadamard", "walsh_hadamard", "WHT", "walsh_hadamard", "f",
            x_label="order k (length 2^k)", x_heading="order "),
-    Family("dct4", "DCT-IV", "dct4", "DCT4", "dct4", "f", x_kind="log2"),
+    Family("dct4", "DCT-IV", "dct4", "DCT4", "dct4", "f", x_kind="log2",
+           has_batches=False),
 )
 
 # Everyone who is measured. The page has a colour, a dash and a marker for each.
@@ -48,7 +50,12 @@ PARTIES = {
     "redft11": "FFTW REDFT11",
     "composed": "composed of FFTW's complex DFT",
     "loop": "textbook loop",
+    "single_calls": "single calls in a loop",
 }
+
+# Where the transforms of a batch stand, and whom they are measured against.
+BATCH_LAYOUTS = ("contiguous", "columns")
+BATCH_PEERS = ("fftw", "single_calls")
 
 
 def peers_of(family):

@@ -36,6 +36,9 @@ class Measurements:
         self._read_transforms()
         self._read_walsh_hadamard()
         self._read_dct4()
+        self.batches = {}  # (family, precision, layout, count) -> {x: {party: ns of a transform}}
+        self.batch_costs = {}  # (family, precision, layout, x) -> {count: {party: ns of a transform}}
+        self._read_batches()
         self.errors = self._read_errors()
         counts = self._json("counts.json")
         self.expected = {row["kernel"]: row for row in counts["expected"]}
@@ -103,6 +106,25 @@ class Measurements:
             self._add("dct4", row["type"][:2], row["length"],
                       {"ours": row["ours_ns"], "redft11": row["redft11_ns"],
                        "composed": row["composed_ns"]}, row["ours_cycles"] * clock)
+
+    def _read_batches(self):
+        ids = {family.measured_as: family.id for family in FAMILIES}
+
+        def read(name):
+            measured = self._json(name)
+            self.clocks.append(measured["core_cycles_per_tsc_cycle"])
+            for row in measured["results"]:
+                times = {party: row.get(f"{party}_ns") for party in ("ours", "fftw", "single_calls")}
+                yield (ids[row["family"]], row["type"][:2], row["layout"]), row, times
+            self.context["batch"] = measured["context"]
+
+        for where, row, times in read("batch.json"):
+            self.batches.setdefault((*where, row["count"]), {})[row["size"]] = times
+        for where, row, times in read("batch_counts.json"):
+            self.batch_costs.setdefault((*where, row["size"]), {})[row["count"]] = times
+        # Of most lengths only what lies around a power of two was measured.
+        self.batch_costs = {where: by_count for where, by_count in self.batch_costs.items()
+                            if 2 in by_count}
 
     def _read_errors(self):
         ids = {family.measured_as: family.id for family in FAMILIES}

@@ -2,11 +2,12 @@
 
 import math
 
+import charts_batches
 import charts_cycles
 import charts_operations
 import charts_size
 import charts_time
-from families import FAMILIES, PARTIES, PRECISIONS, peers_of
+from families import BATCH_LAYOUTS, BATCH_PEERS, FAMILIES, PARTIES, PRECISIONS, peers_of
 from measurements import rounded
 
 
@@ -70,6 +71,17 @@ def rows(measurements):
                 "code_bytes": _code_bytes(measurements, family, precision),
             })
     return found
+
+
+def batch_rows(measurements):
+    """A row for each family, precision, layout and count."""
+    return [{"family": family.name, "type": family.type(precision), "layout": layout, "count": count,
+             "at": "order " if family.id == "wht" else "",
+             "peers": [_spread(charts_batches.ratios(measurements, family, precision, layout, count,
+                                                     peer)) for peer in BATCH_PEERS]}
+            for family in FAMILIES if family.has_batches for precision in PRECISIONS
+            for layout in BATCH_LAYOUTS
+            for count in reversed(charts_batches.counts_of(measurements, family))]
 
 
 def overview(summary_rows):

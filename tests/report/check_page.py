@@ -6,9 +6,9 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from measured import means_of, points_of
+from measured import batch_summary_of, means_of, points_of
 
-CHARTS = ("speedup", "time", "cycles", "accuracy", "operations", "size")
+CHARTS = ("speedup", "time", "batches", "batch_cost", "cycles", "accuracy", "operations", "size")
 
 # Everything that all charts show of the chosen family, in one call.
 READ_POINTS = """
@@ -45,6 +45,7 @@ class PageCheck:
         self.page = page
         self.points = points_of(measurements)
         self.means = means_of(measurements)
+        self.batch_summary = batch_summary_of(measurements)
         self.first_only = first_only
         self.complaints = []
 
@@ -77,6 +78,7 @@ class PageCheck:
             self.complain(f"the page has the charts {ids}, not {CHARTS}")
             return
         self._check_overview()
+        self._check_batch_summary()
         for family in self.data["families"]:
             self._choose(family["id"])
             self._check_points(family["id"])
@@ -193,6 +195,8 @@ class PageCheck:
         return len(self.driver.find_elements(By.CSS_SELECTOR, f"#{chart} svg[data-panel] .point"))
 
     def _check_toggles(self):
+        # It has something in each chart.
+        self._choose("real_fwd")
         for chart in CHARTS:
             before = self._count(chart)
             def press(selector):
@@ -233,6 +237,16 @@ class PageCheck:
         found = {(*rows[labels.index(label)], role): mean for label, role, mean in marks}
         if found != self.means:
             self.complain(f"the overview shows {found}, measured were {self.means}")
+
+    def _check_batch_summary(self):
+        rows = self.driver.execute_script(
+            "return [...document.querySelectorAll('#batch-summary tbody tr')]"
+            ".map((row) => [...row.children].map((cell) => cell.textContent))")
+        names = {family["name"]: family["id"] for family in self.data["families"]}
+        found = {(names[family], *where): figures for family, *where, fftw, fftw_worst, single,
+                 single_worst in rows for figures in [[fftw, fftw_worst, single, single_worst]]}
+        if found != self.batch_summary:
+            self.complain(f"the table of batches has {found}, measured were {self.batch_summary}")
 
     def _check_requests(self):
         own = self.page.resolve().as_uri()

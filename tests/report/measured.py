@@ -49,6 +49,51 @@ def _times(folder):
                 "composed": row["composed_ns"]})
 
 
+def _batches(folder, name):
+    """(family, type, layout, count, x, {party: ns})"""
+    for row in json.loads((folder / name).read_text())["results"]:
+        yield (FAMILIES[row["family"]], row["type"], row["layout"], row["count"], row["size"],
+               {party: row[f"{party}_ns"] for party in ("ours", "fftw", "single_calls")
+                if f"{party}_ns" in row})
+
+
+def _add_batches(points, folder):
+    names = {"fftw": "FFTW", "single_calls": "single calls in a loop"}
+    for family, type_name, layout, count, x, times in _batches(folder, "batch.json"):
+        for peer, name in names.items():
+            points.add("batches", family, f"{type_name[:2]}_{layout}",
+                       f"{name} / this library, {count} transforms", x, times[peer] / times["ours"])
+    costs = list(_batches(folder, "batch_counts.json"))
+    # A curve has all counts.
+    curves = {(family, type_name, layout, x) for family, type_name, layout, count, x, _ in costs
+              if count == 3}
+    for family, type_name, layout, count, x, times in costs:
+        if (family, type_name, layout, x) not in curves or count > 64:
+            continue
+        panel, name = f"{type_name[:2]}_{layout}", f"{'order ' if family == 'wht' else 'N = '}{x}"
+        points.add("batch_cost", family, panel, name, count, times["ours"])
+        points.add("batch_cost", family, panel, f"{name}, single calls in a loop", count,
+                   times["single_calls"])
+
+
+def batch_summary_of(folder):
+    """(family, type, layout, count) -> mean and worst, as the page writes them, of FFTW and of single calls"""
+    ratios = {}
+    for family, type_name, layout, count, x, times in _batches(folder, "batch.json"):
+        ratios.setdefault((family, type_name, layout, str(count)), []).append(
+            (x, times["fftw"] / times["ours"], times["single_calls"] / times["ours"]))
+    summary = {}
+    for key, rows in ratios.items():
+        figures = []
+        for column in (1, 2):
+            mean = math.prod(row[column] for row in rows) ** (1 / len(rows))
+            least, at = min((row[column], row[0]) for row in rows)
+            order = "order " if key[0] == "wht" else ""
+            figures += [f"{four_digits(mean):.2f}", f"{four_digits(least):.2f} ({order}{at})"]
+        summary[key] = figures
+    return summary
+
+
 def points_of(folder):
     points = Points()
     for family, panel, x, cycles, times in _times(folder):
@@ -59,6 +104,7 @@ def points_of(folder):
                 points.add("time", family, panel, name, x, times[peer])
                 points.add("speedup", family, panel, f"{name} / this library", x,
                            times[peer] / times["ours"])
+    _add_batches(points, folder)
     for row in json.loads((folder / "accuracy.json").read_text())["results"]:
         family, panel = FAMILIES[row["family"]], row["type"][:2]
         x = int(math.log2(row["length"])) if family == "wht" else row["length"]

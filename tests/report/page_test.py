@@ -77,6 +77,17 @@ class PageTest(unittest.TestCase):
         self.expect_complaint("the table has", 'enter().append("td").text(shown)',
                               'enter().append("td").text((value) => shown(value && value + 1))')
 
+    def test_a_table_of_batches_with_other_figures_is_seen(self):
+        found = re.search(r'Hartley</th><td>64f</td><td>columns</td>\s*<td class="number">255</td>\s*'
+                          r'<td class="number strong">([0-9.]+)<', self.html)
+        self.expect_complaint("the table of batches has", found[0],
+                              found[0].replace(f">{found[1]}<", f">{float(found[1]) + 1:.2f}<"))
+
+    def test_a_batch_that_was_not_measured_is_seen(self):
+        found = re.search(r'"id":"batches".*?"points":\[\[2,([0-9.]+)\]', self.html)
+        changed = found[0].replace(f"[[2,{found[1]}]", f"[[2,{float(found[1]) * 1.01:.4g}]")
+        self.expect_complaint("'batches', 'complex_fwd'.*measured were", found[0], changed)
+
     def test_a_choice_of_a_family_without_effect_is_seen(self):
         self.expect_complaint("drawn are other series|drawn are .*in the data",
                               "charts.forEach((chart) => chart.choose(chosen())));", "null);")
