@@ -98,7 +98,7 @@ void PrintRemainders(std::ostream& out, const BatchReport& report) {
     }
     out << "\nOne of 255 transforms over one of 256: geometric mean over all lengths and worst "
            "(length). A batch of one\nmore than the single call: mean and worst (length).\n\n"
-        << "family           type  layout      255/256          nanoseconds more\n";
+        << "family           type  layout      255/256            nanoseconds more\n";
     for (const Remainders& r : all) {
         out << std::left << std::setw(17) << r.of->family->name << std::setw(6)
             << r.of->family->type << std::setw(12) << NameOf(r.of->layout);
@@ -110,7 +110,7 @@ void PrintRemainders(std::ostream& out, const BatchReport& report) {
                                                 : Fixed(r.sum_of_extra / r.extras, 1) + "  " +
                                                       Fixed(r.worst_extra, 1) + " (" +
                                                       std::to_string(r.worst_extra_size) + ")";
-        out << std::setw(17) << ratio << extra << '\n';
+        out << std::setw(19) << ratio << extra << '\n';
     }
 }
 

@@ -1,4 +1,4 @@
-"""Batches: how much faster than peers and than single calls, and what a transform costs by how many a call has."""
+"""Batches: how much faster than peers, and what a transform costs by how many a call has."""
 
 from charts import batch_panel, chart, series, view
 from families import BATCH_LAYOUTS, BATCH_PEERS, FAMILIES, PARTIES, PRECISIONS
@@ -65,19 +65,20 @@ def _note(family):
     if not family.has_batches:
         return f"There are no batches of the {family.name}."
     if family.id == "wht":
-        return ("FFTW's transform is one of as many dimensions of length 2 as the order tells. Columns of single calls"
-                " are copied in and out.")
+        return ("FFTW's transform is one of as many dimensions of length 2 as the order tells."
+                " Columns of single calls are copied in and out.")
     if family.id in ("real_fwd", "real_inv"):
-        return ("In columns FFTW's spectra have complex elements side by side, ours rows of real parts and rows of"
-                " imaginary ones. Columns of single calls are copied in and out.")
+        return ("In columns FFTW's spectra have complex elements side by side, ours rows of real"
+                " parts and rows of imaginary ones. Columns of single calls are copied in and out.")
     return "Columns of single calls are copied in and out."
 
 
 def charts(measurements):
     return [
         chart("batches", "Batches: how many times as fast",
-              "Time of each peer divided by the time of this library for the same batch, one transform behind the other"
-              " (contiguous) or side by side (columns). FFTW transforms it by a plan for many.",
+              "Time of each peer divided by the time of this library for the same batch, one transform"
+              " behind the other (contiguous) or side by side (columns). FFTW transforms it by a plan"
+              " for many.",
               {"label": "time of the peer / ours", "unit": "\u00d7", "log": True, "reference": 1},
               {family.id: _ratio_view(measurements, family) for family in FAMILIES}),
         chart("batch_cost", "Batches: time for one transform, by how many a call has",

@@ -114,10 +114,11 @@ class Measurements:
             measured = self._json(name)
             self.clocks.append(measured["core_cycles_per_tsc_cycle"])
             for row in measured["results"]:
-                times = {party: row.get(f"{party}_ns") for party in ("ours", "fftw", "single_calls")}
+                times = {party: row.get(f"{party}_ns")
+                         for party in ("ours", "fftw", "single_calls")}
                 yield (ids[row["family"]], row["type"][:2], row["layout"]), row, times
-            self.context["batch"] = measured["context"]
 
+        self.context["batch"] = self._json("batch.json")["context"]
         for where, row, times in read("batch.json"):
             self.batches.setdefault((*where, row["count"]), {})[row["size"]] = times
         for where, row, times in read("batch_counts.json"):

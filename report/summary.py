@@ -75,8 +75,8 @@ def rows(measurements):
 
 def batch_rows(measurements):
     """A row for each family, precision, layout and count."""
-    return [{"family": family.name, "type": family.type(precision), "layout": layout, "count": count,
-             "at": "order " if family.id == "wht" else "",
+    return [{"family": family.name, "type": family.type(precision), "layout": layout,
+             "count": count, "at": "order " if family.id == "wht" else "",
              "peers": [_spread(charts_batches.ratios(measurements, family, precision, layout, count,
                                                      peer)) for peer in BATCH_PEERS]}
             for family in FAMILIES if family.has_batches for precision in PRECISIONS

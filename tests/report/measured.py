@@ -77,7 +77,7 @@ def _add_batches(points, folder):
 
 
 def batch_summary_of(folder):
-    """(family, type, layout, count) -> mean and worst, as the page writes them, of FFTW and of single calls"""
+    """(family, type, layout, count) -> mean and worst of FFTW and of single calls, as written"""
     ratios = {}
     for family, type_name, layout, count, x, times in _batches(folder, "batch.json"):
         ratios.setdefault((family, type_name, layout, str(count)), []).append(
