@@ -116,10 +116,8 @@ void PrintGroups(std::ostream& out, const BatchReport& report) {
             << group.of.family->type << std::setw(12) << NameOf(group.of.layout) << std::right
             << std::setw(5) << group.of.count << "  " << std::left << std::setw(19)
             << Text(group.fftw) << std::setw(19) << Text(group.single_calls) << std::setw(19)
-            << Text(group.best_avx2) << Text(group.best_any);
-        if (has_other)
-            out << std::string(19 - std::min<size_t>(18, Text(group.best_any).size()), ' ')
-                << Text(group.other);
+            << Text(group.best_avx2) << std::setw(has_other ? 19 : 0) << Text(group.best_any);
+        if (has_other) out << Text(group.other);
         out << '\n';
     }
 }

@@ -193,9 +193,9 @@ class BatchRunner {
                 // Bins that are real by the signal's being real.
                 const bool is_zero =
                     is_spectrum && (i == 1 || (of_.size % 2 == 0 && i == source_numbers_ - 1));
+                const int number = k * source_numbers_ + i;
                 arrays_.src()[Place(source_numbers_, has_pairs, i, k)] =
-                    is_zero ? Real(0)
-                            : arrays_.input()[static_cast<size_t>(k * source_numbers_ + i)];
+                    is_zero ? Real(0) : arrays_.input()[static_cast<size_t>(number)];
             }
         }
     }

@@ -142,6 +142,8 @@ int Main(int argc, char** argv) {
 
     BatchLibraries libraries{.ours = TransformLibrary(options.library), .other = nullptr};
     if (!options.other.empty()) libraries.other = std::make_unique<TransformLibrary>(options.other);
+    if (libraries.other && libraries.other->base() == libraries.ours.base())
+        throw std::runtime_error("'" + options.other + "' is what is measured already");
     BatchReport report;
     report.context = {
         {"cpu", CpuName()},
