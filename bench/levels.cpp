@@ -1,17 +1,26 @@
 #include "levels.hpp"
 
+#include <cstddef>
+#include <iterator>
 #include <stdexcept>
+#include <vector>
 
 namespace bench {
 namespace {
 
 struct Level {
-    const char* name;
-    const char* library;
+    std::string name;
+    std::string library;
 };
 
 /** As they were built, from the lowest to the highest. */
-constexpr Level kLevels[] = {LEVEL_LIBRARIES};
+std::vector<Level> Levels() {
+    // Names and files in turn: braces in a definition would be a matter of the shell's.
+    const char* const texts[] = {LEVEL_LIBRARIES};
+    std::vector<Level> levels;
+    for (size_t i = 0; i + 1 < std::size(texts); i += 2) levels.push_back({texts[i], texts[i + 1]});
+    return levels;
+}
 
 bool ProcessorHas(const std::string& level) {
     __builtin_cpu_init();
@@ -30,14 +39,14 @@ bool ProcessorHas(const std::string& level) {
 
 std::string HighestLevel() {
     std::string highest;
-    for (const Level& level : kLevels) {
+    for (const Level& level : Levels()) {
         if (ProcessorHas(level.name)) highest = level.name;
     }
     return highest;
 }
 
 std::string LibraryOfLevel(const std::string& level) {
-    for (const Level& built : kLevels) {
+    for (const Level& built : Levels()) {
         if (level != built.name) continue;
         if (!ProcessorHas(level))
             throw std::runtime_error("this processor does not have the level " + level);

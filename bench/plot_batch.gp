@@ -20,7 +20,7 @@ set xlabel 'length'
 set xrange [1:65]
 set xtics 4, 4
 set ylabel 'time of others / ours'
-set yrange [0:*]
+set logscale y
 set key below horizontal noenhanced
 set pointsize 0.4
 

@@ -13,6 +13,9 @@ before(text) = text[1:strstrt(text, ':') - 1]
 behind(text) = text[strstrt(text, ':') + 1:*]
 file_name(text) = system("echo '".text."' | tr '/' '_'")
 
+# An underscore would lower what follows.
+family_title(text) = system("echo '".text."' | tr '_' '-'")
+
 set terminal svg size 1400,560 font 'sans,13' background 'white'
 set grid lc '#dddddd'
 set xlabel 'transforms of a call'
@@ -29,7 +32,8 @@ do for [kind in kinds] {
     sizes = lengths(family, type)
     if (words(sizes) > 0) {
         set output stem.'_'.file_name(family).'_'.type.'.svg'
-        set multiplot layout 1,2 title family.', '.type."; dashed: single calls in a loop\n{/*0.75 ".about."}" noenhanced
+        set multiplot layout 1,2 \
+            title family_title(family).', '.type."; dashed: single calls in a loop\n{/*0.75 ".about."}"
         do for [layout in 'contiguous columns'] {
             set title layout
             plot for [i = 1:words(sizes)] points(family, type, layout, word(sizes, i)) using 4:7 \
