@@ -18,14 +18,7 @@ void Compare(const BatchLibraries& libraries, const BatchRun& run,
     const unsigned plan_flags = run.quick ? FFTW_MEASURE : FFTW_PATIENT;
     const Wisdom<Fftw> wisdom(run.wisdom);
 
-    size_t most_numbers = 0;
-    for (const BatchComparison* comparison : comparisons) {
-        const BatchCase& of = comparison->of;
-        const int numbers =
-            std::max(of.family->SourceNumbers(of.size), of.family->ResultNumbers(of.size));
-        most_numbers = std::max(most_numbers, static_cast<size_t>(numbers * of.count));
-    }
-    const BatchArrays<typename Fftw::Real> arrays(most_numbers);
+    const BatchArrays<typename Fftw::Real> arrays;
     std::vector<std::unique_ptr<BatchRunner<Fftw>>> runners;
     constexpr size_t kPlansPerSave = 50;
     for (const BatchComparison* comparison : comparisons) {

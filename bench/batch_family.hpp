@@ -5,6 +5,9 @@
 
 namespace bench {
 
+/** Of a call that is measured. */
+inline constexpr int kMostTransforms = 257;
+
 /** What the transforms of a batch compute: which plan of the peer does the same. */
 enum class BatchTransform {
     kComplexForward,

@@ -25,7 +25,7 @@ std::vector<int> CountsOf(bool has_curve) {
     }
     counts.push_back(255);
     counts.push_back(256);
-    if (has_curve) counts.push_back(257);
+    if (has_curve) counts.push_back(kMostTransforms);
     return counts;
 }
 

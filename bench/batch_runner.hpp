@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <random>
@@ -16,25 +17,27 @@
 #include "batch_clock.hpp"
 #include "batch_comparison.hpp"
 #include "fftw_batch.hpp"
+#include "lengths.hpp"
 #include "upper_halves.hpp"
 
 namespace bench {
 
-/** The arrays that all cases and parties of a precision share, so that none has luckier addresses.
- */
+/** The arrays that all cases and parties of a precision share, whichever these are, so that none
+ * has luckier addresses. */
 template <typename Real>
 class BatchArrays {
   public:
-    explicit BatchArrays(size_t numbers)
-        : numbers_(numbers), src_(Allocate()), dst_(Allocate()), input_(numbers) {
+    /** Real numbers that there is room for. */
+    static constexpr size_t kNumbers = size_t{2} * kLongestLength * kMostTransforms;
+
+    BatchArrays() : src_(Allocate()), dst_(Allocate()), input_(kNumbers) {
         std::mt19937 random(1);
         std::uniform_real_distribution<Real> sample(-1, 1);
         for (Real& number : input_) number = sample(random);
-        std::fill_n(src_.get(), numbers, Real(0));
-        std::fill_n(dst_.get(), numbers, Real(0));
+        std::fill_n(src_.get(), kNumbers, Real(0));
+        std::fill_n(dst_.get(), kNumbers, Real(0));
     }
 
-    size_t numbers() const { return numbers_; }
     Real* src() const { return src_.get(); }
     Real* dst() const { return dst_.get(); }
     /** Random numbers between -1 and 1. */
@@ -46,13 +49,12 @@ class BatchArrays {
     };
     using Array = std::unique_ptr<Real[], Release>;
 
-    Array Allocate() const {
+    static Array Allocate() {
         constexpr size_t kAlignment = 64;
-        const size_t bytes = (numbers_ * sizeof(Real) + kAlignment - 1) / kAlignment * kAlignment;
-        return Array(static_cast<Real*>(std::aligned_alloc(kAlignment, bytes)));
+        static_assert(kNumbers * sizeof(Real) % kAlignment == 0);
+        return Array(static_cast<Real*>(std::aligned_alloc(kAlignment, kNumbers * sizeof(Real))));
     }
 
-    const size_t numbers_;
     const Array src_;
     const Array dst_;
     std::vector<Real> input_;
@@ -219,7 +221,7 @@ class BatchRunner {
         const bool is_peer = party == kPlanMany;
         const BatchTransform transform = of_.family->transform;
         FillSource(has_pairs || (is_peer && transform == BatchTransform::kRealInverse));
-        std::memset(arrays_.dst(), 0xFF, arrays_.numbers() * sizeof(Real));
+        std::memset(arrays_.dst(), 0xFF, BatchArrays<Real>::kNumbers * sizeof(Real));
         WithCallOf(party, [](auto call) { call(); });
         std::vector<Real> results;
         for (int k = 0; k < of_.count; ++k) {

@@ -105,7 +105,7 @@ double CoreCyclesBetweenBatches(const BatchLibraries& libraries) {
                        .size = 64,
                        .count = 64,
                        .has_plan = false};
-    const BatchArrays<Real32> arrays(static_cast<size_t>(2 * of.size * of.count));
+    const BatchArrays<Real32> arrays;
     const BatchRunner<FftwSingle> runner(arrays, libraries, of, 0);
     return CoreCyclesPerTscCycleAfter([&runner] { runner.RunBatch(); });
 }
