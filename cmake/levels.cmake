@@ -21,12 +21,15 @@ endfunction()
 foreach(level IN LISTS QSVG_LEVELS)
     block()
         set(QSVG_LEVEL_OPTIONS "")
+        set(QSVG_SINGLES_OF baseline)
         set(recorded ${QSVG_TARGET})
         if(NOT level STREQUAL "baseline")
             set(recorded ${level})
             include(${PROJECT_SOURCE_DIR}/targets/${level}.cmake)
         endif()
         level_suffix(${level} suffix)
+        level_suffix(${QSVG_SINGLES_OF} singles)
+        set(QSVG_SINGLES${suffix} "${singles}" CACHE INTERNAL "Behind the names of a level's single transforms")
         add_library(level_code${suffix} INTERFACE)
         target_compile_options(level_code${suffix} INTERFACE ${QSVG_LEVEL_OPTIONS})
         target_compile_definitions(
@@ -36,11 +39,20 @@ foreach(level IN LISTS QSVG_LEVELS)
     endblock()
 endforeach()
 
-# level_objects(name SOURCES source... [LINK library...]): objects of the library for each level, name,
-# name_x86-64-v3, ..
+# Levels whose single transforms have machine code of their own.
+set(QSVG_LEVELS_OF_SINGLES "")
+foreach(level IN LISTS QSVG_LEVELS)
+    level_suffix(${level} suffix)
+    if(QSVG_SINGLES${suffix} STREQUAL suffix)
+        list(APPEND QSVG_LEVELS_OF_SINGLES ${level})
+    endif()
+endforeach()
+
+# level_objects(name LEVELS level... SOURCES source... [LINK library...]): objects of the library for each of these
+# levels, name, name_x86-64-v3, ..
 function(level_objects name)
-    cmake_parse_arguments(PARSE_ARGV 1 objects "" "" "SOURCES;LINK")
-    foreach(level IN LISTS QSVG_LEVELS)
+    cmake_parse_arguments(PARSE_ARGV 1 objects "" "" "LEVELS;SOURCES;LINK")
+    foreach(level IN LISTS objects_LEVELS)
         level_suffix(${level} suffix)
         add_library(${name}${suffix} OBJECT ${objects_SOURCES})
         target_link_libraries(${name}${suffix} PRIVATE runtime_code level_code${suffix}
