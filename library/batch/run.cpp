@@ -166,12 +166,22 @@ class Run {
     alignas(64) Real out_[kTileNumbers];
 };
 
+/** Callers' code for vectors of 16 bytes is slow for as long as upper halves are in use. What
+ * compilers do about that of their own accord they leave out of bodies, which are compiled with few
+ * optimisations. */
+void leave_no_upper_halves() {
+#if QSVG_VECTOR_BYTES > 16
+    _mm256_zeroupper();
+#endif
+}
+
 template <class Element>
 void run_batch(const Batch<Element>& batch) {
     const bool is_contiguous = batch.source.is_contiguous() && batch.destination.is_contiguous();
     if (batch.count <= kFew<Element> || (is_contiguous && batch.is_faster_singly))
         return run_singly(batch, 0, batch.count);
     Run<Element>(batch).all();
+    leave_no_upper_halves();
 }
 
 }  // namespace

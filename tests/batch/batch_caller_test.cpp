@@ -1,9 +1,11 @@
 /** @file @brief What a caller's stack, control state and other threads see of a batch. */
 
+#include <cpuid.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <xmmintrin.h>
 
+#include <optional>
 #include <thread>
 
 #include "batch/support/placed_batch.hpp"
@@ -110,6 +112,38 @@ TYPED_TEST(BatchCaller, SeesItsArithmeticFollowTheRoundingThatItHasSet) {
         const unsigned after = _mm_getcsr();
         _mm_setcsr(old);
         EXPECT_EQ(upward & ~_MM_EXCEPT_MASK, after & ~_MM_EXCEPT_MASK) << kernel.description();
+    }
+}
+
+/** Whether parts of vector registers beyond 16 bytes are in use, which makes a caller's own code
+ * for such vectors slow; nothing where the processor does not tell. */
+std::optional<bool> are_upper_halves_in_use() {
+    constexpr unsigned kExtendedState = 0xD;
+    constexpr unsigned kTellsWhatIsInUse = 1U << 2U;
+    constexpr unsigned kUpperHalves = 1U << 2U;
+    unsigned eax = 0;
+    unsigned ebx = 0;
+    unsigned ecx = 0;
+    unsigned edx = 0;
+    if (__get_cpuid_count(kExtendedState, 1, &eax, &ebx, &ecx, &edx) == 0 ||
+        (eax & kTellsWhatIsInUse) == 0)
+        return {};
+    unsigned in_use = 0;
+    asm volatile("xgetbv" : "=a"(in_use), "=d"(edx) : "c"(1));
+    return (in_use & kUpperHalves) != 0;
+}
+
+TYPED_TEST(BatchCaller, SeesNoUpperHalvesOfItsVectorsLeftInUse) {
+    if (!are_upper_halves_in_use()) GTEST_SKIP() << "this processor does not tell";
+    for (const auto& kernel : batch_kernels<TypeParam>()) {
+        for (const Way& way : {kContiguous, kColumns, kWays[4]}) {
+            PlacedBatch<TypeParam> source(way, kernel.source_elements, kCount, kernel.parts, 0);
+            PlacedBatch<TypeParam> destination(way, kernel.destination_elements, kCount,
+                                               kernel.parts, 0);
+            if (*are_upper_halves_in_use()) asm volatile("vzeroupper");
+            transform_batch(kernel, source, destination, kCount, qsvScaleBySqrtN);
+            EXPECT_FALSE(*are_upper_halves_in_use()) << kernel.description() << ", " << way.name;
+        }
     }
 }
 
