@@ -5,8 +5,8 @@
 build_target() {
     local preset=$1 target=${2:-all}
     local log="build/$preset.log"
-    # An earlier scripts/test may have had it described by another build.
-    local options=(-D QSVG_DESCRIBED_BY= "${@:3}")
+    # An earlier scripts/test may have had it described by another build, or without levels.
+    local options=(-D QSVG_DESCRIBED_BY= -U QSVG_LEVELS_ABOVE "${@:3}")
     mkdir -p build
     echo "building $target by preset $preset (output in $log)"
     if ! { cmake --preset "$preset" "${options[@]}" && cmake --build --preset "$preset" --target "$target"; } \

@@ -1,6 +1,6 @@
-# The bodies of the DCT-IV are those of the manifest under version control.
+# Bodies of the DCT-IV or of batches are those of the manifest under version control.
 #
-# cmake -D DESCRIBE=<program> -D TARGET=<name> -D MANIFEST=<file> -D MADE=<scratch file> -P manifest_test.cmake
+# cmake -D DESCRIBE=<program> -D TARGET=<name> -D MANIFEST=<file> -D MADE=<scratch file> -P bodies_manifest_test.cmake
 cmake_minimum_required(VERSION 3.25)
 
 execute_process(COMMAND ${DESCRIBE} ${TARGET} --manifest ${MADE} COMMAND_ERROR_IS_FATAL ANY)
