@@ -18,24 +18,35 @@ static_assert(kTileElements >= kMostElements);
 template <class Element>
 constexpr int kFew = kParts<Element> == 1 ? kGroup<Element> / 2 : kGroup<Element> - 1;
 
+/** One after the other, where elements follow one another. */
+template <class Element>
+void run_contiguous_singly(const Batch<Element>& batch, std::ptrdiff_t first,
+                           std::ptrdiff_t count) {
+    const Element* from = batch.source.base + first * batch.source.distance;
+    Element* to = batch.destination.base + first * batch.destination.distance;
+    while (true) {
+        batch.single(from, to, batch.size, batch.flag);
+        if (--count == 0) return;
+        from += batch.source.distance;
+        to += batch.destination.distance;
+    }
+}
+
 /** `count` transforms from `first` on, one after the other. Elements that do not follow one another
  * are copied. */
 template <class Element>
 void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_t count) {
+    if (batch.source.is_contiguous() && batch.destination.is_contiguous())
+        return run_contiguous_singly(batch, first, count);
     for (std::ptrdiff_t k = first; k < first + count; ++k) {
         const Placement<const Element> source = batch.source.from(k);
         const Placement<Element> destination = batch.destination.from(k);
         Element x[kMostElements];
         Element y[kMostElements];
-        if (!source.is_contiguous()) {
-            for (int j = 0; j < source.elements; ++j) x[j] = source.base[j * source.stride];
-        }
-        batch.single(source.is_contiguous() ? source.base : x,
-                     destination.is_contiguous() ? destination.base : y, batch.size, batch.flag);
-        if (!destination.is_contiguous()) {
-            for (int j = 0; j < destination.elements; ++j)
-                destination.base[j * destination.stride] = y[j];
-        }
+        for (int j = 0; j < source.elements; ++j) x[j] = source.base[j * source.stride];
+        batch.single(x, y, batch.size, batch.flag);
+        for (int j = 0; j < destination.elements; ++j)
+            destination.base[j * destination.stride] = y[j];
     }
 }
 
