@@ -16,7 +16,13 @@ static_assert(kTileElements >= kMostElements);
 
 /** Up to so many transforms single calls are as fast as a group whose other lanes are idle. */
 template <class Element>
-constexpr int kFew = kParts<Element> == 1 ? kGroup<Element> / 2 : kGroup<Element> - 1;
+int few(const Batch<Element>& batch) {
+    // Single calls copy what is not contiguous; short ones take less time than a tile.
+    constexpr int kShort = 12;
+    const bool is_contiguous = batch.source.is_contiguous() && batch.destination.is_contiguous();
+    const bool is_cheap = kParts<Element> == 2 || (is_contiguous && batch.places < kShort);
+    return is_cheap ? kGroup<Element> - 1 : kGroup<Element> / 2;
+}
 
 /** One after the other, where elements follow one another. */
 template <class Element>
@@ -78,7 +84,7 @@ class Run {
         // The last full group once more, shifted: results that are written twice are the same.
         if (full > 0 && !is_in_place_)
             full_groups(batch_.count - kGroup<Element>, 1);
-        else if (rest <= kFew<Element>)
+        else if (rest <= few(batch_))
             run_singly(batch_, full * kGroup<Element>, rest);
         else
             part_of_group(full * kGroup<Element>, rest);
@@ -189,7 +195,7 @@ void leave_no_upper_halves() {
 template <class Element>
 void run_batch(const Batch<Element>& batch) {
     const bool is_contiguous = batch.source.is_contiguous() && batch.destination.is_contiguous();
-    if (batch.count <= kFew<Element> || (is_contiguous && batch.is_faster_singly))
+    if (batch.count <= few(batch) || (is_contiguous && batch.is_faster_singly))
         return run_singly(batch, 0, batch.count);
     Run<Element>(batch).all();
     leave_no_upper_halves();
