@@ -57,12 +57,13 @@ TEST(LaneEmission, WritesRowsAsTheirHalves) {
     Graph g;
     const Ref wide = g.widen(g.load(Type::Binary32, 5));
     g.store(g.round(g.mul(wide, wide)), 2);
-    EXPECT_EQ("    const Half v0_low = x.low(5);\n"
-              "    const Half v0_high = x.high(5);\n"
-              "    const Half v1_low = v0_low * v0_low;\n"
-              "    const Half v1_high = v0_high * v0_high;\n"
-              "    y.store(2, v1_low, v1_high);\n",
-              emitted(g, Type::Binary32));
+    EXPECT_EQ(
+        "    const Half v0_low = x.low(5);\n"
+        "    const Half v0_high = x.high(5);\n"
+        "    const Half v1_low = v0_low * v0_low;\n"
+        "    const Half v1_high = v0_high * v0_high;\n"
+        "    y.store(2, v1_low, v1_high);\n",
+        emitted(g, Type::Binary32));
 }
 
 TEST(LaneEmission, WidensAVectorThatOthersNeedAsItIs) {
@@ -70,15 +71,16 @@ TEST(LaneEmission, WidensAVectorThatOthersNeedAsItIs) {
     const Ref narrow = g.load(Type::Binary32, 5);
     const Ref wide = g.widen(narrow);
     g.store(g.add(g.round(g.mul(wide, wide)), narrow), 2);
-    EXPECT_EQ("    const Vector v0 = x.load(5);\n"
-              "    const Half v1_low = widen_low(v0);\n"
-              "    const Half v1_high = widen_high(v0);\n"
-              "    const Half v2_low = v1_low * v1_low;\n"
-              "    const Half v2_high = v1_high * v1_high;\n"
-              "    const Vector v3 = round(v2_low, v2_high);\n"
-              "    const Vector v4 = v0 + v3;\n"
-              "    y.store(2, v4);\n",
-              emitted(g, Type::Binary32));
+    EXPECT_EQ(
+        "    const Vector v0 = x.load(5);\n"
+        "    const Half v1_low = widen_low(v0);\n"
+        "    const Half v1_high = widen_high(v0);\n"
+        "    const Half v2_low = v1_low * v1_low;\n"
+        "    const Half v2_high = v1_high * v1_high;\n"
+        "    const Vector v3 = round(v2_low, v2_high);\n"
+        "    const Vector v4 = v0 + v3;\n"
+        "    y.store(2, v4);\n",
+        emitted(g, Type::Binary32));
 }
 
 TEST(LaneEmission, StoresBothPartsOfAComplexElementTogether) {
