@@ -79,18 +79,16 @@ TYPED_TEST(BatchCaller, GivesAtMostSixtyFourKibibytesOfItsStack) {
 
 // Of zeros no sum and no product is inexact, whatever lies in lanes that hold no transform.
 TYPED_TEST(BatchCaller, SeesNoExceptionOfLanesThatHoldNoTransform) {
+    if (unused_parts_raise_flags()) GTEST_SKIP() << "single calls raise some, too";
     for (const auto& kernel : batch_kernels<TypeParam>()) {
         for (std::int32_t count = 1; count <= 33; ++count) {
             for (const Way& way : {kContiguous, kColumns, kWays[4]}) {
                 PlacedBatch<TypeParam> array(
                     way, std::max(kernel.source_elements, kernel.destination_elements), count,
                     kernel.parts, 0);
-                const unsigned old = _mm_getcsr();
-                _mm_setcsr(old & ~_MM_EXCEPT_MASK);
-                transform_batch(kernel, array, array, count, qsvScaleNone);
-                const unsigned raised = _mm_getcsr() & _MM_EXCEPT_MASK;
-                _mm_setcsr(old);
-                EXPECT_EQ(0U, raised)
+                EXPECT_EQ(0U, raised_by([&] {
+                              transform_batch(kernel, array, array, count, qsvScaleNone);
+                          }))
                     << kernel.description() << ", " << count << " times, " << way.name;
             }
             if (kernel.source_elements > 512) break;

@@ -3,8 +3,10 @@
 /** @file @brief Batches somewhere in memory, and what single calls make of them. */
 
 #include <gtest/gtest.h>
+#include <xmmintrin.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <string>
@@ -147,6 +149,27 @@ class PlacedBatch {
     std::size_t offset_ = 0;
     std::vector<std::byte> memory_;
 };
+
+/** Whether single calls raise flags by what is left in unused parts of registers: so Clang compiles
+ * the scalar conversions of the baseline. */
+inline bool unused_parts_raise_flags() {
+#if defined(__clang__)
+    return std::getenv("QSVGEN_TARGET_CODE") == nullptr;
+#else
+    return false;
+#endif
+}
+
+/** Exception flags that a call raises. */
+template <class Call>
+unsigned raised_by(const Call& call) {
+    const unsigned old = _mm_getcsr();
+    _mm_setcsr(old & ~_MM_EXCEPT_MASK);
+    call();
+    const unsigned raised = _mm_getcsr() & _MM_EXCEPT_MASK;
+    _mm_setcsr(old);
+    return raised;
+}
 
 /** What single calls make of `source`, in `destination`. */
 template <class Real>
