@@ -48,7 +48,7 @@ void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_
         const Placement<const Element> source = batch.source.from(k);
         const Placement<Element> destination = batch.destination.from(k);
         Element x[kMostElements];
-        Element y[kMostElements];
+        Element y[kMostElements] = {};
         for (int j = 0; j < source.elements; ++j) x[j] = source.base[j * source.stride];
         batch.single(x, y, batch.size, batch.flag);
         for (int j = 0; j < destination.elements; ++j)

@@ -57,6 +57,7 @@ enum { kCount = 3 };
 
 /* Of length 2, whose first output is the sum: of both elements, or of the two bins of a CCS
  * spectrum, behind each of which is a zero. */
+// NOLINTNEXTLINE(modernize-redundant-void-arg): C
 static void batches_of_pairs_give_their_sums(void) {
     const Real32 x[2 * kCount] = {1.0f, 2.0f, 3.0f, 4.0f, 5.0f, 6.0f};
     const Real64 wide[2 * kCount] = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0};
@@ -86,6 +87,7 @@ static void batches_of_pairs_give_their_sums(void) {
            "and of columns, in double precision");
 }
 
+// NOLINTNEXTLINE(modernize-redundant-void-arg): C
 static void batches_of_complex_pairs_go_there_and_back(void) {
     Complex32 x[2 * kCount];
     Complex64 wide[2 * kCount];

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -16,10 +16,16 @@ namespace {
 
 constexpr char kLoader[] = "/lib64/ld-linux-x86-64.so.2";
 
+/** A variable that CTest sets. */
+std::string told(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
 /** "baseline", "x86-64-v3", ..: each with its file. */
 std::map<std::string, std::string> files_of_levels() {
     std::map<std::string, std::string> files;
-    for (const auto& pair : split_words(QSVGEN_LEVELS)) {
+    for (const auto& pair : split_words(told("QSVGEN_LEVELS"))) {
         const auto equals = pair.find('=');
         files[pair.substr(0, equals)] = pair.substr(equals + 1);
     }
@@ -137,7 +143,7 @@ std::vector<std::string> supported_levels() {
  * colons. */
 std::string target_code(const std::string& levels) {
     const auto result =
-        run_command({kLoader, "--glibc-hwcaps-mask", levels, QSVGEN_PRINT_TARGET_CODE});
+        run_command({kLoader, "--glibc-hwcaps-mask", levels, told("QSVGEN_PRINT_TARGET_CODE")});
     EXPECT_EQ(0, result.exit_code) << result.output;
     return split_lines(result.output).at(0);
 }
@@ -154,7 +160,7 @@ TEST(Levels, ArePickedByTheLoaderInTheBuildFolder) {
         if (highest.empty()) highest = code;
     }
     if (highest.empty()) GTEST_SKIP() << "this processor has no level above the baseline";
-    EXPECT_EQ(highest, split_lines(run_command({QSVGEN_PRINT_TARGET_CODE}).output).at(0));
+    EXPECT_EQ(highest, split_lines(run_command({told("QSVGEN_PRINT_TARGET_CODE")}).output).at(0));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "batch/support/batch_kernels.hpp"
 
+#include <type_traits>
+
 namespace qsvgen_test {
 namespace {
 
@@ -26,7 +28,7 @@ BatchKernel<Real> dft(const std::string& name, int length, int source, int desti
                       Single single, Batch batch) {
     return {.name = name,
             .size = length,
-            .parts = static_cast<int>(sizeof(Element) / sizeof(Real)),
+            .parts = std::is_same_v<Element, Real> ? 1 : 2,
             .source_elements = source,
             .destination_elements = destination,
             .smallest = kShortest,

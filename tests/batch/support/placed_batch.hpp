@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "batch/support/batch_kernels.hpp"
+#include "support/bits.hpp"
 
 namespace qsvgen_test {
 
@@ -199,7 +200,7 @@ std::string first_difference(const BatchKernel<Real>& kernel, const PlacedBatch<
             for (int part = 0; part < kernel.parts; ++part) {
                 const Real a = expected.number(j, k, part);
                 const Real b = got.number(j, k, part);
-                if (std::memcmp(&a, &b, sizeof a) == 0) continue;
+                if (same_number_bits(a, b)) continue;
                 char text[160];
                 std::snprintf(text, sizeof text,
                               "transform %d, element %d, part %d: %a instead of %a", k, j, part,
