@@ -143,17 +143,11 @@ void PrintComparisons(std::ostream& out, const BatchReport& report) {
 }
 
 void WriteJson(std::ostream& out, const BatchReport& report) {
-    const char* separator = "";
-    out << "{\n  \"context\": {";
-    for (const auto& [key, value] : report.context) {
-        out << separator << "\n    " << JsonString(key) << ": " << JsonString(value);
-        separator = ",";
-    }
-    out << "\n  },\n  \"core_cycles_per_tsc_cycle\": "
-        << JsonNumber(report.core_cycles_per_tsc_cycle)
+    out << "{\n  \"context\": " << JsonContext(report.context)
+        << ",\n  \"core_cycles_per_tsc_cycle\": " << JsonNumber(report.core_cycles_per_tsc_cycle)
         << ",\n  \"core_cycles_per_tsc_cycle_between_calls\": "
         << JsonNumber(report.core_cycles_per_tsc_cycle_between_calls) << ",\n  \"results\": [";
-    separator = "";
+    const char* separator = "";
     for (const BatchComparison& c : report.comparisons) {
         const auto add = [&](const char* party_name, BatchParty party) {
             if (!std::isfinite(c.cycles[party])) return;

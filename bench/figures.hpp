@@ -6,6 +6,8 @@
 #include <iomanip>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace bench {
 
@@ -30,6 +32,17 @@ inline std::string JsonString(const std::string& text) {
         quoted += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
     }
     return quoted + '"';
+}
+
+/** What a run was measured with, as the object that JSON reports begin with. */
+inline std::string JsonContext(const std::vector<std::pair<std::string, std::string>>& context) {
+    std::string text = "{";
+    const char* separator = "";
+    for (const auto& [key, value] : context) {
+        text += separator + ("\n    " + JsonString(key)) + ": " + JsonString(value);
+        separator = ",";
+    }
+    return text + "\n  }";
 }
 
 }  // namespace bench

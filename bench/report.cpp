@@ -54,15 +54,10 @@ void PrintTable(std::ostream& out, const Report& report) {
 }
 
 void WriteJson(std::ostream& out, const Report& report) {
+    out << "{\n  \"context\": " << JsonContext(report.context)
+        << ",\n  \"core_cycles_per_tsc_cycle\": " << JsonNumber(report.core_cycles_per_tsc_cycle)
+        << ",\n  \"results\": [";
     const char* separator = "";
-    out << "{\n  \"context\": {";
-    for (const auto& [key, value] : report.context) {
-        out << separator << "\n    " << JsonString(key) << ": " << JsonString(value);
-        separator = ",";
-    }
-    out << "\n  },\n  \"core_cycles_per_tsc_cycle\": "
-        << JsonNumber(report.core_cycles_per_tsc_cycle) << ",\n  \"results\": [";
-    separator = "";
     for (const Comparison& c : report.comparisons) {
         out << separator << "\n    {\"family\": " << JsonString(c.family)
             << ", \"length\": " << c.length << ", \"rounds\": " << c.rounds

@@ -4,7 +4,7 @@
 import pathlib
 import sys
 
-from draw_layouts import CELL, COLOURS, HEIGHT, LABEL, cell
+from draw_layouts import CELL, COLOURS, HEIGHT, LABEL, cell, framed
 
 # Transform k, and what belongs to none.
 COLOURS |= {0: "#cfe3f5", 1: "#f8dcc4", 2: "#dbead0", None: "#ffffff"}
@@ -24,19 +24,8 @@ def picture(title, rows):
     """`rows` are pairs of a label and its cells."""
     cells = 1 + max(place for _, cells in rows for place, *_ in cells)
     width = max(LABEL + CELL * cells + 10, WIDTH_OF_TITLES)
-    height = 44 + STEP * len(rows)
-    lines = [
-        f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}"'
-        f' viewBox="0 0 {width} {height}" role="img" aria-label="{title}">',
-        "<style>text{font-family:sans-serif;fill:#222}.title{font-size:14px;font-weight:bold}"
-        ".label{font-size:13px;text-anchor:end}.value{font-size:13px;text-anchor:middle}"
-        ".index{font-size:10px;text-anchor:middle;fill:#666}rect{stroke:#555}</style>",
-        f'<rect width="{width}" height="{height}" style="fill:#fff;stroke:none"/>',
-        f'<text x="10" y="22" class="title">{title}</text>',
-    ]
-    for place, (label, cells) in enumerate(rows):
-        lines += row(38 + STEP * place, label, cells)
-    return "\n".join(lines + ["</svg>", ""])
+    lines = [line for place, (label, cells) in enumerate(rows) for line in row(38 + STEP * place, label, cells)]
+    return framed(title, width, 44 + STEP * len(rows), lines)
 
 
 def name(transform, element):

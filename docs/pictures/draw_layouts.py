@@ -26,12 +26,9 @@ def row(top, label, cells):
     return lines
 
 
-def picture(title, rows):
-    """`rows` are pairs of a label and its cells, each a text and a kind."""
-    width = LABEL + CELL * max(len(cells) for _, cells in rows) + 10
-    step = HEIGHT + 30
-    height = 40 + step * len(rows)
-    lines = [
+def framed(title, width, height, lines):
+    """The lines as a picture of its own, under their title."""
+    return "\n".join([
         f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}"'
         f' viewBox="0 0 {width} {height}" role="img" aria-label="{title}">',
         "<style>text{font-family:sans-serif;fill:#222}.title{font-size:14px;font-weight:bold}"
@@ -39,10 +36,16 @@ def picture(title, rows):
         ".index{font-size:10px;text-anchor:middle;fill:#666}rect{stroke:#555}</style>",
         f'<rect width="{width}" height="{height}" style="fill:#fff;stroke:none"/>',
         f'<text x="10" y="22" class="title">{title}</text>',
-    ]
-    for place, (label, cells) in enumerate(rows):
-        lines += row(38 + step * place, label, cells)
-    return "\n".join(lines + ["</svg>", ""])
+        *lines, "</svg>", "",
+    ])
+
+
+def picture(title, rows):
+    """`rows` are pairs of a label and its cells, each a text and a kind."""
+    width = LABEL + CELL * max(len(cells) for _, cells in rows) + 10
+    step = HEIGHT + 30
+    lines = [line for place, (label, cells) in enumerate(rows) for line in row(38 + step * place, label, cells)]
+    return framed(title, width, 40 + step * len(rows), lines)
 
 
 def bins(first, last):

@@ -19,8 +19,7 @@ template <class Element>
 int few(const Batch<Element>& batch) {
     // Single calls copy what is not contiguous; short ones take less time than a tile.
     constexpr int kShort = 12;
-    const bool is_contiguous = batch.source.is_contiguous() && batch.destination.is_contiguous();
-    const bool is_cheap = kParts<Element> == 2 || (is_contiguous && batch.places < kShort);
+    const bool is_cheap = kParts<Element> == 2 || (batch.is_contiguous() && batch.places < kShort);
     return is_cheap ? kGroup<Element> - 1 : kGroup<Element> / 2;
 }
 
@@ -42,8 +41,7 @@ void run_contiguous_singly(const Batch<Element>& batch, std::ptrdiff_t first,
  * are copied. */
 template <class Element>
 void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_t count) {
-    if (batch.source.is_contiguous() && batch.destination.is_contiguous())
-        return run_contiguous_singly(batch, first, count);
+    if (batch.is_contiguous()) return run_contiguous_singly(batch, first, count);
     for (std::ptrdiff_t k = first; k < first + count; ++k) {
         const Placement<const Element> source = batch.source.from(k);
         const Placement<Element> destination = batch.destination.from(k);
@@ -59,7 +57,7 @@ void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_
 template <class Element>
 class Run {
     using Real = NumberOf<Element>;
-    static constexpr int kElementNumbers = kGroup<Element> * kParts<Element>;
+    static constexpr std::ptrdiff_t kNumbers = kElementNumbers<Element>;
 
   public:
     explicit Run(const Batch<Element>& batch)
@@ -69,11 +67,9 @@ class Run {
           // In place, a result may stand where another value of its transform is still to be read.
           writes_columns_(batch.destination.has_columns() && !is_in_place_) {
         fill(from_, batch.source_layout,
-             reads_columns_ ? batch.source.stride * kParts<Element>
-                            : std::ptrdiff_t{kElementNumbers});
+             reads_columns_ ? batch.source.stride * kParts<Element> : kNumbers);
         fill(to_, batch.destination_layout,
-             writes_columns_ ? batch.destination.stride * kParts<Element>
-                             : std::ptrdiff_t{kElementNumbers});
+             writes_columns_ ? batch.destination.stride * kParts<Element> : kNumbers);
     }
 
     void all() {
@@ -119,17 +115,17 @@ class Run {
                             to_,
                             batch_.factor,
                             count,
-                            kElementNumbers * std::ptrdiff_t{batch_.source.elements},
-                            kElementNumbers * std::ptrdiff_t{batch_.destination.elements}};
+                            kNumbers * batch_.source.elements,
+                            kNumbers * batch_.destination.elements};
         if (reads_columns_) {
             groups.source = reinterpret_cast<const Real*>(batch_.source.base + first);
-            groups.source_step = kElementNumbers;
+            groups.source_step = kNumbers;
         } else {
             gather(batch_.source, first, count, in_);
         }
         if (writes_columns_) {
             groups.destination = reinterpret_cast<Real*>(batch_.destination.base + first);
-            groups.destination_step = kElementNumbers;
+            groups.destination_step = kNumbers;
         }
         compute(groups);
         if (writes_columns_) return;
@@ -138,16 +134,15 @@ class Run {
 
     /** `count` transforms, fewer than a group. */
     void part_of_group(std::ptrdiff_t first, int count) {
-        if (reads_columns_) fill(from_, batch_.source_layout, kElementNumbers);
-        if (writes_columns_) fill(to_, batch_.destination_layout, kElementNumbers);
+        if (reads_columns_) fill(from_, batch_.source_layout, kNumbers);
+        if (writes_columns_) fill(to_, batch_.destination_layout, kNumbers);
         gather_some(batch_.source.from(first), count, in_);
-        compute({in_, out_, from_, to_, batch_.factor, 1, 0, 0}, kElementNumbers);
+        compute({in_, out_, from_, to_, batch_.factor, 1, 0, 0}, kNumbers);
         scatter_some(out_, count, batch_.destination.from(first));
     }
 
     void compute(const Groups<Real>& groups) {
-        compute(groups, writes_columns_ ? batch_.destination.stride * kParts<Element>
-                                        : std::ptrdiff_t{kElementNumbers});
+        compute(groups, writes_columns_ ? batch_.destination.stride * kParts<Element> : kNumbers);
     }
 
     void compute(const Groups<Real>& groups, std::ptrdiff_t element_step) {
@@ -166,12 +161,12 @@ class Run {
     void scale(Real* begin) const {
         for (int place = 0; place < batch_.places; ++place) {
             Real* const element = begin + to_[place];
-            for (int i = 0; i < kElementNumbers; i += kLanes<Real>)
+            for (std::ptrdiff_t i = 0; i < kNumbers; i += kLanes<Real>)
                 store(element + i, load(element + i) * batch_.factor);
         }
     }
 
-    static constexpr int kTileNumbers = kTileElements * kElementNumbers;
+    static constexpr std::ptrdiff_t kTileNumbers = kTileElements * kNumbers;
 
     const Batch<Element>& batch_;
     const bool is_in_place_;
@@ -194,8 +189,7 @@ void leave_no_upper_halves() {
 
 template <class Element>
 void run_batch(const Batch<Element>& batch) {
-    const bool is_contiguous = batch.source.is_contiguous() && batch.destination.is_contiguous();
-    if (batch.count <= few(batch) || (is_contiguous && batch.is_faster_singly))
+    if (batch.count <= few(batch) || (batch.is_contiguous() && batch.is_faster_singly))
         return run_singly(batch, 0, batch.count);
     Run<Element>(batch).all();
     leave_no_upper_halves();

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "batch/bodies.hpp"
+#include "batch/layout.hpp"
 #include "batch/placement.hpp"
 
 namespace batch {
@@ -26,6 +27,8 @@ struct Batch {
     bool is_faster_singly;  ///< where elements follow one another
     void (*body)(int size, const Groups<Real>& groups);
     QsvStatus (*single)(const Element* src, Element* dst, std::int32_t size, std::int32_t flag);
+
+    bool is_contiguous() const { return source.is_contiguous() && destination.is_contiguous(); }
 };
 
 void run(const Batch<Real32>& batch);

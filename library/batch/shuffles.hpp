@@ -42,7 +42,8 @@ constexpr int every_second_lane(int i, bool odd) {
     return in_piece < kHalf ? lane : lane + kLanes<Real>;
 }
 
-// Moved as integers: processors interleave these on two of their ports, numbers only on one.
+// Moved as integers, which the processor that was measured interleaves on two ports, numbers on
+// one.
 using Ints = std::int32_t __attribute__((vector_size(kBytes)));
 using Longs = std::int64_t __attribute__((vector_size(kBytes)));
 template <class Real>

@@ -23,27 +23,20 @@ inline constexpr int kGroup = kLanes<NumberOf<Element>>;
 template <class Element>
 inline constexpr int kElementsOfPiece = kPieceBytes / static_cast<int>(sizeof(Element));
 
-namespace detail {
-
-/** Vectors that hold an element of all transforms of a group. */
-template <class Element>
-inline constexpr int kVectorsOfElement = kParts<Element>;
-
-/** Transforms that a vector holds an element of. */
-template <class Element>
-inline constexpr int kTransformsOfVector = kGroup<Element> / kVectorsOfElement<Element>;
-
 /** Numbers that an element of all transforms of a group takes in a tile. */
 template <class Element>
 inline constexpr std::ptrdiff_t kElementNumbers = kParts<Element>* kGroup<Element>;
 
-/** Moves blocks of a piece's elements between transforms and a tile. */
+namespace detail {
+
+/** Where a piece's elements of all transforms of a group stand. */
 template <class Element>
-struct Blocks {
+struct Block {
     using Real = NumberOf<Element>;
-    static constexpr int kBlock = kElementsOfPiece<Element>;
-    static constexpr int kVectors = kVectorsOfElement<Element>;
-    static constexpr int kTransforms = kTransformsOfVector<Element>;
+    static constexpr int kElements = kElementsOfPiece<Element>;
+    /** An element of all transforms takes as many vectors as it has parts. */
+    static constexpr int kVectors = kParts<Element>;
+    static constexpr int kTransforms = kGroup<Element> / kVectors;
 
     /** Numbers between an element of neighbouring transforms. */
     std::ptrdiff_t step;
@@ -57,59 +50,97 @@ struct Blocks {
     [[gnu::always_inline]] static Pointer vector(Pointer tile, int v, int i) {
         return tile + i * kElementNumbers<Element> + v * kLanes<Real>;
     }
+    /** The block whose elements follow these. */
+    template <class Pointer>
+    [[gnu::always_inline]] static Pointer next_in_array(Pointer array) {
+        return array + kElements * kParts<Element>;
+    }
+    template <class Pointer>
+    [[gnu::always_inline]] static Pointer next_in_tile(Pointer tile) {
+        return tile + kElements * kElementNumbers<Element>;
+    }
+};
 
-    [[gnu::always_inline]] void gather_one(const Real* array, Real* tile) const {
-        for (int v = 0; v < kVectors; ++v) {
-            Vector<Real> block[kBlock];
-            for (int i = 0; i < kBlock; ++i)
-                block[i] = load_pieces(transform(array, v, i), kBlock * step);
+/** Blocks into a tile. */
+template <class Element>
+struct Gather : Block<Element> {
+    using Real = NumberOf<Element>;
+    using Array = const Real;
+    using Tile = Real;
+    using Block<Element>::kElements;
+
+    [[gnu::always_inline]] void one(const Real* array, Real* tile) const {
+        for (int v = 0; v < this->kVectors; ++v) {
+            Vector<Real> block[kElements];
+            for (int i = 0; i < kElements; ++i)
+                block[i] = load_pieces(this->transform(array, v, i), kElements * this->step);
             transpose_in_pieces<Real>(block);
-            for (int i = 0; i < kBlock; ++i) store(vector(tile, v, i), block[i]);
+            for (int i = 0; i < kElements; ++i) store(this->vector(tile, v, i), block[i]);
         }
     }
 
-    [[gnu::always_inline]] void scatter_one(const Real* tile, Real* array) const {
-        for (int v = 0; v < kVectors; ++v) {
-            Vector<Real> block[kBlock];
-            for (int i = 0; i < kBlock; ++i) block[i] = load(vector(tile, v, i));
-            transpose_in_pieces<Real>(block);
-            for (int i = 0; i < kBlock; ++i)
-                store_pieces(transform(array, v, i), kBlock * step, block[i]);
-        }
-    }
-
-#if QSVG_VECTOR_BYTES > 16
-    // Two blocks whose elements follow one another.
-    [[gnu::always_inline]] void gather_two(const Real* array, Real* tile) const {
-        for (int v = 0; v < kVectors; ++v) {
-            Vector<Real> a[kBlock];
-            Vector<Real> b[kBlock];
-            for (int i = 0; i < kBlock; ++i)
-                load_pairs_of_pieces(transform(array, v, i), kBlock * step, a[i], b[i]);
-            transpose_in_pieces<Real>(a);
-            transpose_in_pieces<Real>(b);
-            for (int i = 0; i < kBlock; ++i) {
-                store(vector(tile, v, i), a[i]);
-                store(vector(tile, v, kBlock + i), b[i]);
+    /** Two blocks whose elements follow one another. */
+    [[gnu::always_inline]] void two(const Real* array, Real* tile) const {
+        if constexpr (kBytes == kPieceBytes) {
+            one(array, tile);
+            one(this->next_in_array(array), this->next_in_tile(tile));
+        } else {
+            for (int v = 0; v < this->kVectors; ++v) {
+                Vector<Real> a[kElements];
+                Vector<Real> b[kElements];
+                for (int i = 0; i < kElements; ++i)
+                    load_pairs_of_pieces(this->transform(array, v, i), kElements * this->step, a[i],
+                                         b[i]);
+                transpose_in_pieces<Real>(a);
+                transpose_in_pieces<Real>(b);
+                for (int i = 0; i < kElements; ++i) {
+                    store(this->vector(tile, v, i), a[i]);
+                    store(this->vector(tile, v, kElements + i), b[i]);
+                }
             }
         }
     }
+};
 
-    [[gnu::always_inline]] void scatter_two(const Real* tile, Real* array) const {
-        for (int v = 0; v < kVectors; ++v) {
-            Vector<Real> a[kBlock];
-            Vector<Real> b[kBlock];
-            for (int i = 0; i < kBlock; ++i) {
-                a[i] = load(vector(tile, v, i));
-                b[i] = load(vector(tile, v, kBlock + i));
-            }
-            transpose_in_pieces<Real>(a);
-            transpose_in_pieces<Real>(b);
-            for (int i = 0; i < kBlock; ++i)
-                store_pairs_of_pieces(transform(array, v, i), kBlock * step, a[i], b[i]);
+/** Blocks of a tile to where they belong. */
+template <class Element>
+struct Scatter : Block<Element> {
+    using Real = NumberOf<Element>;
+    using Array = Real;
+    using Tile = const Real;
+    using Block<Element>::kElements;
+
+    [[gnu::always_inline]] void one(Real* array, const Real* tile) const {
+        for (int v = 0; v < this->kVectors; ++v) {
+            Vector<Real> block[kElements];
+            for (int i = 0; i < kElements; ++i) block[i] = load(this->vector(tile, v, i));
+            transpose_in_pieces<Real>(block);
+            for (int i = 0; i < kElements; ++i)
+                store_pieces(this->transform(array, v, i), kElements * this->step, block[i]);
         }
     }
-#endif
+
+    /** Two blocks whose elements follow one another. */
+    [[gnu::always_inline]] void two(Real* array, const Real* tile) const {
+        if constexpr (kBytes == kPieceBytes) {
+            one(array, tile);
+            one(this->next_in_array(array), this->next_in_tile(tile));
+        } else {
+            for (int v = 0; v < this->kVectors; ++v) {
+                Vector<Real> a[kElements];
+                Vector<Real> b[kElements];
+                for (int i = 0; i < kElements; ++i) {
+                    a[i] = load(this->vector(tile, v, i));
+                    b[i] = load(this->vector(tile, v, kElements + i));
+                }
+                transpose_in_pieces<Real>(a);
+                transpose_in_pieces<Real>(b);
+                for (int i = 0; i < kElements; ++i)
+                    store_pairs_of_pieces(this->transform(array, v, i), kElements * this->step,
+                                          a[i], b[i]);
+            }
+        }
+    }
 };
 
 /**
@@ -129,51 +160,19 @@ template <class Element, class Two, class One>
     one(elements - kBlock);
 }
 
-// Arguments are numbers and pointers alone: of structures that have just been written processors
-// know the addresses late, and all later loads wait for these.
-template <class Element>
-[[gnu::noinline]] void gather_contiguous(const NumberOf<Element>* array, std::ptrdiff_t step,
-                                         std::ptrdiff_t elements, std::ptrdiff_t groups,
-                                         NumberOf<Element>* tile) {
-    const Blocks<Element> blocks{step};
+/** All blocks of full groups. Arguments are numbers and pointers alone: of structures that have
+ * just been written processors know the addresses late, and all later loads wait for these. */
+template <class Element, template <class> class Move>
+[[gnu::noinline]] void move_groups(typename Move<Element>::Array* array, std::ptrdiff_t step,
+                                   std::ptrdiff_t elements, std::ptrdiff_t groups,
+                                   typename Move<Element>::Tile* tile) {
+    const Move<Element> move{{step}};
     for (; groups > 0; --groups) {
         const auto one = [&](std::ptrdiff_t element) {
-            blocks.gather_one(array + element * kParts<Element>,
-                              tile + element * kElementNumbers<Element>);
+            move.one(array + element * kParts<Element>, tile + element * kElementNumbers<Element>);
         };
         const auto two = [&](std::ptrdiff_t element) {
-#if QSVG_VECTOR_BYTES > 16
-            blocks.gather_two(array + element * kParts<Element>,
-                              tile + element * kElementNumbers<Element>);
-#else
-            one(element);
-            one(element + kElementsOfPiece<Element>);
-#endif
-        };
-        for_each_block<Element>(elements, two, one);
-        array += kGroup<Element> * step;
-        tile += elements * kElementNumbers<Element>;
-    }
-}
-
-template <class Element>
-[[gnu::noinline]] void scatter_contiguous(const NumberOf<Element>* tile, std::ptrdiff_t groups,
-                                          NumberOf<Element>* array, std::ptrdiff_t step,
-                                          std::ptrdiff_t elements) {
-    const Blocks<Element> blocks{step};
-    for (; groups > 0; --groups) {
-        const auto one = [&](std::ptrdiff_t element) {
-            blocks.scatter_one(tile + element * kElementNumbers<Element>,
-                               array + element * kParts<Element>);
-        };
-        const auto two = [&](std::ptrdiff_t element) {
-#if QSVG_VECTOR_BYTES > 16
-            blocks.scatter_two(tile + element * kElementNumbers<Element>,
-                               array + element * kParts<Element>);
-#else
-            one(element);
-            one(element + kElementsOfPiece<Element>);
-#endif
+            move.two(array + element * kParts<Element>, tile + element * kElementNumbers<Element>);
         };
         for_each_block<Element>(elements, two, one);
         array += kGroup<Element> * step;
@@ -187,11 +186,11 @@ template <class Element>
  * which no operation minds. */
 template <class Element>
 void gather_some(const Placement<const Element>& source, int count, NumberOf<Element>* tile) {
-    for (int j = 0; j < source.elements; ++j, tile += detail::kElementNumbers<Element>) {
+    for (int j = 0; j < source.elements; ++j, tile += kElementNumbers<Element>) {
         const Element* const element = source.base + j * source.stride;
         for (int k = 0; k < count; ++k)
             std::memcpy(tile + k * kParts<Element>, element + k * source.distance, sizeof(Element));
-        for (int lane = count * kParts<Element>; lane < detail::kElementNumbers<Element>; ++lane)
+        for (int lane = count * kParts<Element>; lane < kElementNumbers<Element>; ++lane)
             tile[lane] = 0;
     }
 }
@@ -199,7 +198,7 @@ void gather_some(const Placement<const Element>& source, int count, NumberOf<Ele
 /** The first `count` transforms of a tile to where they belong. */
 template <class Element>
 void scatter_some(const NumberOf<Element>* tile, int count, const Placement<Element>& destination) {
-    for (int j = 0; j < destination.elements; ++j, tile += detail::kElementNumbers<Element>) {
+    for (int j = 0; j < destination.elements; ++j, tile += kElementNumbers<Element>) {
         Element* const element = destination.base + j * destination.stride;
         for (int k = 0; k < count; ++k)
             std::memcpy(element + k * destination.distance, tile + k * kParts<Element>,
@@ -213,17 +212,17 @@ template <class Element>
                                           std::ptrdiff_t first, std::ptrdiff_t groups,
                                           NumberOf<Element>* tile) {
     if (source.is_contiguous() && source.elements >= kElementsOfPiece<Element>)
-        return detail::gather_contiguous<Element>(
+        return detail::move_groups<Element, detail::Gather>(
             reinterpret_cast<const NumberOf<Element>*>(source.base + first * source.distance),
             source.distance * kParts<Element>, source.elements, groups, tile);
     for (; groups > 0; --groups, first += kGroup<Element>) {
         const Placement<const Element> group = source.from(first);
         if (!source.has_columns()) {
             gather_some(group, kGroup<Element>, tile);
-            tile += source.elements * detail::kElementNumbers<Element>;
+            tile += source.elements * kElementNumbers<Element>;
             continue;
         }
-        for (int j = 0; j < group.elements; ++j, tile += detail::kElementNumbers<Element>)
+        for (int j = 0; j < group.elements; ++j, tile += kElementNumbers<Element>)
             std::memcpy(tile, group.base + j * group.stride, kGroup<Element> * sizeof(Element));
     }
 }
@@ -234,18 +233,17 @@ template <class Element>
                                            std::ptrdiff_t groups,
                                            const Placement<Element>& destination) {
     if (destination.is_contiguous() && destination.elements >= kElementsOfPiece<Element>)
-        return detail::scatter_contiguous<Element>(
-            tile, groups,
+        return detail::move_groups<Element, detail::Scatter>(
             reinterpret_cast<NumberOf<Element>*>(destination.base + first * destination.distance),
-            destination.distance * kParts<Element>, destination.elements);
+            destination.distance * kParts<Element>, destination.elements, groups, tile);
     for (; groups > 0; --groups, first += kGroup<Element>) {
         const Placement<Element> group = destination.from(first);
         if (!destination.has_columns()) {
             scatter_some(tile, kGroup<Element>, group);
-            tile += group.elements * detail::kElementNumbers<Element>;
+            tile += group.elements * kElementNumbers<Element>;
             continue;
         }
-        for (int j = 0; j < group.elements; ++j, tile += detail::kElementNumbers<Element>)
+        for (int j = 0; j < group.elements; ++j, tile += kElementNumbers<Element>)
             std::memcpy(group.base + j * group.stride, tile, kGroup<Element> * sizeof(Element));
     }
 }

@@ -11,6 +11,8 @@ constexpr std::int32_t kLowestOrder = 1;
 constexpr std::int32_t kHighestOrder = 13;
 /** Up to this order transforms run in lanes; those beyond fill vectors by themselves. */
 constexpr std::int32_t kHighestInLanes = 6;
+/** Up to this order a single transform takes no work buffer. */
+constexpr std::int32_t kHighestWithoutBuffer = 7;
 
 template <class Real>
 struct Single;
@@ -64,11 +66,10 @@ void run_singly(const Request<Real>& r, std::uint8_t* buffer) {
     const std::ptrdiff_t length = std::ptrdiff_t{1} << r.size;
     std::int32_t bytes = 0;
     Single<Real>::kBufferSize(r.size, &bytes);
-    // Of the highest order that needs no buffer.
-    Real short_transform[1 << (kHighestInLanes + 1)];
-    const bool is_short = bytes == 0;
+    Real short_transform[1 << kHighestWithoutBuffer];
     const core::WorkBuffer<Real> work(
-        is_short ? reinterpret_cast<std::uint8_t*>(short_transform) : buffer, bytes);
+        r.size <= kHighestWithoutBuffer ? reinterpret_cast<std::uint8_t*>(short_transform) : buffer,
+        bytes);
     Real* const x = work.begin();
     const bool is_contiguous = r.source_stride == 1 && r.destination_stride == 1;
     const Real factor = factor_of(r.flag, Scaling::Both, Single<Real>::kScales(r.size));

@@ -1,14 +1,13 @@
 /** @file @brief What a caller's stack, control state and other threads see of a batch. */
 
-#include <cpuid.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <xmmintrin.h>
 
-#include <optional>
 #include <thread>
 
 #include "batch/support/placed_batch.hpp"
+#include "support/upper_halves.hpp"
 
 namespace qsvgen_test {
 namespace {
@@ -96,7 +95,7 @@ TYPED_TEST(BatchCaller, SeesNoExceptionOfLanesThatHoldNoTransform) {
     }
 }
 
-TYPED_TEST(BatchCaller, SeesItsArithmeticFollowTheRoundingThatItHasSet) {
+TYPED_TEST(BatchCaller, FindsTheControlStateOfItsArithmeticAsItWas) {
     for (const auto& kernel : batch_kernels<TypeParam>()) {
         if (kernel.size % 7 != 3) continue;
         PlacedBatch<TypeParam> source(kContiguous, kernel.source_elements, kCount, kernel.parts, 0);
@@ -111,24 +110,6 @@ TYPED_TEST(BatchCaller, SeesItsArithmeticFollowTheRoundingThatItHasSet) {
         _mm_setcsr(old);
         EXPECT_EQ(upward & ~_MM_EXCEPT_MASK, after & ~_MM_EXCEPT_MASK) << kernel.description();
     }
-}
-
-/** Whether parts of vector registers beyond 16 bytes are in use, which makes a caller's own code
- * for such vectors slow; nothing where the processor does not tell. */
-std::optional<bool> are_upper_halves_in_use() {
-    constexpr unsigned kExtendedState = 0xD;
-    constexpr unsigned kTellsWhatIsInUse = 1U << 2U;
-    constexpr unsigned kUpperHalves = 1U << 2U;
-    unsigned eax = 0;
-    unsigned ebx = 0;
-    unsigned ecx = 0;
-    unsigned edx = 0;
-    if (__get_cpuid_count(kExtendedState, 1, &eax, &ebx, &ecx, &edx) == 0 ||
-        (eax & kTellsWhatIsInUse) == 0)
-        return {};
-    unsigned in_use = 0;
-    asm volatile("xgetbv" : "=a"(in_use), "=d"(edx) : "c"(1));
-    return (in_use & kUpperHalves) != 0;
 }
 
 TYPED_TEST(BatchCaller, SeesNoUpperHalvesOfItsVectorsLeftInUse) {

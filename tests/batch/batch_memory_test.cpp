@@ -71,12 +71,13 @@ TYPED_TEST(BatchMemory, ArraysAtPageBoundariesAreNotLeft) {
 
 // A signalling NaN raises the invalid flag as soon as it is calculated with.
 TYPED_TEST(BatchMemory, NothingBetweenOrBesideTheTransformsIsCalculatedWith) {
+    static constexpr TypeParam kTrap = std::numeric_limits<TypeParam>::signaling_NaN();
     for (const auto& kernel : batch_kernels<TypeParam>()) {
         if (kernel.source_elements > 512) continue;
         for (const Way& way : kWays) {
             for (const std::int32_t count : {1, 3, 8, 13}) {
                 PlacedBatch<TypeParam> source(way, kernel.source_elements, count, kernel.parts,
-                                              std::numeric_limits<TypeParam>::signaling_NaN());
+                                              kTrap);
                 for (std::int32_t k = 0; k < count; ++k) {
                     for (int j = 0; j < kernel.source_elements; ++j) {
                         for (int part = 0; part < kernel.parts; ++part)

@@ -3,8 +3,6 @@
 /** @file @brief Any batch: any strides within arrays of exactly the bytes that they name. */
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -12,6 +10,7 @@
 #include "batch/support/batch_kernels.hpp"
 #include "fuzz/bytes.hpp"
 #include "fuzz/exact_array.hpp"
+#include "fuzz/expect.hpp"
 #include "support/bits.hpp"
 
 namespace fuzz {
@@ -61,12 +60,6 @@ struct Places {
     }
 };
 
-inline void expect_of_batch(bool condition, const std::string& what) {
-    if (condition) return;
-    std::fprintf(stderr, "not so: %s\n", what.c_str());
-    std::abort();
-}
-
 /** A batch that is done, whose results are those of single calls. */
 template <class Real>
 void call_batch(Bytes& bytes) {
@@ -113,7 +106,7 @@ void call_batch(Bytes& bytes) {
     // The distance of a single transform is of no matter.
     const bool is_single = count <= 1;
     const std::ptrdiff_t anything = static_cast<std::ptrdiff_t>(bytes.next<std::uint64_t>());
-    expect_of_batch(
+    expect(
         kernel.batch({reinterpret_cast<const Real*>(at(source.data(), from, 0, 0)), from.stride,
                       is_single ? anything : from.distance,
                       reinterpret_cast<Real*>(at(destination.data(), to, 0, 0)), to.stride,
@@ -126,10 +119,10 @@ void call_batch(Bytes& bytes) {
         Real b;
         std::memcpy(&a, &expected[i], sizeof a);
         std::memcpy(&b, &got[i], sizeof b);
-        expect_of_batch((a != a && b != b) || qsvgen_test::same_number_bits(a, b),
-                        what + " has the bits of single calls");
+        expect((a != a && b != b) || qsvgen_test::same_number_bits(a, b),
+               what + " has the bits of single calls");
     }
-    expect_of_batch(in_place || source.holds(before), what + " leaves its source as it is");
+    expect(in_place || source.holds(before), what + " leaves its source as it is");
 }
 
 /** A batch that is refused, and touches nothing: its arrays are one byte each. */
@@ -160,7 +153,7 @@ void refuse_batch(Bytes& bytes) {
         wanted = qsvStatusBadFlag;
     // There is no array for what would be done.
     if (wanted == qsvStatusOk) call.count = 0;
-    expect_of_batch(kernel.batch(call) == wanted, kernel.name + " gives " + std::to_string(wanted));
+    expect(kernel.batch(call) == wanted, kernel.name + " gives " + std::to_string(wanted));
 }
 
 }  // namespace fuzz

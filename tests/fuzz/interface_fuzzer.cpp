@@ -9,13 +9,12 @@
  */
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "fuzz/batch_calls.hpp"
 #include "fuzz/bytes.hpp"
 #include "fuzz/exact_array.hpp"
+#include "fuzz/expect.hpp"
 #include "support/dct4_interface.hpp"
 #include "support/kernel_table.hpp"
 #include "support/walsh_hadamard.hpp"
@@ -25,12 +24,7 @@ namespace {
 using namespace qsvgen_test;
 using fuzz::Bytes;
 using fuzz::ExactArray;
-
-void expect(bool condition, const std::string& what) {
-    if (condition) return;
-    std::fprintf(stderr, "not so: %s\n", what.c_str());
-    std::abort();
-}
+using fuzz::expect;
 
 /** Mostly a flag that exists. */
 std::int32_t any_flag(Bytes& bytes) {

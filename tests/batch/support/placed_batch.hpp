@@ -65,8 +65,8 @@ inline const Way kWays[] = {
 template <class Real>
 class PlacedBatch {
   public:
-    PlacedBatch(const Way& way, std::ptrdiff_t elements, std::ptrdiff_t count, int parts, Real fill,
-                std::size_t offset_bytes = 0)
+    PlacedBatch(const Way& way, std::ptrdiff_t elements, std::ptrdiff_t count, int parts,
+                const Real& fill, std::size_t offset_bytes = 0)
         : stride(way.stride(elements, count)),
           distance(way.distance(elements, count)),
           parts_(parts) {
@@ -139,7 +139,8 @@ class PlacedBatch {
                     sizeof value);
         return value;
     }
-    void write(std::ptrdiff_t i, Real value) {
+    // By reference: registers of the x87 unit quieten numbers that signal.
+    void write(std::ptrdiff_t i, const Real& value) {
         std::memcpy(memory_.data() + offset_ + static_cast<std::size_t>(i) * sizeof(Real), &value,
                     sizeof value);
     }
