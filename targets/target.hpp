@@ -10,6 +10,7 @@ namespace kernelgen {
 enum class Spelling {
     SseIntrinsics,  ///< _mm_add_ps(a, b)
     VectorTypes,    ///< a + b, by the vector types that GCC and Clang share
+    Pieces,         ///< the same, of vectors each of whose pieces of 16 bytes is such a vector
 };
 
 /** A processor in one of its modes, with one set of instructions. */

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <map>
+#include <set>
 #include <stdexcept>
 
 #include "kernelgen/emission/spelling.hpp"
@@ -17,21 +18,39 @@ std::string hexadecimal(double value) {
     return text.data();
 }
 
-enum class Memory { Arrays, Places };
+enum class Memory { Arrays, Places, Pieces };
 
 class Emitter {
   public:
     Emitter(const Graph& graph, const Target& target, const std::string& rounding, Memory memory)
-        : graph_(graph), target_(target), rounding_(rounding), memory_(memory) {}
+        : graph_(graph), target_(target), rounding_(rounding), memory_(memory) {
+        if (memory_ == Memory::Pieces) join_halves();
+    }
 
     EmittedBody run(const Order& order) {
         check_order(graph_, order);
         std::string statements;
-        for (NodeId id : order) statements += "    " + statement(id) + "\n";
+        for (NodeId id : order) {
+            if (!joined_.contains(id)) statements += "    " + statement(id) + "\n";
+        }
         return {definitions(), statements};
     }
 
   private:
+    /** Two halves from memory are one load, where nobody else wants the low one. */
+    void join_halves() {
+        std::set<NodeId> wanted;
+        for (NodeId id : graph_.live()) {
+            const Node& n = graph_.node(id);
+            for (NodeId operand : operands(n)) {
+                if (n.op != Op::LoadHigh) wanted.insert(operand);
+                if (n.op == Op::LoadHigh && graph_.node(operand).op == Op::LoadLow)
+                    joined_.insert(operand);
+            }
+        }
+        for (NodeId id : wanted) joined_.erase(id);
+    }
+
     std::string statement(NodeId id) {
         const Node& n = graph_.node(id);
         if (is_store(n.op)) return store(n);
@@ -45,6 +64,12 @@ class Emitter {
     std::string store(const Node& n) {
         const std::string value = operand(n.a);
         if (memory_ == Memory::Places) return "y.store(" + place_of(n) + ", " + value + ");";
+        if (memory_ == Memory::Pieces) {
+            return (n.op == Op::StoreLow    ? "y.store_low("
+                    : n.op == Op::StoreHigh ? "y.store_high("
+                                            : "y.store(") +
+                   std::to_string(n.offset) + ", " + value + ");";
+        }
         if (lane_count(n.type) == 1) return "y[" + std::to_string(n.offset) + "] = " + value + ";";
         const std::string place = "y + " + std::to_string(n.offset);
         switch (n.op) {
@@ -68,7 +93,26 @@ class Emitter {
         return std::to_string(n.offset / lane_count(n.type));
     }
 
+    std::string piecewise_load(const Node& n) {
+        const std::string offset = std::to_string(n.offset) + ")";
+        switch (n.op) {
+            case Op::Load:
+                return "x.load(" + offset;
+            case Op::LoadLow:
+                return "x.load_low(" + offset;
+            case Op::LoadHigh: {
+                const Node& low = graph_.node(n.a);
+                if (low.op != Op::LoadLow)
+                    throw std::logic_error("the low half of a joined vector is not from memory");
+                return "x.load_halves(" + std::to_string(low.offset) + ", " + offset;
+            }
+            default:
+                return "x.load_scalar(" + offset;
+        }
+    }
+
     std::string expression(const Node& n) {
+        if (memory_ == Memory::Pieces && is_load(n.op)) return piecewise_load(n);
         const bool scalar = lane_count(n.type) == 1;
         const std::string place = "x + " + std::to_string(n.offset);
         switch (n.op) {
@@ -167,6 +211,7 @@ class Emitter {
     std::map<std::string, std::size_t> vectors_;
     std::vector<std::string> order_of_vectors_;
     Type vector_type_ = Type::Binary32x4;
+    std::set<NodeId> joined_;
 };
 
 }  // namespace
@@ -179,6 +224,12 @@ EmittedBody emit(const Graph& graph, const Order& order, const Target& target,
 EmittedBody emit_between_places(const Graph& graph, const Order& order, const Target& target) {
     const std::string no_conversions;
     return Emitter(graph, target, no_conversions, Memory::Places).run(order);
+}
+
+EmittedBody emit_in_pieces(const Graph& graph, const Order& order) {
+    constexpr Target kPieces{.name = "", .vector_registers = 0, .spelling = Spelling::Pieces};
+    const std::string no_conversions;
+    return Emitter(graph, kPieces, no_conversions, Memory::Pieces).run(order);
 }
 
 std::string literal(float value) {

@@ -35,6 +35,14 @@ EmittedBody emit(const Graph& graph, const Order& order, const Target& target,
  */
 EmittedBody emit_between_places(const Graph& graph, const Order& order, const Target& target);
 
+/**
+ * The same for a graph of vectors, as statements over longer ones, in each of whose pieces of 16
+ * bytes runs a transform of its own. `x` and `y` know where the transforms stand: `x.load(offset)`,
+ * `x.load_low(offset)`, `x.load_halves(low, high)` for two half vectors, `x.load_scalar(offset)`;
+ * `y.store(offset, value)`, `y.store_low(..)`, `y.store_high(..)`.
+ */
+EmittedBody emit_in_pieces(const Graph& graph, const Order& order);
+
 /** A literal that reads back as exactly this value: 0x1.bb67aep-1f, 0x1.bb67ae8584caap-1. */
 std::string literal(float value);
 std::string literal(double value);

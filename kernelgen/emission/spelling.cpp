@@ -9,6 +9,10 @@ bool by_intrinsics(const Target& target) {
     return target.spelling == Spelling::SseIntrinsics;
 }
 
+bool in_pieces(const Target& target) {
+    return target.spelling == Spelling::Pieces;
+}
+
 const char* suffix(Type type) {
     return is_binary32(type) ? "ps" : "pd";
 }
@@ -51,6 +55,7 @@ std::string shuffled_by_sse(const Node& n, const std::string& a, const std::stri
 }  // namespace
 
 std::string type_name(Type type, const Target& target) {
+    if (in_pieces(target) && lane_count(type) > 1) return "Vector";
     switch (type) {
         case Type::Binary32:
             return "float";
@@ -65,6 +70,7 @@ std::string type_name(Type type, const Target& target) {
 }
 
 std::string aligned_load(Type type, const Target& target) {
+    if (in_pieces(target)) return "in_each_piece";
     return by_intrinsics(target) ? std::string("_mm_load_") + suffix(type) : "core::Aligned::load";
 }
 
@@ -76,6 +82,7 @@ std::string arithmetic(const Node& n, const std::string& a, const std::string& b
 
 std::string flipped(const Node& n, const std::string& a, const std::string& mask,
                     const Target& target) {
+    if (in_pieces(target)) return "flipped" + pair(a, mask);
     if (!by_intrinsics(target)) return "core::flipped" + pair(a, mask);
     return std::string("_mm_xor_") + suffix(n.type) + pair(a, mask);
 }
@@ -83,10 +90,11 @@ std::string flipped(const Node& n, const std::string& a, const std::string& mask
 std::string shuffled(const Node& n, const std::string& a, const std::string& b,
                      const Target& target) {
     if (by_intrinsics(target)) return shuffled_by_sse(n, a, b);
-    std::string text = "__builtin_shufflevector(" + a + ", " + b;
+    std::string lanes;
     for (int lane = 0; lane < lane_count(n.type); ++lane)
-        text += ", " + std::to_string(n.selection[static_cast<std::size_t>(lane)]);
-    return text + ")";
+        lanes += ", " + std::to_string(n.selection[static_cast<std::size_t>(lane)]);
+    if (in_pieces(target)) return "shuffled<" + lanes.substr(2) + ">" + pair(a, b);
+    return "__builtin_shufflevector(" + a + ", " + b + lanes + ")";
 }
 
 std::string scalar_load(const std::string& address, const Target& target) {

@@ -1,7 +1,7 @@
 /** @file @brief The exported functions of the DFTs and the Hartley transform. */
 
 #include "batch/request.hpp"
-#include "batch/singly.hpp"
+#include "batch/single_kernels.hpp"
 
 namespace batch {
 namespace {
@@ -17,7 +17,8 @@ struct Transform {
     void (*body)(int size, const Groups<Real>& groups);
     Scales<Real> (*scales)(int size);
     QsvStatus (*single)(const Element* src, Element* dst, std::int32_t length, std::int32_t flag);
-    Sizes singly;
+    bool (*in_pieces)(int pieces, int size, const Rows<Real>& rows);
+    SingleKernels singly;
     Scaling scaling;
     Layout source_layout = Layout::Natural;
     Layout destination_layout = Layout::Natural;
@@ -37,7 +38,8 @@ QsvStatus run_request(const Request<Element>& request, const Transform<Element>&
     batch.body_has_factor = scales.in_body;
     batch.body = transform.body;
     batch.single = transform.single;
-    batch.is_faster_singly = transform.singly.contain(request.size);
+    batch.in_pieces = transform.in_pieces;
+    batch.singly_at_a_time = transform.singly.at_a_time(request.size);
     run(batch);
     return qsvStatusOk;
 }
@@ -46,27 +48,31 @@ QsvStatus run_request(const Request<Element>& request, const Transform<Element>&
 }  // namespace batch
 
 // NOLINTBEGIN(bugprone-macro-parentheses): names and types are pasted.
-#define QSVG_BATCH(name, Element, family, type, scaling, source, destination)                 \
+#define QSVG_BATCH(name, Element, family, type, scaling, source, destination, in_pieces)      \
     QsvStatus qsvgBatch##name(const Element* src, ptrdiff_t srcStride, ptrdiff_t srcDist,     \
                               Element* dst, ptrdiff_t dstStride, ptrdiff_t dstDist,           \
                               int32_t length, int32_t count, int32_t flag) {                  \
         return batch::run_request<Element>(                                                   \
             {src, srcStride, srcDist, dst, dstStride, dstDist, length, count, flag},          \
-            {batch::family##_##type, batch::family##_scales_##type, qsvg##name,               \
+            {batch::family##_##type, batch::family##_scales_##type, qsvg##name, in_pieces,    \
              batch::family##_##type##_singly, batch::Scaling::scaling, batch::Layout::source, \
              batch::Layout::destination});                                                    \
     }
 
 #define QSVG_BATCHES_OF(type, complex, Real, Complex)                                            \
-    QSVG_BATCH(DFTFwd_CToC_##complex, Complex, complex_forward, type, Forward, Natural, Natural) \
-    QSVG_BATCH(DFTInv_CToC_##complex, Complex, complex_inverse, type, Inverse, Natural, Natural) \
-    QSVG_BATCH(DFTFwd_RToCCS_##type, Real, real_forward, type, Forward, Natural, CCS)            \
-    QSVG_BATCH(DFTFwd_RToPack_##type, Real, real_forward, type, Forward, Natural, Natural)       \
-    QSVG_BATCH(DFTFwd_RToPerm_##type, Real, real_forward, type, Forward, Natural, Perm)          \
-    QSVG_BATCH(DFTInv_CCSToR_##type, Real, real_inverse, type, Inverse, CCS, Natural)            \
-    QSVG_BATCH(DFTInv_PackToR_##type, Real, real_inverse, type, Inverse, Natural, Natural)       \
-    QSVG_BATCH(DFTInv_PermToR_##type, Real, real_inverse, type, Inverse, Perm, Natural)          \
-    QSVG_BATCH(Hartley_##type, Real, hartley, type, Both, Natural, Natural)
+    QSVG_BATCH(DFTFwd_CToC_##complex, Complex, complex_forward, type, Forward, Natural, Natural, \
+               batch::complex_forward_in_pieces_##type)                                          \
+    QSVG_BATCH(DFTInv_CToC_##complex, Complex, complex_inverse, type, Inverse, Natural, Natural, \
+               batch::complex_inverse_in_pieces_##type)                                          \
+    QSVG_BATCH(DFTFwd_RToCCS_##type, Real, real_forward, type, Forward, Natural, CCS, nullptr)   \
+    QSVG_BATCH(DFTFwd_RToPack_##type, Real, real_forward, type, Forward, Natural, Natural,       \
+               nullptr)                                                                          \
+    QSVG_BATCH(DFTFwd_RToPerm_##type, Real, real_forward, type, Forward, Natural, Perm, nullptr) \
+    QSVG_BATCH(DFTInv_CCSToR_##type, Real, real_inverse, type, Inverse, CCS, Natural, nullptr)   \
+    QSVG_BATCH(DFTInv_PackToR_##type, Real, real_inverse, type, Inverse, Natural, Natural,       \
+               nullptr)                                                                          \
+    QSVG_BATCH(DFTInv_PermToR_##type, Real, real_inverse, type, Inverse, Perm, Natural, nullptr) \
+    QSVG_BATCH(Hartley_##type, Real, hartley, type, Both, Natural, Natural, nullptr)
 // NOLINTEND(bugprone-macro-parentheses)
 
 extern "C" {

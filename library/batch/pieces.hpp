@@ -10,14 +10,13 @@
 
 namespace batch {
 
-/** A vector of pieces from as many places, `step` elements apart. */
-template <class Real>
-[[gnu::always_inline]] inline Vector<Real> load_pieces(const Real* p, std::ptrdiff_t step) {
-    const auto piece = [=](int i) {
-        return _mm_loadu_ps(reinterpret_cast<const float*>(p + i * step));
-    };
+/** Of a vector. */
+inline constexpr int kPieces = kBytes / kPieceBytes;
+
+/** A vector of piece(0), piece(1), .. */
+template <class Real, class Piece>
+[[gnu::always_inline]] inline Vector<Real> joined(const Piece& piece) {
 #if QSVG_VECTOR_BYTES == 16
-    (void)step;
     return reinterpret_cast<Vector<Real>>(piece(0));
 #elif QSVG_VECTOR_BYTES == 32
     return reinterpret_cast<Vector<Real>>(
@@ -30,13 +29,10 @@ template <class Real>
 #endif
 }
 
-template <class Real>
-[[gnu::always_inline]] inline void store_pieces(Real* p, std::ptrdiff_t step, Vector<Real> v) {
-    const auto piece = [=](int i, __m128 x) {
-        _mm_storeu_ps(reinterpret_cast<float*>(p + i * step), x);
-    };
+/** piece(0, x), piece(1, x), .. for each piece x of a vector. */
+template <class Real, class Piece>
+[[gnu::always_inline]] inline void for_each_piece(Vector<Real> v, const Piece& piece) {
 #if QSVG_VECTOR_BYTES == 16
-    (void)step;
     piece(0, reinterpret_cast<__m128>(v));
 #elif QSVG_VECTOR_BYTES == 32
     const auto x = reinterpret_cast<__m256>(v);
@@ -49,6 +45,19 @@ template <class Real>
     piece(2, _mm512_extractf32x4_ps(x, 2));
     piece(3, _mm512_extractf32x4_ps(x, 3));
 #endif
+}
+
+/** A vector of pieces from as many places, `step` numbers apart. */
+template <class Real>
+[[gnu::always_inline]] inline Vector<Real> load_pieces(const Real* p, std::ptrdiff_t step) {
+    return joined<Real>(
+        [=](int i) { return _mm_loadu_ps(reinterpret_cast<const float*>(p + i * step)); });
+}
+
+template <class Real>
+[[gnu::always_inline]] inline void store_pieces(Real* p, std::ptrdiff_t step, Vector<Real> v) {
+    for_each_piece<Real>(
+        v, [=](int i, __m128 x) { _mm_storeu_ps(reinterpret_cast<float*>(p + i * step), x); });
 }
 
 #if QSVG_VECTOR_BYTES > 16

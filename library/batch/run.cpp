@@ -14,6 +14,9 @@ constexpr int kMostElements = 66;
 constexpr int kTileElements = 72;
 static_assert(kTileElements >= kMostElements);
 
+/** Single kernels at a time where a group would have idle lanes. */
+constexpr int kFew = 2;
+
 /** Up to so many transforms single calls are as fast as a group whose other lanes are idle. */
 template <class Element>
 int few(const Batch<Element>& batch) {
@@ -54,6 +57,31 @@ void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_
     }
 }
 
+/** Up to `at_a_time` single kernels side by side, as many as there are transforms for. Elements
+ * follow one another. Returns how many transforms have run. */
+template <class Element>
+std::ptrdiff_t run_in_pieces(const Batch<Element>& batch, int at_a_time) {
+    using Real = NumberOf<Element>;
+    if (batch.in_pieces == nullptr) return 0;
+    while (at_a_time > batch.count) at_a_time /= 2;
+    if (at_a_time < 2) return 0;
+    Rows<Real> rows{reinterpret_cast<const Real*>(batch.source.base),
+                    reinterpret_cast<Real*>(batch.destination.base),
+                    batch.source.distance * kParts<Element>,
+                    batch.destination.distance * kParts<Element>,
+                    batch.factor,
+                    batch.count / at_a_time};
+    if (!batch.in_pieces(at_a_time, batch.size, rows)) return 0;
+    const int rest = batch.count % at_a_time;
+    if (rest == 0 || batch.is_in_place()) return batch.count - rest;
+    // The last ones once more, shifted: results that are written twice are the same.
+    rows.source += (batch.count - at_a_time) * rows.source_step;
+    rows.destination += (batch.count - at_a_time) * rows.destination_step;
+    rows.count = 1;
+    batch.in_pieces(at_a_time, batch.size, rows);
+    return batch.count;
+}
+
 template <class Element>
 class Run {
     using Real = NumberOf<Element>;
@@ -62,7 +90,7 @@ class Run {
   public:
     explicit Run(const Batch<Element>& batch)
         : batch_(batch),
-          is_in_place_(static_cast<const Element*>(batch.destination.base) == batch.source.base),
+          is_in_place_(batch.is_in_place()),
           reads_columns_(batch.source.has_columns()),
           // In place, a result may stand where another value of its transform is still to be read.
           writes_columns_(batch.destination.has_columns() && !is_in_place_) {
@@ -189,10 +217,17 @@ void leave_no_upper_halves() {
 
 template <class Element>
 void run_batch(const Batch<Element>& batch) {
-    if (batch.count <= few(batch) || (batch.is_contiguous() && batch.is_faster_singly))
-        return run_singly(batch, 0, batch.count);
-    Run<Element>(batch).all();
-    leave_no_upper_halves();
+    const bool are_few = batch.count <= few(batch);
+    if (!are_few && (!batch.is_contiguous() || batch.singly_at_a_time == 0)) {
+        Run<Element>(batch).all();
+        return leave_no_upper_halves();
+    }
+    std::ptrdiff_t first = 0;
+    if (batch.is_contiguous()) {
+        first = run_in_pieces(batch, are_few ? kFew : batch.singly_at_a_time);
+        if (first > 0) leave_no_upper_halves();
+    }
+    if (first < batch.count) run_singly(batch, first, batch.count - first);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "batch/bodies.hpp"
 #include "batch/layout.hpp"
 #include "batch/placement.hpp"
+#include "batch/rows.hpp"
 
 namespace batch {
 
@@ -24,10 +25,15 @@ struct Batch {
     std::int32_t flag;
     Real factor;
     bool body_has_factor;
-    bool is_faster_singly;  ///< where elements follow one another
+    int singly_at_a_time;  ///< single kernels, where they are faster than lanes; or 0
     void (*body)(int size, const Groups<Real>& groups);
     QsvStatus (*single)(const Element* src, Element* dst, std::int32_t size, std::int32_t flag);
+    /** Single kernels in vectors of several pieces, or null; false where there is none. */
+    bool (*in_pieces)(int pieces, int size, const Rows<Real>& rows);
 
+    bool is_in_place() const {
+        return static_cast<const Element*>(destination.base) == source.base;
+    }
     bool is_contiguous() const { return source.is_contiguous() && destination.is_contiguous(); }
 };
 

@@ -1,7 +1,7 @@
 /** @file @brief The exported functions of the Walsh-Hadamard transform. */
 
 #include "batch/request.hpp"
-#include "batch/singly.hpp"
+#include "batch/single_kernels.hpp"
 #include "core/passes.hpp"
 
 namespace batch {
@@ -22,7 +22,7 @@ struct Single<Real32> {
     static constexpr auto kBufferSize = qsvgWHTGetBufferSize_32f;
     static constexpr auto kBody = walsh_hadamard_32f;
     static constexpr auto kScales = walsh_hadamard_scales_32f;
-    static constexpr Sizes kSingly = walsh_hadamard_32f_singly;
+    static constexpr SingleKernels kSingly = walsh_hadamard_32f_singly;
 };
 template <>
 struct Single<Real64> {
@@ -30,7 +30,7 @@ struct Single<Real64> {
     static constexpr auto kBufferSize = qsvgWHTGetBufferSize_64f;
     static constexpr auto kBody = walsh_hadamard_64f;
     static constexpr auto kScales = walsh_hadamard_scales_64f;
-    static constexpr Sizes kSingly = walsh_hadamard_64f_singly;
+    static constexpr SingleKernels kSingly = walsh_hadamard_64f_singly;
 };
 
 /** Sums and differences of elements `stride` apart, for strides 1, 2, .., N/2: the sequence in
@@ -103,7 +103,7 @@ QsvStatus run_request(const Request<Real>& request, std::uint8_t* buffer) {
     batch.factor = factor_of(request.flag, Scaling::Both, scales);
     batch.body_has_factor = scales.in_body;
     batch.body = Single<Real>::kBody;
-    batch.is_faster_singly = Single<Real>::kSingly.contain(request.size);
+    batch.singly_at_a_time = Single<Real>::kSingly.at_a_time(request.size);
     // Of these orders none needs a work buffer.
     batch.single = [](const Real* src, Real* dst, std::int32_t order, std::int32_t flag) {
         return Single<Real>::kTransform(src, dst, order, flag, nullptr);

@@ -81,6 +81,64 @@ TEST(VectorTypes, StandBesideScalarsOfOneSpelling) {
               kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32).statements);
 }
 
+std::string piecewise(const Graph& g) {
+    return kernelgen::emit_in_pieces(g, kernelgen::source_order(g)).statements;
+}
+
+TEST(Pieces, TakeWholeVectorsConstantsAndLanesOfEachPiece) {
+    Graph g;
+    const Ref x = g.load(Type::Binary64x2, 2);
+    const Ref sum = g.add(g.shuffle(x, x, {1, 0}), g.scale(Type::Binary64x2));
+    g.store(g.mul(sum, g.constant(Type::Binary64x2, {Exact::rational(2), Exact::rational(3)})), 4);
+    const kernelgen::EmittedBody body = kernelgen::emit_in_pieces(g, kernelgen::source_order(g));
+    EXPECT_EQ(body.statements,
+              "    const Vector v0 = x.load(2);\n"
+              "    const Vector v1 = shuffled<1, 0>(v0, v0);\n"
+              "    const Vector v2 = scale + v1;\n"
+              "    const Vector v3 = v2 * in_each_piece(kConstants[0]);\n"
+              "    y.store(4, v3);\n");
+    EXPECT_EQ(body.constants,
+              "alignas(16) constexpr double kConstants[][2] = {\n    {0x1p+1, 0x1.8p+1},\n};\n");
+}
+
+TEST(Pieces, LoadTwoHalvesAtOnceWhereNobodyElseWantsTheLowOne) {
+    Graph g;
+    const Ref low = g.load_low(Type::Binary32x4, 6);
+    g.store(g.load_high(low, 16), 0);
+    EXPECT_EQ(piecewise(g),
+              "    const Vector v0 = x.load_halves(6, 16);\n"
+              "    y.store(0, v0);\n");
+}
+
+TEST(Pieces, KeepAHalfThatIsWantedByItself) {
+    Graph g;
+    const Ref low = g.load_low(Type::Binary32x4, 6);
+    g.store(g.add(g.load_high(low, 16), low), 0);
+    EXPECT_EQ(piecewise(g),
+              "    const Vector v0 = x.load_low(6);\n"
+              "    const Vector v1 = x.load_halves(6, 16);\n"
+              "    const Vector v2 = v0 + v1;\n"
+              "    y.store(0, v2);\n");
+}
+
+TEST(Pieces, StoreHalves) {
+    Graph g;
+    const Ref x = g.load(Type::Binary32x4, 0);
+    g.store_low(x, 2);
+    g.store_high(x, 8);
+    EXPECT_EQ(piecewise(g),
+              "    const Vector v0 = x.load(0);\n"
+              "    y.store_low(2, v0);\n"
+              "    y.store_high(8, v0);\n");
+}
+
+TEST(Pieces, JoinNoHalfThatIsNotFromMemory) {
+    Graph g;
+    const Ref x = g.load(Type::Binary32x4, 0);
+    g.store(g.load_high(g.add(x, x), 4), 0);
+    EXPECT_THROW(piecewise(g), std::logic_error);
+}
+
 TEST(Targets, AreFoundByTheirNames) {
     for (const kernelgen::Target& target : kernelgen::kTargets)
         EXPECT_EQ(target.name, kernelgen::target_named(target.name).name);
