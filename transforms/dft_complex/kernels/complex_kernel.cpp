@@ -24,8 +24,18 @@ std::string Kernel::twin_name() const {
     return "owng" + name().substr(4) + "_unaligned";
 }
 
+namespace {
+
+/** 32-bit programs keep the scalars that they have always had. */
+bool is_of_pairs(int length, const Target& target) {
+    return is_length_of_pairs(length) && target.spelling != kernelgen::Spelling::SseIntrinsics;
+}
+
+}  // namespace
+
 bool Kernel::is_scalar() const {
-    return element == Element::Complex32 && length <= kLongestShortLength;
+    return element == Element::Complex32 && length <= kLongestShortLength &&
+           !is_of_pairs(length, target);
 }
 
 Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
@@ -33,8 +43,9 @@ Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
     const int length = rule.length;
     Kernel kernel{target, length, direction, element, rule, {}};
     if (length <= kLongestShortLength) {
-        kernel.graph = element == Element::Complex32 ? short_length(length, direction)
-                                                     : short_length_by_elements(length, direction);
+        kernel.graph = element == Element::Complex64 ? short_length_by_elements(length, direction)
+                       : is_of_pairs(length, target) ? short_length_by_pairs(length, direction)
+                                                     : short_length(length, direction);
         return kernel;
     }
     Network network;

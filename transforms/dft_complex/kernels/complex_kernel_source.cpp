@@ -88,12 +88,11 @@ std::string scalar_functions(const Kernel& kernel) {
            checked("transform(&src->re, &dst->re, *kScales[flag]);");
 }
 
-bool holds_both_copies(const Kernel& kernel) {
-    return !kernel.is_scalar() && kernel.twin_name().empty();
-}
-
-// A compiler may find that one copy does for both.
-std::string function_of_both_copies(const Kernel& kernel) {
+/** 32-bit programs have both copies, of which a compiler may find that one does for both; elsewhere
+ * finding out takes longer than the few moves that alignment makes faster. */
+std::string function_without_twin(const Kernel& kernel) {
+    if (kernel.target.spelling != kernelgen::Spelling::SseIntrinsics)
+        return signature(kernel, kernel.name()) + checked(packed_call(kernel, "core::Unaligned"));
     return signature(kernel, kernel.name()) + kCheck + kMisaligned + "\n        " +
            packed_call(kernel, "core::Unaligned") + "\n    else\n        " +
            packed_call(kernel, "core::Aligned") + "\n    return qsvStatusOk;\n}\n";
@@ -109,7 +108,7 @@ std::string function_and_twin(const Kernel& kernel) {
 
 std::string functions(const Kernel& kernel) {
     if (kernel.is_scalar()) return scalar_functions(kernel);
-    return holds_both_copies(kernel) ? function_of_both_copies(kernel) : function_and_twin(kernel);
+    return kernel.twin_name().empty() ? function_without_twin(kernel) : function_and_twin(kernel);
 }
 
 std::string transform_head(const Kernel& kernel) {

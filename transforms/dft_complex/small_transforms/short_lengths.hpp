@@ -19,6 +19,10 @@ inline constexpr int kLongestShortLength = 5;
  * result to binary32 once. */
 Graph short_length(int length, Direction direction);
 
+/** Lengths that have a kernel of the same values in vectors of two elements: 2 and 4. */
+bool is_length_of_pairs(int length);
+Graph short_length_by_pairs(int length, Direction direction);
+
 /** Double precision, an element a vector. */
 Graph short_length_by_elements(int length, Direction direction);
 
