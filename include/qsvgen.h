@@ -32,7 +32,7 @@
  *   stated are not noticed: of a longer one the rest is left alone, a shorter one is overrun.
  * - Refusal: a refused call of a transform has read, written and allocated nothing. Sample values
  *   are never examined: NaN, infinities and denormals go where the arithmetic takes them.
- * - Threads: no function has state of its own or takes a lock.
+ * - Threads, exceptions: no function has state of its own, takes a lock or throws.
  * - Floating-point environment: every sum, product and conversion of a transform follows the
  *   caller's MXCSR (rounding, denormals as zero), which is never read or changed but for the
  *   exception flags that arithmetic raises. No transform uses an x87 or MMX register; making a plan
@@ -52,16 +52,16 @@
 extern "C" {
 #endif
 
-#if defined(__GNUC__)
+#if defined(__EXCEPTIONS)
+#define QSVG_API __attribute__((visibility("default"), nothrow))
+#elif defined(__GNUC__)
 #define QSVG_API __attribute__((visibility("default")))
 #else
 #define QSVG_API
 #endif
 
-/**
- * @defgroup elements Elements, statuses and flags
- * @{
- */
+/** @defgroup elements Elements, statuses and flags
+ *  @{ */
 
 /** IEEE 754 binary32 sample. */
 typedef float Real32;
