@@ -33,9 +33,12 @@ install(
     COMPONENT runtime)
 # The same for all targets.
 install(
-    FILES ${PROJECT_SOURCE_DIR}/include/qsvgen.h ${PROJECT_SOURCE_DIR}/include/qsvgen_batch.h
+    DIRECTORY ${PROJECT_SOURCE_DIR}/include/
     TYPE INCLUDE
-    COMPONENT common)
+    COMPONENT common
+    FILES_MATCHING
+    PATTERN "*.h"
+    PATTERN "*.hpp")
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE TYPE DOC COMPONENT licence)
 
 set(places ${PROJECT_BINARY_DIR}/install)

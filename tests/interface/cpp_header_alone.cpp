@@ -1,0 +1,1 @@
+#include "qsvgen.hpp"
