@@ -51,8 +51,8 @@ set(CPACK_DEBIAN_COMMON_PACKAGE_NAME ${common_package})
 set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION "libdevel\nMulti-Arch: foreign")
 set(CPACK_DEBIAN_COMMON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_COMMON_DESCRIPTION
-    "discrete transforms of small fixed sizes, header
-The header, which is one for all targets, and what leads CMake to the
+    "discrete transforms of small fixed sizes, headers
+The headers for C and C++, which are one for all targets, and what leads CMake to the
 development files of the target that is built for.")
 
 file(WRITE ${PROJECT_BINARY_DIR}/package/triggers "activate-noawait ldconfig\n")
