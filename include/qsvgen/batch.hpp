@@ -1,6 +1,9 @@
 #pragma once
 
-/** @file @brief Views of many transforms in memory: where each element of a batch stands. */
+/**
+ * @file
+ * @brief Views of many transforms in memory: where each element of a batch stands.
+ */
 
 #include <concepts>
 #include <cstddef>

@@ -1,6 +1,9 @@
 #pragma once
 
-/** @file @brief Plans of the DCT-IV of qsvgen.h in C++. */
+/**
+ * @file
+ * @brief Plans of the DCT-IV of qsvgen.h in C++.
+ */
 
 #include <qsvgen.h>
 

@@ -1,6 +1,9 @@
 #pragma once
 
-/** @file @brief Layouts of the spectra of real signals, as tags. */
+/**
+ * @file
+ * @brief Layouts of the spectra of real signals, as tags.
+ */
 
 #include <concepts>
 #include <cstddef>

@@ -1,6 +1,9 @@
 #pragma once
 
-/** @file @brief Lengths and orders that have kernels. */
+/**
+ * @file
+ * @brief Lengths and orders that have kernels.
+ */
 
 #include <qsvgen.h>
 

@@ -1,6 +1,9 @@
 #pragma once
 
-/** @file @brief The Walsh-Hadamard transform of qsvgen.h and qsvgen_batch.h in C++. */
+/**
+ * @file
+ * @brief The Walsh-Hadamard transform of qsvgen.h and qsvgen_batch.h in C++.
+ */
 
 #include <qsvgen_batch.h>
 

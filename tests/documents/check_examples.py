@@ -23,7 +23,7 @@ import tempfile
 BLOCK = re.compile(r"(?:<!-- (?:from (?P<origin>[^\n]+?)(?: for (?P<target>[^\n ]+))?|into (?P<place>[^\n]+)) -->\n)?"
                    r"^```(?P<kind>\w+)\n(?P<text>.*?)^```$", re.MULTILINE | re.DOTALL)
 TARGETS = ("ia32", "x86-64")
-COMPILERS = {"c": ["-xc", "-std=c99"], "cpp": ["-xc++", "-std=c++20"]}
+COMPILERS = {"c": ["gcc", "-xc", "-std=c99"], "cpp": ["g++", "-xc++", "-std=c++20"]}
 
 
 class Failure(Exception):
@@ -53,7 +53,7 @@ class Examples:
             program = pathlib.Path(folder) / "program"
             source.write_text(text)
             peers = self.peers if "fftw3.h" in text else []
-            run(["gcc", self.mode, *COMPILERS[kind], "-Wall", "-Wextra", "-Werror",
+            run([*COMPILERS[kind], self.mode, "-Wall", "-Wextra", "-Werror",
                  f"-I{self.root}/include", source, "-xnone", "-o", program, self.library,
                  f"-Wl,-rpath,{self.library.parent}", *peers, "-lm"])
             return run([program])
