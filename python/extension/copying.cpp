@@ -1,0 +1,135 @@
+#include "copying.hpp"
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+namespace python {
+namespace {
+
+// At any address, and whatever type the memory is used as otherwise. Integers, so that no
+// conversion looks at the values.
+using Word32 [[gnu::aligned(1), gnu::may_alias]] = uint32_t;
+using Word64 [[gnu::aligned(1), gnu::may_alias]] = uint64_t;
+
+template <class Word>
+struct Pair {
+    Word re;
+    Word im;
+};
+
+template <class Word>
+Word* at(char* address) {
+    return reinterpret_cast<Word*>(address);
+}
+
+template <class Word>
+void copy_element(const char* from, char* to, ptrdiff_t) {
+    *at<Word>(to) = *at<Word>(const_cast<char*>(from));
+}
+
+template <class Word>
+void copy_pair(const char* from, char* to, ptrdiff_t) {
+    *at<Pair<Word>>(to) = *at<Pair<Word>>(const_cast<char*>(from));
+}
+
+template <class Word>
+void make_complex(const char* from, char* to, ptrdiff_t) {
+    *at<Pair<Word>>(to) = {*at<Word>(const_cast<char*>(from)), 0};
+}
+
+template <class Word>
+void take_apart(const char* from, char* to, ptrdiff_t plane) {
+    const Pair<Word> element = *at<Pair<Word>>(const_cast<char*>(from));
+    *at<Word>(to) = element.re;
+    *at<Word>(to + plane) = element.im;
+}
+
+template <class Word>
+void put_together(const char* from, char* to, ptrdiff_t plane) {
+    const Word re = *at<Word>(const_cast<char*>(from));
+    const Word im = *at<Word>(const_cast<char*>(from) + plane);
+    *at<Pair<Word>>(to) = {re, im};
+}
+
+using CopyOne = void (*)(const char*, char*, ptrdiff_t plane);
+
+/** One line; with distances that the compiler knows where elements are neighbours. */
+template <CopyOne copy_one, ptrdiff_t from_item, ptrdiff_t to_item>
+void copy_line(const char* from, ptrdiff_t from_step, char* to, ptrdiff_t to_step, ptrdiff_t count,
+               ptrdiff_t plane) {
+    if (from_step == from_item && to_step == to_item) {
+        for (ptrdiff_t i = 0; i < count; ++i)
+            copy_one(from + i * from_item, to + i * to_item, plane);
+    } else {
+        for (ptrdiff_t i = 0; i < count; ++i)
+            copy_one(from + i * from_step, to + i * to_step, plane);
+    }
+}
+
+template <CopyOne copy_one, ptrdiff_t from_item, ptrdiff_t to_item>
+void copy_all(const Place& from, const Place& to, ptrdiff_t length, ptrdiff_t count,
+              ptrdiff_t plane) {
+    // Along neighbours, wherever they are.
+    const bool neighbours_are_transforms =
+        std::abs(from.dist) + std::abs(to.dist) < std::abs(from.stride) + std::abs(to.stride);
+    if (neighbours_are_transforms) {
+        for (ptrdiff_t j = 0; j < length; ++j)
+            copy_line<copy_one, from_item, to_item>(from.first + j * from.stride, from.dist,
+                                                    to.first + j * to.stride, to.dist, count,
+                                                    plane);
+    } else {
+        for (ptrdiff_t k = 0; k < count; ++k)
+            copy_line<copy_one, from_item, to_item>(from.first + k * from.dist, from.stride,
+                                                    to.first + k * to.dist, to.stride, length,
+                                                    plane);
+    }
+}
+
+/** Parts stand in every second line of the one side. */
+Place every_second(const Place& parts) {
+    return {parts.first, 2 * parts.stride, parts.dist};
+}
+
+template <class Word>
+void copy_complex(Change change, const Place& from, const Place& to, ptrdiff_t length,
+                  ptrdiff_t count) {
+    constexpr ptrdiff_t kWord = sizeof(Word);
+    if (change == Change::kRealToComplex)
+        copy_all<make_complex<Word>, kWord, 2 * kWord>(from, to, length, count, 0);
+    else if (change == Change::kComplexToParts)
+        copy_all<take_apart<Word>, 2 * kWord, kWord>(from, every_second(to), length, count,
+                                                     to.stride);
+    else
+        copy_all<put_together<Word>, kWord, 2 * kWord>(every_second(from), to, length, count,
+                                                       from.stride);
+}
+
+}  // namespace
+
+void copy(Change change, ptrdiff_t item, const Place& from, const Place& to, ptrdiff_t length,
+          ptrdiff_t count) {
+    if (change == Change::kNone) {
+        if (item == sizeof(Word32))
+            copy_all<copy_element<Word32>, 4, 4>(from, to, length, count, 0);
+        else if (item == sizeof(Word64))
+            copy_all<copy_element<Word64>, 8, 8>(from, to, length, count, 0);
+        else
+            copy_all<copy_pair<Word64>, 16, 16>(from, to, length, count, 0);
+        return;
+    }
+    const ptrdiff_t real = change == Change::kRealToComplex ? item : item / 2;
+    if (real == sizeof(Word32))
+        copy_complex<Word32>(change, from, to, length, count);
+    else
+        copy_complex<Word64>(change, from, to, length, count);
+}
+
+void clear(ptrdiff_t item, const Place& to, ptrdiff_t length, ptrdiff_t count) {
+    for (ptrdiff_t j = 0; j < length; ++j) {
+        for (ptrdiff_t k = 0; k < count; ++k)
+            std::memset(to.first + j * to.stride + k * to.dist, 0, static_cast<size_t>(item));
+    }
+}
+
+}  // namespace python
