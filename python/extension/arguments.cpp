@@ -1,7 +1,8 @@
 #include "arguments.hpp"
 
+#include <unistd.h>
+
 #include <array>
-#include <thread>
 
 namespace python {
 namespace {
@@ -135,16 +136,15 @@ bool read_workers(PyObject* given, Py_ssize_t& workers) {
     if (given == nullptr) return true;
     if (!read_integer(given, "workers", workers)) return false;
     if (workers > 0) return true;
-    const auto processors = static_cast<Py_ssize_t>(std::thread::hardware_concurrency());
+    const auto processors = static_cast<Py_ssize_t>(sysconf(_SC_NPROCESSORS_ONLN));
     if (workers < 0 && workers >= -processors) {
         workers += 1 + processors;
         return true;
     }
-    PyErr_Format(
-        PyExc_ValueError,
-        "workers must be 1 or more, or from -%zd to -1 for the machine's processors but so many;"
-        " it is %R",
-        processors, given);
+    PyErr_Format(PyExc_ValueError,
+                 "workers must be 1 or more, or negative and at least -%zd, counted down from the "
+                 "machine's processors; it is %R",
+                 processors, given);
     return false;
 }
 

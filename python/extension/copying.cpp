@@ -7,49 +7,53 @@
 namespace python {
 namespace {
 
-// At any address, and whatever type the memory is used as otherwise. Integers, so that no
-// conversion looks at the values.
-using Word32 [[gnu::aligned(1), gnu::may_alias]] = uint32_t;
-using Word64 [[gnu::aligned(1), gnu::may_alias]] = uint64_t;
+// Integers, so that no conversion looks at the values.
+using Word32 = uint32_t;
+using Word64 = uint64_t;
+
+// At any address, and whatever type the memory is used as otherwise.
+template <class Word>
+Word load(const char* from) {
+    Word word;
+    std::memcpy(&word, from, sizeof word);
+    return word;
+}
 
 template <class Word>
-struct Pair {
-    Word re;
-    Word im;
-};
+void store(char* to, Word word) {
+    std::memcpy(to, &word, sizeof word);
+}
 
 template <class Word>
-Word* at(char* address) {
-    return reinterpret_cast<Word*>(address);
+void store_pair(char* to, Word re, Word im) {
+    store(to, re);
+    store(to + sizeof re, im);
 }
 
 template <class Word>
 void copy_element(const char* from, char* to, ptrdiff_t) {
-    *at<Word>(to) = *at<Word>(const_cast<char*>(from));
+    store(to, load<Word>(from));
 }
 
 template <class Word>
 void copy_pair(const char* from, char* to, ptrdiff_t) {
-    *at<Pair<Word>>(to) = *at<Pair<Word>>(const_cast<char*>(from));
+    store_pair(to, load<Word>(from), load<Word>(from + sizeof(Word)));
 }
 
 template <class Word>
 void make_complex(const char* from, char* to, ptrdiff_t) {
-    *at<Pair<Word>>(to) = {*at<Word>(const_cast<char*>(from)), 0};
+    store_pair(to, load<Word>(from), Word{0});
 }
 
 template <class Word>
 void take_apart(const char* from, char* to, ptrdiff_t plane) {
-    const Pair<Word> element = *at<Pair<Word>>(const_cast<char*>(from));
-    *at<Word>(to) = element.re;
-    *at<Word>(to + plane) = element.im;
+    store(to, load<Word>(from));
+    store(to + plane, load<Word>(from + sizeof(Word)));
 }
 
 template <class Word>
 void put_together(const char* from, char* to, ptrdiff_t plane) {
-    const Word re = *at<Word>(const_cast<char*>(from));
-    const Word im = *at<Word>(const_cast<char*>(from) + plane);
-    *at<Pair<Word>>(to) = {re, im};
+    store_pair(to, load<Word>(from), load<Word>(from + plane));
 }
 
 using CopyOne = void (*)(const char*, char*, ptrdiff_t plane);

@@ -17,6 +17,7 @@ True
 """
 
 import operator
+import os
 
 import numpy as np
 
@@ -78,6 +79,8 @@ def _call(name, types, x, n, axis, norm, workers):
     if workers is None:
         from scipy.fft import get_workers
         workers = get_workers()
+    elif operator.index(workers) == 0 or workers < -os.cpu_count():
+        return None
     import qsvgen
     return getattr(qsvgen, name), (x, n, axis, norm, None, workers)
 
@@ -97,7 +100,7 @@ def __ua_function__(method, args, kwargs):
     if prepared is not None:
         transform, arguments = prepared
         return transform(*arguments)
-    from scipy.fft import set_backend
-    # This back end may stand in place of SciPy's, behind which there is no other.
-    with set_backend("scipy", only=True):
-        return method(*args, **kwargs)
+    # This back end may stand in place of SciPy's, behind which there is no other. A "with set_backend"
+    # for the time of the call would do, but for threads: it changes the choice of the thread that had one first.
+    from scipy.fft._backend import _named_backends
+    return _named_backends["scipy"].__ua_function__(method, args, kwargs)
