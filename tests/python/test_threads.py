@@ -2,6 +2,7 @@
 
 import os
 import signal
+import subprocess
 import sys
 import threading
 import time
@@ -147,17 +148,30 @@ def test_a_process_that_is_forked_while_others_transform_does_not_hang(rng):
 
 def test_many_lengths_of_the_dct4_leave_little_memory_behind():
     """Plans are kept, but not without end."""
-    def resident():
-        return int(open("/proc/self/statm").read().split()[1]) * os.sysconf("SC_PAGESIZE")
+    program = """
+import ctypes, os
+import numpy as np
+import qsvgen
+library = ctypes.CDLL("libqsvgen.so.6")
 
-    for _ in range(2):
-        for k in range(1, 22):
-            qsvgen.dct4(np.ones(2**k))
-    before = resident()
-    for _ in range(3):
-        for k in range(1, 22):
-            qsvgen.dct4(np.ones(2**k))
-    assert resident() - before < 32 * 2**20
+def resident():
+    return int(open("/proc/self/statm").read().split()[1]) * os.sysconf("SC_PAGESIZE")
+
+lengths = [2**k for k in range(16, 23)]
+plans = 0
+for n in lengths:
+    size = ctypes.c_int32()
+    library.qsvgDCT4GetSize_64f(n, ctypes.byref(size))
+    plans += size.value
+before = resident()
+for n in lengths:
+    qsvgen.dct4(np.ones(n))
+print(plans // 2**20, (resident() - before) // 2**20)
+"""
+    done = subprocess.run([sys.executable, "-c", program], capture_output=True, text=True, check=True)
+    plans, left = (int(word) for word in done.stdout.split())
+    assert plans > 200, f"{plans} MiB of plans: too few to tell"
+    assert left < 100, f"{left} MiB of {plans} MiB of plans are still there"
 
 
 def test_calls_that_are_refused_or_not_leave_no_references_behind(rng):
