@@ -12,6 +12,7 @@ import charts_accuracy
 import charts_batches
 import charts_cycles
 import charts_operations
+import charts_python
 import charts_size
 import charts_time
 import summary
@@ -33,7 +34,7 @@ def compose(folder, d3_path=D3):
     if not d3_path.is_file():
         raise MeasurementError(f"'{d3_path}' is missing: run scripts/bootstrap, which installs it")
     rows = summary.rows(measurements)
-    charts = [chart for module in (charts_time, charts_batches, charts_cycles, charts_accuracy,
+    charts = [chart for module in (charts_time, charts_batches, charts_python, charts_cycles, charts_accuracy,
                                    charts_operations, charts_size)
               for chart in module.charts(measurements)]
     data = {"families": [{"id": family.id, "name": family.name} for family in FAMILIES],

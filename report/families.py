@@ -57,6 +57,10 @@ PARTIES = {
 BATCH_LAYOUTS = ("contiguous", "columns")
 BATCH_PEERS = ("fftw", "single_calls")
 
+# The same of the Python package.
+PYTHON_LAYOUTS = {"rows": "(10000, N)", "middle": "(100, N, 100)", "vector": "one vector"}
+PYTHON_PEERS = {"scipy": "scipy.fft", "numpy": "numpy.fft"}
+
 
 def peers_of(family):
     """Whom the family is measured against, the first of them being the one to beat."""

@@ -17,6 +17,8 @@ const MARKS = {
   cost_1_single: { colour: "#c24e00", dash: "2 3", symbol: d3.symbolSquare, filled: false },
   cost_2: { colour: "#007556", width: 2, symbol: d3.symbolTriangle, filled: true },
   cost_2_single: { colour: "#007556", dash: "2 3", symbol: d3.symbolTriangle, filled: false },
+  scipy: { colour: "#c24e00", dash: "7 3", symbol: d3.symbolSquare, filled: true },
+  numpy: { colour: "#007556", dash: "2 3", symbol: d3.symbolTriangle, filled: true },
   ports: { colour: "#222222", dash: "8 4", symbol: d3.symbolSquare, filled: false },
   front_end: { colour: "#9b3f82", dash: "2 3", symbol: d3.symbolTriangle, filled: false },
   products: { colour: "#c24e00", width: 2, symbol: d3.symbolDiamond, filled: true },

@@ -39,6 +39,8 @@ class Measurements:
         self.batches = {}  # (family, precision, layout, count) -> {x: {party: ns of a transform}}
         self.batch_costs = {}  # (family, precision, layout, x) -> {count: {party: ns of a transform}}
         self._read_batches()
+        self.python = {}  # (family, precision, layout) -> {x: {party: ns of a transform}}
+        self._read_python()
         self.errors = self._read_errors()
         counts = self._json("counts.json")
         self.expected = {row["kernel"]: row for row in counts["expected"]}
@@ -126,6 +128,18 @@ class Measurements:
         # Of most lengths only what lies around a power of two was measured.
         self.batch_costs = {where: by_count for where, by_count in self.batch_costs.items()
                             if 2 in by_count}
+
+    def _read_python(self):
+        # Targets without the package have none.
+        if not (self.folder / "python.json").is_file():
+            return
+        measured = self._json("python.json")
+        self.context["python"] = measured["context"]
+        ids = {family.measured_as: family.id for family in FAMILIES}
+        for row in measured["results"]:
+            key = (ids[row["family"]], row["type"][:2], row["layout"])
+            self.python.setdefault(key, {})[row["length"]] = {
+                party: row[f"{party}_ns"] for party in ("ours", "scipy", "numpy")}
 
     def _read_errors(self):
         ids = {family.measured_as: family.id for family in FAMILIES}

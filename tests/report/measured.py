@@ -76,6 +76,20 @@ def _add_batches(points, folder):
                    times["single_calls"])
 
 
+def has_python(folder):
+    """Whether the Python package was measured, which one target has."""
+    return (folder / "python.json").exists()
+
+
+def _add_python(points, folder):
+    layouts = {"rows": "(10000, N)", "middle": "(100, N, 100)", "vector": "one vector"}
+    for row in json.loads((folder / "python.json").read_text())["results"]:
+        panel = f"{row['type'][:2]}_{layouts[row['layout']]}"
+        for peer in ("scipy", "numpy"):
+            points.add("python", FAMILIES[row["family"]], panel, f"{peer}.fft / this package", row["length"],
+                       row[f"{peer}_ns"] / row["ours_ns"])
+
+
 def batch_summary_of(folder):
     """(family, type, layout, count) -> mean and worst of FFTW and of single calls, as written"""
     ratios = {}
@@ -105,6 +119,8 @@ def points_of(folder):
                 points.add("speedup", family, panel, f"{name} / this library", x,
                            times[peer] / times["ours"])
     _add_batches(points, folder)
+    if has_python(folder):
+        _add_python(points, folder)
     for row in json.loads((folder / "accuracy.json").read_text())["results"]:
         family, panel = FAMILIES[row["family"]], row["type"][:2]
         x = int(math.log2(row["length"])) if family == "wht" else row["length"]

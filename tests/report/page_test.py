@@ -88,6 +88,13 @@ class PageTest(unittest.TestCase):
         changed = found[0].replace(f"[[2,{found[1]}]", f"[[2,{float(found[1]) * 1.01:.4g}]")
         self.expect_complaint("'batches', 'complex_fwd'.*measured were", found[0], changed)
 
+    def test_a_call_of_python_that_was_not_measured_is_seen(self):
+        if not (MEASUREMENTS / "python.json").exists():
+            self.skipTest("the build has no Python package")
+        found = re.search(r'"id":"python".*?"points":\[\[15,([0-9.]+)\]', self.html)
+        changed = found[0].replace(f"[[15,{found[1]}]", f"[[15,{float(found[1]) * 1.01:.4g}]")
+        self.expect_complaint("'python', 'complex_fwd'.*measured were", found[0], changed)
+
     def test_a_choice_of_a_family_without_effect_is_seen(self):
         self.expect_complaint("drawn are other series|drawn are .*in the data",
                               "charts.forEach((chart) => chart.choose(chosen())));", "null);")
