@@ -9,7 +9,11 @@ set(QSVG_PACKAGE_CONTACT "The qsvgen authors <qsvgen@localhost>"
 set(CPACK_PACKAGE_CONTACT ${QSVG_PACKAGE_CONTACT})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL runtime development common)
+set(components runtime development common)
+if(TARGET python_package)
+    list(APPEND components python)
+endif()
+set(CPACK_COMPONENTS_ALL ${components})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -26,6 +30,7 @@ else()
 endif()
 set(development_package lib${QSVG_LIBRARY_NAME}-dev)
 set(common_package qsvgen-common)
+set(python_package python3-qsvgen)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
@@ -55,6 +60,24 @@ set(CPACK_DEBIAN_COMMON_DESCRIPTION
 The headers for C and C++, which are one for all targets, and what leads CMake to the
 development files of the target that is built for.")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME ${python_package})
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "${runtime_package} (= ${PROJECT_VERSION}-1), ${QSVG_PYTHON_DEPENDS}")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-scipy")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION
+    "discrete transforms of small fixed sizes, of NumPy's arrays
+Fourier, Hartley, Walsh-Hadamard and DCT-IV transforms along any axis of an
+array with the conventions of scipy.fft, which they can stand in for.")
+# Modules are compiled when they are installed, and what came of it is removed with them.
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/package/python/postinst
+                                              ${PROJECT_BINARY_DIR}/package/python/prerm)
+file(CONFIGURE OUTPUT package/python/postinst @ONLY CONTENT
+     "#!/bin/sh\nset -e\nif command -v py3compile >/dev/null; then py3compile -p @python_package@; fi\n")
+file(CONFIGURE OUTPUT package/python/prerm @ONLY CONTENT
+     "#!/bin/sh\nset -e\nif command -v py3clean >/dev/null; then py3clean -p @python_package@; fi\n")
+
 file(WRITE ${PROJECT_BINARY_DIR}/package/triggers "activate-noawait ldconfig\n")
 file(WRITE ${PROJECT_BINARY_DIR}/package/shlibs
      "lib${QSVG_LIBRARY_NAME} ${QSVG_SOVERSION} ${runtime_package}\n")
@@ -64,7 +87,7 @@ endif()
 configure_file(cmake/changelog.in ${PROJECT_BINARY_DIR}/package/changelog @ONLY)
 execute_process(COMMAND gzip -9 --no-name --keep --force ${PROJECT_BINARY_DIR}/package/changelog
                         COMMAND_ERROR_IS_FATAL ANY)
-foreach(component runtime development common)
+foreach(component IN LISTS components)
     set(documents ${CMAKE_INSTALL_DATAROOTDIR}/doc/${${component}_package})
     install(
         FILES ${PROJECT_SOURCE_DIR}/LICENSE
