@@ -2,10 +2,11 @@
 """Compiles and runs the examples of Markdown files, and finds their excerpts where they come from.
 
     check_examples.py --root ROOT --build BUILD --library LIB --target TARGET --mode=OPTION
-                      [--peers LIBRARIES] FILE...
+                      [--peers LIBRARIES] [--python INTERPRETER] FILE...
 
-A block of C or C++ is a whole program, which must compile without a warning and exit with 0; a block
-of sh is run in ROOT. A block of text right behind either is what it must print. A block behind a
+A block of C or C++ is a whole program, which must compile without a warning and exit with 0; so is a block
+of python, run by INTERPRETER with the package of BUILD in an empty folder, and for another target where
+there is no INTERPRETER; a block of sh is run in ROOT. A block of text right behind either is what it must print. A block behind a
 comment "from FILE" must stand in FILE of ROOT or BUILD, line by line; "from machine code of FUNCTION"
 in the disassembly of the library. What ends with "for TARGET" is looked for by the builds for that target
 alone. A block behind "into FILE" is for readers to put there, which a test of
@@ -46,6 +47,7 @@ class Examples:
         self.target = options.target
         self.mode = options.mode
         self.peers = options.peers.split()
+        self.python = options.python
 
     def output_of_program(self, kind, text):
         with tempfile.TemporaryDirectory() as folder:
@@ -57,6 +59,11 @@ class Examples:
                  f"-I{self.root}/include", source, "-xnone", "-o", program, self.library,
                  f"-Wl,-rpath,{self.library.parent}", *peers, "-lm"])
             return run([program])
+
+    def output_of_python(self, text):
+        with tempfile.TemporaryDirectory() as folder:
+            return run([self.python, "-B", "-W", "error", "-c", text], cwd=folder,
+                       env={**os.environ, "PYTHONPATH": str(self.build / "python"), "MPLBACKEND": "agg"})
 
     def output_of_commands(self, text):
         path = f"{self.build}/bin:{os.environ['PATH']}"
@@ -84,7 +91,12 @@ class Examples:
             if text not in self.origin_text(origin) + "\n":
                 raise Failure(f"{origin} does not hold:\n{text}")
             return "excerpt"
-        output = self.output_of_commands(text) if kind == "sh" else self.output_of_program(kind, text)
+        if kind == "python" and not self.python:
+            return "other"
+        if kind == "python":
+            output = self.output_of_python(text)
+        else:
+            output = self.output_of_commands(text) if kind == "sh" else self.output_of_program(kind, text)
         if expected is not None and output != expected:
             raise Failure(f"prints\n{output}instead of\n{expected}")
         return "example"
@@ -94,7 +106,7 @@ def blocks_of(text):
     """Each block with what it must print, None where that is not told."""
     blocks = list(BLOCK.finditer(text))
     for block, following in zip(blocks, [*blocks[1:], None]):
-        if block["place"] or (block["kind"] not in (*COMPILERS, "sh") and not block["origin"]):
+        if block["place"] or (block["kind"] not in (*COMPILERS, "python", "sh") and not block["origin"]):
             continue
         adjacent = (following and following["kind"] == "text"
                     and not text[block.end():following.start()].strip())
@@ -108,6 +120,7 @@ def main():
     parser.add_argument("--target", required=True, choices=TARGETS)
     parser.add_argument("--mode", required=True, help="what makes gcc compile for the target")
     parser.add_argument("--peers", default="", help="libraries for examples that include fftw3.h")
+    parser.add_argument("--python", default="", help="interpreter whose package is in the build folder")
     parser.add_argument("files", type=pathlib.Path, nargs="+")
     options = parser.parse_args()
     examples = Examples(options)
