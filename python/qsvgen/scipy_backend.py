@@ -16,8 +16,10 @@ Examples
 True
 """
 
+import functools
 import operator
 import os
+import sys
 
 import numpy as np
 
@@ -49,6 +51,21 @@ _ANSWERED = {
 }
 
 
+@functools.cache
+def _scipy():
+    """What is asked of SciPy, which is imported with the first call that it sends here."""
+    from scipy.fft import get_workers
+    from scipy.fft._backend import _named_backends
+    # This back end may stand in place of SciPy's, behind which there is no other. A "with set_backend" for
+    # the time of a call would do, but for threads: it changes the choice of the thread that had one first.
+    return get_workers, _named_backends["scipy"].__ua_function__
+
+
+@functools.cache
+def _package():
+    return sys.modules[__package__]
+
+
 def _has_length(name, type_code, n):
     if name != "dct4" and name != "idct4":
         return n in _KERNELS
@@ -60,47 +77,44 @@ def _call(name, types, x, n, axis, norm, workers):
     if norm not in _NORMS:
         return None
     x = np.asarray(x)
-    # Integers become float64 there and here.
-    type_code = "d" if x.dtype.kind in "biu" else "f" if x.dtype == np.float16 else x.dtype.char
+    type_code = x.dtype.char
     if type_code not in types:
-        return None
+        # Integers become float64 there and here.
+        type_code = "d" if x.dtype.kind in "biu" else "f" if x.dtype == np.float16 else None
+        if type_code is None:
+            return None
     axis = operator.index(axis)
     if not -x.ndim <= axis < x.ndim:
         return None
     if n is not None:
-        n = operator.index(n)
-    points = n
-    if points is None:
+        n = points = operator.index(n)
+    else:
         points = x.shape[axis]
         if name == "irfft":
             points = 2 * (points - 1)
     if not _has_length(name, type_code, points):
         return None
     if workers is None:
-        from scipy.fft import get_workers
-        workers = get_workers()
+        workers = _scipy()[0]()
     elif operator.index(workers) == 0 or workers < -os.cpu_count():
         return None
-    import qsvgen
-    return getattr(qsvgen, name), (x, n, axis, norm, None, workers)
-
-
-def _prepared(method, args, kwargs):
-    try:
-        name, arguments_of, types = _ANSWERED[method.__name__]
-        arguments = arguments_of(*args, **kwargs)
-        return None if arguments is None else _call(name, types, *arguments)
-    except (KeyError, TypeError, ValueError):
-        return None
+    return getattr(_package(), name), (x, n, axis, norm, None, workers)
 
 
 def __ua_function__(method, args, kwargs):
     """Answers a call of scipy.fft: by this package, or by SciPy's own implementation."""
-    prepared = _prepared(method, args, kwargs)
-    if prepared is not None:
-        transform, arguments = prepared
-        return transform(*arguments)
-    # This back end may stand in place of SciPy's, behind which there is no other. A "with set_backend"
-    # for the time of the call would do, but for threads: it changes the choice of the thread that had one first.
-    from scipy.fft._backend import _named_backends
-    return _named_backends["scipy"].__ua_function__(method, args, kwargs)
+    prepared = None
+    answered = _ANSWERED.get(method.__name__)
+    if answered is not None:
+        name, arguments_of, types = answered
+        try:
+            arguments = arguments_of(*args, **kwargs)
+            if arguments is not None:
+                prepared = _call(name, types, *arguments)
+        # What is wrong with the arguments is for SciPy to say.
+        except (TypeError, ValueError):
+            pass
+    if prepared is None:
+        return _scipy()[1](method, args, kwargs)
+    transform, arguments = prepared
+    return transform(*arguments)
