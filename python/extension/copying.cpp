@@ -1,7 +1,6 @@
 #include "copying.hpp"
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 namespace python {
@@ -72,12 +71,9 @@ void copy_line(const char* from, ptrdiff_t from_step, char* to, ptrdiff_t to_ste
 }
 
 template <CopyOne copy_one, ptrdiff_t from_item, ptrdiff_t to_item>
-void copy_all(const Place& from, const Place& to, ptrdiff_t length, ptrdiff_t count,
+void copy_all(Along along, const Place& from, const Place& to, ptrdiff_t length, ptrdiff_t count,
               ptrdiff_t plane) {
-    // Along neighbours, wherever they are.
-    const bool neighbours_are_transforms =
-        std::abs(from.dist) + std::abs(to.dist) < std::abs(from.stride) + std::abs(to.stride);
-    if (neighbours_are_transforms) {
+    if (along == Along::kTransforms) {
         for (ptrdiff_t j = 0; j < length; ++j)
             copy_line<copy_one, from_item, to_item>(from.first + j * from.stride, from.dist,
                                                     to.first + j * to.stride, to.dist, count,
@@ -96,37 +92,37 @@ Place every_second(const Place& parts) {
 }
 
 template <class Word>
-void copy_complex(Change change, const Place& from, const Place& to, ptrdiff_t length,
+void copy_complex(Change change, Along along, const Place& from, const Place& to, ptrdiff_t length,
                   ptrdiff_t count) {
     constexpr ptrdiff_t kWord = sizeof(Word);
     if (change == Change::kRealToComplex)
-        copy_all<make_complex<Word>, kWord, 2 * kWord>(from, to, length, count, 0);
+        copy_all<make_complex<Word>, kWord, 2 * kWord>(along, from, to, length, count, 0);
     else if (change == Change::kComplexToParts)
-        copy_all<take_apart<Word>, 2 * kWord, kWord>(from, every_second(to), length, count,
+        copy_all<take_apart<Word>, 2 * kWord, kWord>(along, from, every_second(to), length, count,
                                                      to.stride);
     else
-        copy_all<put_together<Word>, kWord, 2 * kWord>(every_second(from), to, length, count,
+        copy_all<put_together<Word>, kWord, 2 * kWord>(along, every_second(from), to, length, count,
                                                        from.stride);
 }
 
 }  // namespace
 
-void copy(Change change, ptrdiff_t item, const Place& from, const Place& to, ptrdiff_t length,
-          ptrdiff_t count) {
+void copy(Change change, Along along, ptrdiff_t item, const Place& from, const Place& to,
+          ptrdiff_t length, ptrdiff_t count) {
     if (change == Change::kNone) {
         if (item == sizeof(Word32))
-            copy_all<copy_element<Word32>, 4, 4>(from, to, length, count, 0);
+            copy_all<copy_element<Word32>, 4, 4>(along, from, to, length, count, 0);
         else if (item == sizeof(Word64))
-            copy_all<copy_element<Word64>, 8, 8>(from, to, length, count, 0);
+            copy_all<copy_element<Word64>, 8, 8>(along, from, to, length, count, 0);
         else
-            copy_all<copy_pair<Word64>, 16, 16>(from, to, length, count, 0);
+            copy_all<copy_pair<Word64>, 16, 16>(along, from, to, length, count, 0);
         return;
     }
     const ptrdiff_t real = change == Change::kRealToComplex ? item : item / 2;
     if (real == sizeof(Word32))
-        copy_complex<Word32>(change, from, to, length, count);
+        copy_complex<Word32>(change, along, from, to, length, count);
     else
-        copy_complex<Word64>(change, from, to, length, count);
+        copy_complex<Word64>(change, along, from, to, length, count);
 }
 
 void clear(ptrdiff_t item, const Place& to, ptrdiff_t length, ptrdiff_t count) {

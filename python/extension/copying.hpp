@@ -18,10 +18,13 @@ struct Place {
  * two strides. */
 enum class Change { kNone, kRealToComplex, kComplexToParts, kPartsToComplex };
 
+/** Which loop is the inner one: best that along neighbours in the larger array. */
+enum class Along { kElements, kTransforms };
+
 /** Copies length elements of count transforms. item is the bytes of an element: of a real one where
  * real becomes complex, else of a whole one (4, 8 or 16). */
-void copy(Change change, ptrdiff_t item, const Place& from, const Place& to, ptrdiff_t length,
-          ptrdiff_t count);
+void copy(Change change, Along along, ptrdiff_t item, const Place& from, const Place& to,
+          ptrdiff_t length, ptrdiff_t count);
 
 /** Sets elements to zero. */
 void clear(ptrdiff_t item, const Place& to, ptrdiff_t length, ptrdiff_t count);

@@ -35,22 +35,23 @@ struct Staging {
     bool needed;
     bool by_columns;  ///< equal elements of a block stand together, else those of a transform
     Change change;
+    Along along;
     ptrdiff_t item;         ///< bytes that copy() wants to know
     ptrdiff_t unit;         ///< bytes of an element of the C interface
-    ptrdiff_t units;        ///< of a transform
     ptrdiff_t staged_item;  ///< bytes of a staged element as NumPy counts them, in rows
+    ptrdiff_t row;          ///< bytes from a staged row to the next
 
-    ptrdiff_t bytes(ptrdiff_t block) const { return needed ? block * units * unit : 0; }
+    ptrdiff_t bytes(ptrdiff_t block) const { return needed ? block * row : 0; }
 
     /** The stage as batches see it. */
     Place place(char* stage, ptrdiff_t block) const {
-        return by_columns ? Place{stage, block * unit, unit} : Place{stage, unit, units * unit};
+        return by_columns ? Place{stage, block * unit, unit} : Place{stage, unit, row};
     }
 
     /** The stage as copies see it. */
     Place items(char* stage, ptrdiff_t block) const {
         if (by_columns) return place(stage, block);
-        return {stage, staged_item, units * unit};
+        return {stage, staged_item, row};
     }
 };
 
@@ -88,21 +89,25 @@ Staging staging_of(const Job& job, const Side& side, Elements elements, bool is_
     const ptrdiff_t real = bytes_of(job.precision);
     staging.unit = unit_of(elements, job.precision);
     staging.staged_item = item_of(elements, job.precision);
-    staging.units =
-        elements == Elements::kHalfSpectrum ? 2 * items_of(elements, job.length) : job.length;
     const ptrdiff_t item = side.is_real ? real : staging.staged_item;
-    const bool neighbours =
-        job.axis_count > 0 &&
-        std::abs(bytes_between(job.axes[job.axis_count - 1], is_source)) <= item;
-    staging.by_columns = neighbours && job.family->lengths != Lengths::kPlans;
+    const ptrdiff_t between = job.axis_count > 0
+                                  ? std::abs(bytes_between(job.axes[job.axis_count - 1], is_source))
+                                  : PTRDIFF_MAX;
+    const bool by_plan = job.family->lengths == Lengths::kPlans;
+    const bool is_half = elements == Elements::kHalfSpectrum;
+    // Real parts alone make a half spectrum by way of rows.
+    staging.by_columns = between <= item && !by_plan && !(side.is_real && is_half);
+    staging.along = between < std::abs(side.stride) ? Along::kTransforms : Along::kElements;
     staging.change = Change::kNone;
     staging.item = item;
     if (side.is_real)
         staging.change = Change::kRealToComplex;
-    else if (elements == Elements::kHalfSpectrum && staging.by_columns)
+    else if (is_half && staging.by_columns)
         staging.change = is_source ? Change::kComplexToParts : Change::kPartsToComplex;
-    // Real parts alone make a half spectrum by way of rows.
-    if (side.is_real && elements == Elements::kHalfSpectrum) staging.by_columns = false;
+    const ptrdiff_t units = is_half ? 2 * items_of(elements, job.length) : job.length;
+    staging.row = units * staging.unit;
+    // Rows a power of two apart would share a few sets of the cache.
+    if (by_plan) staging.row += static_cast<ptrdiff_t>(kAlignment);
     return staging;
 }
 
@@ -174,7 +179,7 @@ class Runner {
             static_cast<int32_t>(count), job_.flag, space_);
         if (status != qsvStatusOk) return Outcome::kRefused;
         if (result_.needed)
-            copy(result_.change, result_.item, result_.items(stage, block_), result,
+            copy(result_.change, result_.along, result_.item, result_.items(stage, block_), result,
                  job_.result.items, count);
         return Outcome::kDone;
     }
@@ -183,7 +188,7 @@ class Runner {
         const Place stage = source_.items(stage_.get(), block_);
         const ptrdiff_t wanted = items_of(job_.family->source, job_.length);
         const ptrdiff_t there = std::min(wanted, job_.source.items);
-        copy(source_.change, source_.item, source, stage, there, count);
+        copy(source_.change, source_.along, source_.item, source, stage, there, count);
         if (there < wanted) pad(stage, there, wanted, count);
         return source_.place(stage_.get(), block_);
     }
