@@ -12,7 +12,7 @@ namespace {
 
 constexpr ptrdiff_t kMostInABatch = ptrdiff_t{1} << 24;
 /** Elements that are copied stay in the first-level cache until they are used. */
-constexpr ptrdiff_t kStagedBytes = 16384;
+constexpr ptrdiff_t kStagedBytes = 24576;
 constexpr ptrdiff_t kLeastStaged = 16;
 constexpr ptrdiff_t kMostStaged = 512;
 /** Fewer than the least, where so many would be too large. */
