@@ -161,6 +161,12 @@ def test_a_matrix_or_masked_array_is_a_plain_array_of_its_elements():
         assert_same_bits(got, transform("rfft", x, axis=0), type(special).__name__)
 
 
+def test_more_transforms_than_one_batch_has_are_all_done():
+    x = np.arange(2 * (2**24 + 5), dtype=np.float32).reshape(-1, 2) % 1001
+    got = qsvgen.fwht(x)
+    assert np.array_equal(got[:, 0], x[:, 0] + x[:, 1]) and np.array_equal(got[:, 1], x[:, 0] - x[:, 1])
+
+
 def test_transforms_that_stand_gigabytes_apart_are_reached(rng):
     # Memory that nobody touches takes none.
     memory = np.zeros(6 * 2**30, np.uint8)
