@@ -10,7 +10,7 @@
 
 namespace python {
 
-constexpr int kMostAxes = 32;
+constexpr int kMostAxes = 64;
 
 /** An axis that is not transformed; strides in bytes. */
 struct Axis {

@@ -161,6 +161,12 @@ def test_a_matrix_or_masked_array_is_a_plain_array_of_its_elements():
         assert_same_bits(got, transform("rfft", x, axis=0), type(special).__name__)
 
 
+def test_an_array_may_have_as_many_axes_as_numpy_allows(rng):
+    x = random_array(rng, (2,) * 4 + (1,) * 24 + (3, 4, 5, 2), np.float64)
+    for axis in (0, -4, -2):
+        assert_same_bits(qsvgen.rfft(x, axis=axis), transform("rfft", x, axis=axis), f"32 axes, axis {axis}")
+
+
 def test_more_transforms_than_one_batch_has_are_all_done():
     x = np.arange(2 * (2**24 + 5), dtype=np.float32).reshape(-1, 2) % 1001
     got = qsvgen.fwht(x)
