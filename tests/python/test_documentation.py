@@ -69,3 +69,9 @@ def test_the_library_is_found_by_its_soname_beside_the_package():
     dynamic = subprocess.run(["readelf", "--dynamic", "--wide", extension], capture_output=True, text=True,
                              check=True).stdout
     assert "[libqsvgen.so.6]" in dynamic and "[$ORIGIN/lib]" in dynamic
+
+
+def test_the_package_has_the_version_of_the_library_and_of_the_project():
+    project = (pathlib.Path(__file__).parents[2] / "pyproject.toml").read_text()
+    assert qsvgen.library_version().split()[0] == qsvgen.__version__
+    assert f'version = "{qsvgen.__version__}"\n' in project
