@@ -9,14 +9,15 @@
  *
  * @defgroup cpp C++
  *
- * | transform                       | length known to the compiler    | at run time        |
- * |---------------------------------|---------------------------------|--------------------|
- * | @ref dft_complex "complex DFT"  | `dft<N>`, `inverse_dft<N>`      | the same without N |
- * | @ref dft_real "real-input DFT"  | `real_dft<N>`, `inverse_real_dft<N>`, by layout: `ccs`,
- * `pack`, `perm` | the same | | @ref hartley "Hartley"          | `hartley<N>`                    |
- * the same           | | @ref walsh_hadamard "Walsh-Hadamard" | `walsh_hadamard<K>` of 2^K points |
- * the same      | | @ref dct4 "DCT-IV"              | none                            | `Dct4Plan`
- * |
+ * | transform             | length known to the compiler           | at run time        |
+ * |-----------------------|----------------------------------------|--------------------|
+ * | @ref dft_complex      | `dft<N>`, `inverse_dft<N>`             | the same without N |
+ * | @ref dft_real         | `real_dft<N>`, `inverse_real_dft<N>`   | the same without N |
+ * | @ref hartley          | `hartley<N>`                           | the same without N |
+ * | @ref walsh_hadamard   | `walsh_hadamard<K>` of 2^K points      | the same without K |
+ * | @ref dct4             | none                                   | `Dct4Plan`         |
+ *
+ * Real-input transforms are told the layout of their spectra: `ccs`, `pack` or `perm`.
  *
  * **What they compute,** how it is scaled, rounded and laid out is told where the functions of C
  * are: each call gives the bits of its counterpart there.
