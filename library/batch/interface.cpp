@@ -17,7 +17,7 @@ struct Transform {
     void (*body)(int size, const Groups<Real>& groups);
     Scales<Real> (*scales)(int size);
     QsvStatus (*single)(const Element* src, Element* dst, std::int32_t length, std::int32_t flag);
-    bool (*in_pieces)(int pieces, int size, const Rows<Real>& rows);
+    InPieces<Real> in_pieces;
     SingleKernels singly;
     Scaling scaling;
     Layout source_layout = Layout::Natural;
@@ -61,18 +61,16 @@ QsvStatus run_request(const Request<Element>& request, const Transform<Element>&
 
 #define QSVG_BATCHES_OF(type, complex, Real, Complex)                                            \
     QSVG_BATCH(DFTFwd_CToC_##complex, Complex, complex_forward, type, Forward, Natural, Natural, \
-               batch::complex_forward_in_pieces_##type)                                          \
+               batch::complex_forward_##type##_in_pieces)                                        \
     QSVG_BATCH(DFTInv_CToC_##complex, Complex, complex_inverse, type, Inverse, Natural, Natural, \
-               batch::complex_inverse_in_pieces_##type)                                          \
-    QSVG_BATCH(DFTFwd_RToCCS_##type, Real, real_forward, type, Forward, Natural, CCS, nullptr)   \
-    QSVG_BATCH(DFTFwd_RToPack_##type, Real, real_forward, type, Forward, Natural, Natural,       \
-               nullptr)                                                                          \
-    QSVG_BATCH(DFTFwd_RToPerm_##type, Real, real_forward, type, Forward, Natural, Perm, nullptr) \
-    QSVG_BATCH(DFTInv_CCSToR_##type, Real, real_inverse, type, Inverse, CCS, Natural, nullptr)   \
-    QSVG_BATCH(DFTInv_PackToR_##type, Real, real_inverse, type, Inverse, Natural, Natural,       \
-               nullptr)                                                                          \
-    QSVG_BATCH(DFTInv_PermToR_##type, Real, real_inverse, type, Inverse, Perm, Natural, nullptr) \
-    QSVG_BATCH(Hartley_##type, Real, hartley, type, Both, Natural, Natural, nullptr)
+               batch::complex_inverse_##type##_in_pieces)                                        \
+    QSVG_BATCH(DFTFwd_RToCCS_##type, Real, real_forward, type, Forward, Natural, CCS, {})        \
+    QSVG_BATCH(DFTFwd_RToPack_##type, Real, real_forward, type, Forward, Natural, Natural, {})   \
+    QSVG_BATCH(DFTFwd_RToPerm_##type, Real, real_forward, type, Forward, Natural, Perm, {})      \
+    QSVG_BATCH(DFTInv_CCSToR_##type, Real, real_inverse, type, Inverse, CCS, Natural, {})        \
+    QSVG_BATCH(DFTInv_PackToR_##type, Real, real_inverse, type, Inverse, Natural, Natural, {})   \
+    QSVG_BATCH(DFTInv_PermToR_##type, Real, real_inverse, type, Inverse, Perm, Natural, {})      \
+    QSVG_BATCH(Hartley_##type, Real, hartley, type, Both, Natural, Natural, {})
 // NOLINTEND(bugprone-macro-parentheses)
 
 extern "C" {

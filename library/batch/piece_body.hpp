@@ -101,6 +101,27 @@ struct RowDestination {
     }
 };
 
+/** Elements of a piece each, those of neighbouring transforms side by side. */
+template <class Real>
+struct ColumnSource {
+    const Real* begin;
+    const std::ptrdiff_t* offsets;
+
+    [[gnu::always_inline]] Vector<Real> load(int offset) const {
+        return batch::load(begin + offsets[offset / (kLanes<Real> / kPieces)]);
+    }
+};
+
+template <class Real>
+struct ColumnDestination {
+    Real* begin;
+    const std::ptrdiff_t* offsets;
+
+    [[gnu::always_inline]] void store(int offset, Vector<Real> v) const {
+        batch::store(begin + offsets[offset / (kLanes<Real> / kPieces)], v);
+    }
+};
+
 /** The 16 bytes at p, on such a boundary. */
 template <class Real>
 [[gnu::always_inline]] inline Vector<Real> in_each_piece(const Real* p) {
@@ -153,7 +174,7 @@ template <class V>
 
 /** Body::run(x, y, factor) for as many transforms as vectors have pieces, and for the next ones. */
 template <class Body, class Real>
-[[gnu::always_inline]] inline void run_rows(const Rows<Real>& rows) {
+[[gnu::always_inline]] inline void run_in_pieces(const Rows<Real>& rows) {
     RowSource<Real> x{rows.source, rows.source_step};
     RowDestination<Real> y{rows.destination, rows.destination_step};
     const Vector<Real> factor = Vector<Real>{} + rows.factor;
@@ -161,6 +182,18 @@ template <class Body, class Real>
         Body::run(x, y, factor);
         x.begin += kPieces * x.step;
         y.begin += kPieces * y.step;
+    }
+}
+
+template <class Body, class Real>
+[[gnu::always_inline]] inline void run_in_pieces(const Columns<Real>& columns) {
+    ColumnSource<Real> x{columns.source, columns.from};
+    ColumnDestination<Real> y{columns.destination, columns.to};
+    const Vector<Real> factor = Vector<Real>{} + columns.factor;
+    for (std::ptrdiff_t left = columns.count; left > 0; --left) {
+        Body::run(x, y, factor);
+        x.begin += kLanes<Real>;
+        y.begin += kLanes<Real>;
     }
 }
 

@@ -17,6 +17,10 @@ static_assert(kTileElements >= kMostElements);
 /** Single kernels at a time where a group would have idle lanes. */
 constexpr int kFew = 2;
 
+/** Up to that length columns are faster in pieces than in lanes, for which parts are taken apart
+ * and put together again: vectors of 32 bytes and of 64. */
+constexpr int kLongestColumn = kBytes == 32 ? 14 : 7;
+
 /** Up to so many transforms single calls are as fast as a group whose other lanes are idle. */
 template <class Element>
 int few(const Batch<Element>& batch) {
@@ -57,28 +61,61 @@ void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_
     }
 }
 
-/** Up to `at_a_time` single kernels side by side, as many as there are transforms for. Elements
- * follow one another. Returns how many transforms have run. */
+/** The most single kernels at a time of which there are as many transforms. */
+int at_a_time_of(std::int32_t count, int at_a_time) {
+    while (at_a_time > count) at_a_time /= 2;
+    return at_a_time;
+}
+
+/** Up to `at_a_time` single kernels side by side, of transforms whose elements follow one another.
+ * Returns how many have run. */
 template <class Element>
-std::ptrdiff_t run_in_pieces(const Batch<Element>& batch, int at_a_time) {
+std::ptrdiff_t run_rows_in_pieces(const Batch<Element>& batch, int at_a_time) {
     using Real = NumberOf<Element>;
-    if (batch.in_pieces == nullptr) return 0;
-    while (at_a_time > batch.count) at_a_time /= 2;
-    if (at_a_time < 2) return 0;
+    at_a_time = at_a_time_of(batch.count, at_a_time);
+    if (batch.in_pieces.rows == nullptr || at_a_time < 2) return 0;
     Rows<Real> rows{reinterpret_cast<const Real*>(batch.source.base),
                     reinterpret_cast<Real*>(batch.destination.base),
                     batch.source.distance * kParts<Element>,
                     batch.destination.distance * kParts<Element>,
                     batch.factor,
                     batch.count / at_a_time};
-    if (!batch.in_pieces(at_a_time, batch.size, rows)) return 0;
+    if (!batch.in_pieces.rows(at_a_time, batch.size, rows)) return 0;
     const int rest = batch.count % at_a_time;
     if (rest == 0 || batch.is_in_place()) return batch.count - rest;
     // The last ones once more, shifted: results that are written twice are the same.
     rows.source += (batch.count - at_a_time) * rows.source_step;
     rows.destination += (batch.count - at_a_time) * rows.destination_step;
     rows.count = 1;
-    batch.in_pieces(at_a_time, batch.size, rows);
+    batch.in_pieces.rows(at_a_time, batch.size, rows);
+    return batch.count;
+}
+
+/** The same of columns. */
+template <class Element>
+std::ptrdiff_t run_columns_in_pieces(const Batch<Element>& batch) {
+    using Real = NumberOf<Element>;
+    const int at_a_time = at_a_time_of(batch.count, kPieces);
+    if (batch.in_pieces.columns == nullptr || at_a_time < 2) return 0;
+    std::ptrdiff_t from[kMostElements];
+    std::ptrdiff_t to[kMostElements];
+    for (int j = 0; j < batch.places; ++j) {
+        from[j] = j * batch.source.stride * kParts<Element>;
+        to[j] = j * batch.destination.stride * kParts<Element>;
+    }
+    Columns<Real> columns{reinterpret_cast<const Real*>(batch.source.base),
+                          reinterpret_cast<Real*>(batch.destination.base),
+                          from,
+                          to,
+                          batch.factor,
+                          batch.count / at_a_time};
+    if (!batch.in_pieces.columns(at_a_time, batch.size, columns)) return 0;
+    const int rest = batch.count % at_a_time;
+    if (rest == 0 || batch.is_in_place()) return batch.count - rest;
+    columns.source += (batch.count - at_a_time) * kParts<Element>;
+    columns.destination += (batch.count - at_a_time) * kParts<Element>;
+    columns.count = 1;
+    batch.in_pieces.columns(at_a_time, batch.size, columns);
     return batch.count;
 }
 
@@ -215,19 +252,26 @@ void leave_no_upper_halves() {
 #endif
 }
 
+/** Single kernels side by side, where that is the fastest. Returns how many transforms have run. */
+template <class Element>
+std::ptrdiff_t run_in_pieces(const Batch<Element>& batch, bool are_few) {
+    if (batch.source.has_columns() && batch.destination.has_columns())
+        return are_few || batch.size <= kLongestColumn ? run_columns_in_pieces(batch) : 0;
+    if (batch.is_contiguous())
+        return run_rows_in_pieces(batch, are_few ? kFew : batch.singly_at_a_time);
+    return 0;
+}
+
 template <class Element>
 void run_batch(const Batch<Element>& batch) {
     const bool are_few = batch.count <= few(batch);
-    if (!are_few && (!batch.is_contiguous() || batch.singly_at_a_time == 0)) {
-        Run<Element>(batch).all();
-        return leave_no_upper_halves();
-    }
-    std::ptrdiff_t first = 0;
-    if (batch.is_contiguous()) {
-        first = run_in_pieces(batch, are_few ? kFew : batch.singly_at_a_time);
-        if (first > 0) leave_no_upper_halves();
-    }
-    if (first < batch.count) run_singly(batch, first, batch.count - first);
+    const std::ptrdiff_t done = run_in_pieces(batch, are_few);
+    if (done > 0) leave_no_upper_halves();
+    if (done == batch.count) return;
+    if (done > 0 || are_few || (batch.is_contiguous() && batch.singly_at_a_time > 0))
+        return run_singly(batch, done, batch.count - done);
+    Run<Element>(batch).all();
+    leave_no_upper_halves();
 }
 
 }  // namespace

@@ -28,8 +28,7 @@ struct Batch {
     int singly_at_a_time;  ///< single kernels, where they are faster than lanes; or 0
     void (*body)(int size, const Groups<Real>& groups);
     QsvStatus (*single)(const Element* src, Element* dst, std::int32_t size, std::int32_t flag);
-    /** Single kernels in vectors of several pieces, or null; false where there is none. */
-    bool (*in_pieces)(int pieces, int size, const Rows<Real>& rows);
+    InPieces<Real> in_pieces;  ///< single kernels in vectors of several pieces
 
     bool is_in_place() const {
         return static_cast<const Element*>(destination.base) == source.base;
