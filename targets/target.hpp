@@ -13,11 +13,18 @@ enum class Spelling {
     Pieces,         ///< the same, of vectors each of whose pieces of 16 bytes is such a vector
 };
 
+/** What instructions on vectors take and give. */
+enum class Operands {
+    OverwritesFirst,  ///< two, the first a register that becomes the result, the other anywhere
+    Registers,  ///< three registers: what is in memory is loaded first, nothing is overwritten
+};
+
 /** A processor in one of its modes, with one set of instructions. */
 struct Target {
     std::string_view name;  ///< of presets, and of the folders of what was found for it
     int vector_registers;
     Spelling spelling;
+    Operands operands = Operands::OverwritesFirst;
 };
 
 }  // namespace kernelgen

@@ -11,8 +11,10 @@ namespace {
 
 class RegisterModel {
   public:
-    RegisterModel(const Graph& graph, const std::vector<NodeId>& order, int registers)
-        : graph_(graph), registers_(static_cast<std::size_t>(registers)) {
+    RegisterModel(const Graph& graph, const std::vector<NodeId>& order, const Target& target)
+        : graph_(graph),
+          registers_(static_cast<std::size_t>(target.vector_registers)),
+          by_registers_(target.operands == Operands::Registers) {
         for (std::size_t i = 0; i < order.size(); ++i) {
             for (NodeId operand : operands(graph.node(order[i]))) uses_[operand].push_back(i);
         }
@@ -77,7 +79,9 @@ class RegisterModel {
             (node.op == Op::Add || node.op == Op::Mul))
             std::swap(inputs[0], inputs[1]);
         if (!inputs.empty()) fetch(inputs[0], pinned);
-        if (inputs.size() == 2 && !held_.contains(inputs[1]) && !lives_in_memory(inputs[1]))
+        if (inputs.size() == 2 && by_registers_)
+            fetch(inputs[1], pinned);
+        else if (inputs.size() == 2 && !held_.contains(inputs[1]) && !lives_in_memory(inputs[1]))
             ++traffic_.stack_accesses;
         for (NodeId operand : inputs) {
             auto& uses = uses_[operand];
@@ -89,13 +93,14 @@ class RegisterModel {
         const bool dies =
             !inputs.empty() && (!held_.contains(inputs[0]) ||
                                 (either && inputs.size() == 2 && !held_.contains(inputs[1])));
-        if (!inputs.empty() && !dies) ++traffic_.copies;
+        if (!inputs.empty() && !dies && !by_registers_) ++traffic_.copies;
         make_room(pinned);
         held_.insert(id);
     }
 
     const Graph& graph_;
     std::size_t registers_;
+    bool by_registers_;
     std::map<NodeId, std::deque<std::size_t>> uses_;
     std::set<NodeId> held_;
     std::set<NodeId> saved_;
@@ -105,8 +110,8 @@ class RegisterModel {
 }  // namespace
 
 RegisterTraffic register_traffic(const Graph& graph, const std::vector<NodeId>& order,
-                                 int registers) {
-    return RegisterModel(graph, order, registers).run(order);
+                                 const Target& target) {
+    return RegisterModel(graph, order, target).run(order);
 }
 
 }  // namespace kernelgen

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "kernelgen/graph/graph.hpp"
+#include "targets/target.hpp"
 
 namespace kernelgen {
 
@@ -15,12 +16,12 @@ struct RegisterTraffic {
 };
 
 /**
- * The traffic of `order` on a machine of `registers` vector registers, two-operand instructions and
- * memory operands, if the register whose value is used furthest away is given up first and values
- * that need no spill (already on the stack, or loaded from an array that is still unwritten) before
- * others. Belady, "A study of replacement algorithms for a virtual-storage computer", 1966.
+ * The traffic of `order` on a machine of the target's registers and operands, if the register whose
+ * value is used furthest away is given up first and values that need no spill (already on the
+ * stack, or loaded from an array that is still unwritten) before others. Belady, "A study of
+ * replacement algorithms for a virtual-storage computer", 1966.
  */
 RegisterTraffic register_traffic(const Graph& graph, const std::vector<NodeId>& order,
-                                 int registers);
+                                 const Target& target);
 
 }  // namespace kernelgen

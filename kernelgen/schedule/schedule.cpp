@@ -212,7 +212,7 @@ Schedule schedule_by(const std::string& method, const Graph& graph, const Target
     } else {
         throw std::invalid_argument("no order is called " + method);
     }
-    result.traffic = register_traffic(graph, result.order, target.vector_registers);
+    result.traffic = register_traffic(graph, result.order, target);
     return result;
 }
 

@@ -248,4 +248,24 @@ TEST(Schedule, MoreRegistersNeedLessStack) {
     EXPECT_EQ(kernelgen::schedule(g, wide).traffic.stack_accesses, 0);
 }
 
+TEST(Schedule, WhatIsNeededAgainIsCopiedWhereAnInstructionOverwritesAnOperand) {
+    Graph g;
+    const Ref a = g.add(g.load(Type::Binary32x4, 0), g.load(Type::Binary32x4, 4));
+    const Ref b = g.add(g.load(Type::Binary32x4, 8), g.load(Type::Binary32x4, 12));
+    g.store(g.add(a, b), 0);
+    g.store(g.sub(a, b), 4);
+    kernelgen::Target three = kernelgen::kIa32;
+    three.operands = kernelgen::Operands::Registers;
+    EXPECT_GT(kernelgen::schedule(g, kernelgen::kIa32).traffic.copies, 0);
+    EXPECT_EQ(kernelgen::schedule(g, three).traffic.copies, 0);
+}
+
+// One register holds what comes from memory.
+TEST(Schedule, OperandsThatMustBeRegistersLeaveFewerForValues) {
+    const Graph g = values_alive_at_once(9);
+    kernelgen::Target three = kernelgen::kIa32;
+    three.operands = kernelgen::Operands::Registers;
+    EXPECT_GT(kernelgen::schedule(g, three).traffic.stack_accesses, stack_accesses(g));
+}
+
 }  // namespace
