@@ -2,7 +2,9 @@
 
 /** @file @brief Vectors gathered from pieces of 16 bytes, and scattered in pieces. */
 
+#if QSVG_VECTOR_BYTES > 16
 #include <immintrin.h>
+#endif
 
 #include <cstddef>
 
@@ -12,6 +14,10 @@ namespace batch {
 
 /** Of a vector. */
 inline constexpr int kPieces = kBytes / kPieceBytes;
+
+/** As it is in memory. */
+using PieceFloats = float __attribute__((vector_size(kPieceBytes)));
+typedef PieceFloats PieceAnywhere __attribute__((aligned(4), may_alias));
 
 /** A vector of piece(0), piece(1), .. */
 template <class Real, class Piece>
@@ -33,7 +39,7 @@ template <class Real, class Piece>
 template <class Real, class Piece>
 [[gnu::always_inline]] inline void for_each_piece(Vector<Real> v, const Piece& piece) {
 #if QSVG_VECTOR_BYTES == 16
-    piece(0, reinterpret_cast<__m128>(v));
+    piece(0, reinterpret_cast<PieceFloats>(v));
 #elif QSVG_VECTOR_BYTES == 32
     const auto x = reinterpret_cast<__m256>(v);
     piece(0, _mm256_castps256_ps128(x));
@@ -51,13 +57,13 @@ template <class Real, class Piece>
 template <class Real>
 [[gnu::always_inline]] inline Vector<Real> load_pieces(const Real* p, std::ptrdiff_t step) {
     return joined<Real>(
-        [=](int i) { return _mm_loadu_ps(reinterpret_cast<const float*>(p + i * step)); });
+        [=](int i) { return *reinterpret_cast<const PieceAnywhere*>(p + i * step); });
 }
 
 template <class Real>
 [[gnu::always_inline]] inline void store_pieces(Real* p, std::ptrdiff_t step, Vector<Real> v) {
     for_each_piece<Real>(
-        v, [=](int i, __m128 x) { _mm_storeu_ps(reinterpret_cast<float*>(p + i * step), x); });
+        v, [=](int i, PieceFloats x) { *reinterpret_cast<PieceAnywhere*>(p + i * step) = x; });
 }
 
 #if QSVG_VECTOR_BYTES > 16

@@ -32,51 +32,41 @@ namespace dct4::QSVG_ELEMENT {
 
 #if QSVG_REAL_BITS == 32
 using Real = Real32;
-using Vector = __m128;
 using Plan = QsvDCT4Plan_32f;
-
-inline Vector load(const Real* p) {
-    return _mm_load_ps(p);
-}
-inline void store(Real* p, Vector v) {
-    _mm_store_ps(p, v);
-}
-inline Vector load_unaligned(const Real* p) {
-    return _mm_loadu_ps(p);
-}
-inline void store_unaligned(Real* p, Vector v) {
-    _mm_storeu_ps(p, v);
-}
-/** The same value in all lanes. */
-inline Vector in_all_lanes(Real value) {
-    return _mm_set1_ps(value);
-}
-inline Vector reversed(Vector v) {
-    return _mm_shuffle_ps(v, v, _MM_SHUFFLE(0, 1, 2, 3));
-}
 #else
 using Real = Real64;
-using Vector = __m128d;
 using Plan = QsvDCT4Plan_64f;
+#endif
+/** What a load gives. */
+using Vector = decltype(core::Aligned::load(static_cast<const Real*>(nullptr)));
 
 inline Vector load(const Real* p) {
-    return _mm_load_pd(p);
+    return core::Aligned::load(p);
 }
 inline void store(Real* p, Vector v) {
-    _mm_store_pd(p, v);
+    core::Aligned::store(p, v);
 }
 inline Vector load_unaligned(const Real* p) {
-    return _mm_loadu_pd(p);
+    return core::Unaligned::load(p);
 }
 inline void store_unaligned(Real* p, Vector v) {
-    _mm_storeu_pd(p, v);
+    core::Unaligned::store(p, v);
 }
+#if QSVG_REAL_BITS == 32
 /** The same value in all lanes. */
 inline Vector in_all_lanes(Real value) {
-    return _mm_set1_pd(value);
+    return Vector{value, value, value, value};
 }
 inline Vector reversed(Vector v) {
-    return _mm_shuffle_pd(v, v, 1);
+    return __builtin_shufflevector(v, v, 3, 2, 1, 0);
+}
+#else
+/** The same value in all lanes. */
+inline Vector in_all_lanes(Real value) {
+    return Vector{value, value};
+}
+inline Vector reversed(Vector v) {
+    return __builtin_shufflevector(v, v, 1, 0);
 }
 #endif
 

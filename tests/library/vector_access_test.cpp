@@ -12,8 +12,11 @@
 
 namespace {
 
-constexpr __m128 kNewFloats = {10, 20, 30, 40};
-constexpr __m128d kNewDoubles = {10, 20};
+using core::Double2;
+using core::Float4;
+
+constexpr Float4 kNewFloats = {10, 20, 30, 40};
+constexpr Double2 kNewDoubles = {10, 20};
 
 // NOLINTBEGIN(bugprone-macro-parentheses): types stand in none.
 // How much the element that a store overwrites grows. A compiler that takes the store for one of
@@ -36,24 +39,24 @@ constexpr __m128d kNewDoubles = {10, 20};
 
 // NOLINTEND(bugprone-macro-parentheses)
 
-__m128 load_high_above_zeros(const float* p) {
-    return core::load_high(_mm_setzero_ps(), p);
+Float4 load_high_above_zeros(const float* p) {
+    return core::load_high(Float4{}, p);
 }
 
-QSVG_GROWTH(store_low, float, __m128, core::store_low)
-QSVG_GROWTH(store_high, float, __m128, core::store_high)
-QSVG_GROWTH(aligned_floats, float, __m128, core::Aligned::store)
-QSVG_GROWTH(unaligned_floats, float, __m128, core::Unaligned::store)
-QSVG_GROWTH(aligned_doubles, double, __m128d, core::Aligned::store)
-QSVG_GROWTH(unaligned_doubles, double, __m128d, core::Unaligned::store)
-QSVG_GROWTH(halves, double, __m128d, core::Halves::store)
-QSVG_FOUND(load_low, float, __m128, core::load_low)
-QSVG_FOUND(load_high, float, __m128, load_high_above_zeros)
-QSVG_FOUND(aligned_floats, float, __m128, core::Aligned::load)
-QSVG_FOUND(unaligned_floats, float, __m128, core::Unaligned::load)
-QSVG_FOUND(aligned_doubles, double, __m128d, core::Aligned::load)
-QSVG_FOUND(unaligned_doubles, double, __m128d, core::Unaligned::load)
-QSVG_FOUND(halves, double, __m128d, core::Halves::load)
+QSVG_GROWTH(store_low, float, Float4, core::store_low)
+QSVG_GROWTH(store_high, float, Float4, core::store_high)
+QSVG_GROWTH(aligned_floats, float, Float4, core::Aligned::store)
+QSVG_GROWTH(unaligned_floats, float, Float4, core::Unaligned::store)
+QSVG_GROWTH(aligned_doubles, double, Double2, core::Aligned::store)
+QSVG_GROWTH(unaligned_doubles, double, Double2, core::Unaligned::store)
+QSVG_GROWTH(halves, double, Double2, core::Halves::store)
+QSVG_FOUND(load_low, float, Float4, core::load_low)
+QSVG_FOUND(load_high, float, Float4, load_high_above_zeros)
+QSVG_FOUND(aligned_floats, float, Float4, core::Aligned::load)
+QSVG_FOUND(unaligned_floats, float, Float4, core::Unaligned::load)
+QSVG_FOUND(aligned_doubles, double, Double2, core::Aligned::load)
+QSVG_FOUND(unaligned_doubles, double, Double2, core::Unaligned::load)
+QSVG_FOUND(halves, double, Double2, core::Halves::load)
 
 /** Elements 1 to 4 on a boundary of 16 bytes. */
 template <class Real>
@@ -105,7 +108,7 @@ TEST(VectorAccess, WhatAnElementWasIsFoundByALoad) {
 
 TEST(VectorAccess, ALoadOfTheLowHalfLeavesZerosAbove) {
     const Elements<float> x;
-    const __m128 v = core::load_low(x.of);
+    const Float4 v = core::load_low(x.of);
     EXPECT_EQ(v[2], 0.0F);
     EXPECT_EQ(v[3], 0.0F);
 }
