@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <pthread.h>
-#include <xmmintrin.h>
 
 #include <thread>
 
@@ -102,16 +101,17 @@ TYPED_TEST(BatchCaller, FindsTheControlStateOfItsArithmeticAsItWas) {
         source.randomise(5);
         PlacedBatch<TypeParam> destination(kContiguous, kernel.destination_elements, kCount,
                                            kernel.parts, 0);
-        const unsigned old = _mm_getcsr();
-        const unsigned upward = (old & ~_MM_ROUND_MASK) | _MM_ROUND_UP;
-        _mm_setcsr(upward);
-        transform_batch(kernel, source, destination, kCount, qsvScaleNone);
-        const unsigned after = _mm_getcsr();
-        _mm_setcsr(old);
-        EXPECT_EQ(upward & ~_MM_EXCEPT_MASK, after & ~_MM_EXCEPT_MASK) << kernel.description();
+        ControlState after;
+        {
+            const ScopedControlState upward(kUpward);
+            transform_batch(kernel, source, destination, kCount, qsvScaleNone);
+            after = control_state();
+        }
+        EXPECT_EQ(kUpward, after & ~kFlags) << kernel.description();
     }
 }
 
+#if defined(__i386__) || defined(__x86_64__)
 TYPED_TEST(BatchCaller, SeesNoUpperHalvesOfItsVectorsLeftInUse) {
     if (!are_upper_halves_in_use()) GTEST_SKIP() << "this processor does not tell";
     for (const auto& kernel : batch_kernels<TypeParam>()) {
@@ -125,6 +125,7 @@ TYPED_TEST(BatchCaller, SeesNoUpperHalvesOfItsVectorsLeftInUse) {
         }
     }
 }
+#endif
 
 TYPED_TEST(BatchCaller, MayHaveThreadsShareASourceAndWriteElementsSideBySide) {
     constexpr int kThreads = 4;

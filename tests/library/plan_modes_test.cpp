@@ -15,13 +15,6 @@
 namespace qsvgen_test {
 namespace {
 
-constexpr unsigned kToNearest = 0x1F80;
-// Each directed rounding; denormals as zero in and out; all of that together; every exception
-// traps.
-constexpr unsigned kOtherModes[] = {0x3F80, 0x5F80, 0x7F80, 0x9FC0, 0xFFC0, 0x0000, 0xE040};
-constexpr unsigned kFlags = 0x003F;
-constexpr unsigned kInexact = 0x0020;
-
 template <class E>
 class PlanModes : public testing::Test {
   protected:
@@ -33,19 +26,20 @@ class PlanModes : public testing::Test {
         memory_.resize(static_cast<std::size_t>(size));
     }
 
-    /** All bytes of a plan, always at the same address, which plans hold; and in `after` MXCSR. */
-    const std::vector<std::uint8_t>& plan_made(std::int32_t length, unsigned mxcsr,
-                                               unsigned* after = nullptr) {
+    /** All bytes of a plan, always at the same address, which plans hold; and in `after` the
+     * control state behind it. */
+    const std::vector<std::uint8_t>& plan_made(std::int32_t length, ControlState state,
+                                               ControlState* after = nullptr) {
         std::int32_t size = 0;
         Functions::kGetSize(length, &size);
         memory_.assign(static_cast<std::size_t>(size), 0xA5);
         typename Functions::Plan* plan = nullptr;
         volatile QsvStatus status = -1;
-        volatile unsigned left = 0;
+        volatile ControlState left = 0;
         {
-            const ScopedMxcsr scope(mxcsr);
+            const ScopedControlState scope(state);
             status = Functions::kInit(&plan, length, memory_.data());
-            left = _mm_getcsr();
+            left = control_state();
         }
         EXPECT_EQ(qsvStatusOk, status) << "length " << length;
         if (after != nullptr) *after = left;
@@ -61,13 +55,14 @@ TYPED_TEST_SUITE(PlanModes, Types, ElementNames);
 TYPED_TEST(PlanModes, EveryModeGivesThePlanOfRoundingToNearest) {
     for (const std::int32_t length : kPlanLengths) {
         const std::vector<std::uint8_t> nearest = this->plan_made(length, kToNearest);
-        for (const unsigned mode : kOtherModes) {
+        for (const ControlState mode : kUnusualModes) {
             EXPECT_TRUE(nearest == this->plan_made(length, mode))
-                << "length " << length << std::hex << ", MXCSR 0x" << mode;
+                << "length " << length << std::hex << ", control state 0x" << mode;
         }
     }
 }
 
+#if defined(__i386__) || defined(__x86_64__)
 TYPED_TEST(PlanModes, TheX87ControlWordChangesNoPlan) {
     for (const std::int32_t length : kPlanLengths) {
         const std::vector<std::uint8_t> usual = this->plan_made(length, kToNearest);
@@ -79,24 +74,25 @@ TYPED_TEST(PlanModes, TheX87ControlWordChangesNoPlan) {
         }
     }
 }
+#endif
 
 TYPED_TEST(PlanModes, ControlBitsAreLeftAsTheyWere) {
     for (const std::int32_t length : kPlanLengths) {
-        for (const unsigned mode : kOtherModes) {
-            unsigned after = 0;
+        for (const ControlState mode : kUnusualModes) {
+            ControlState after = 0;
             this->plan_made(length, mode, &after);
             EXPECT_EQ(mode, after & ~kFlags)
-                << "length " << length << std::hex << ", MXCSR 0x" << mode;
+                << "length " << length << std::hex << ", control state 0x" << mode;
         }
     }
 }
 
 TYPED_TEST(PlanModes, ExceptionFlagsStayRaisedAndThatOfRoundingIsRaisedByTables) {
     for (const std::int32_t length : kPlanLengths) {
-        for (unsigned flag = 1; flag <= kFlags; flag *= 2) {
-            unsigned after = 0;
+        for (const ControlState flag : kEachFlag) {
+            ControlState after = 0;
             this->plan_made(length, kToNearest | flag, &after);
-            const unsigned raised = length > 32 ? kInexact : 0;
+            const ControlState raised = length > 32 ? kInexact : 0;
             EXPECT_EQ(flag | raised, after & kFlags) << "length " << length << ", flag " << flag;
         }
     }

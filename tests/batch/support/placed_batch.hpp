@@ -3,8 +3,6 @@
 /** @file @brief Batches somewhere in memory, and what single calls make of them. */
 
 #include <gtest/gtest.h>
-#include <xmmintrin.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -14,6 +12,7 @@
 
 #include "batch/support/batch_kernels.hpp"
 #include "support/bits.hpp"
+#include "support/control_state.hpp"
 
 namespace qsvgen_test {
 
@@ -160,17 +159,6 @@ inline bool unused_parts_raise_flags() {
 #else
     return false;
 #endif
-}
-
-/** Exception flags that a call raises. */
-template <class Call>
-unsigned raised_by(const Call& call) {
-    const unsigned old = _mm_getcsr();
-    _mm_setcsr(old & ~_MM_EXCEPT_MASK);
-    call();
-    const unsigned raised = _mm_getcsr() & _MM_EXCEPT_MASK;
-    _mm_setcsr(old);
-    return raised;
 }
 
 /** What single calls make of `source`, in `destination`. */
