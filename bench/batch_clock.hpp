@@ -1,10 +1,10 @@
 #pragma once
 
-#include <x86intrin.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+
+#include "ticks.hpp"
 
 namespace bench {
 
@@ -12,12 +12,12 @@ namespace bench {
 template <typename Call>
 uint64_t TimeBatch(int calls, Call call) {
     // The fences keep calls from starting before, or ending after, the clock is read.
-    _mm_lfence();
-    const uint64_t begin = __rdtsc();
-    _mm_lfence();
+    Fence();
+    const uint64_t begin = Ticks();
+    Fence();
     for (int i = 0; i < calls; ++i) call();
-    _mm_lfence();
-    return __rdtsc() - begin;
+    Fence();
+    return Ticks() - begin;
 }
 
 /** Calls that fill a batch: long against reading the clock, short against a time slice. */
@@ -34,13 +34,13 @@ class TscRate {
   public:
     double CyclesPerNanosecond() const {
         const std::chrono::duration<double, std::nano> elapsed = Clock::now() - start_;
-        return static_cast<double>(__rdtsc() - start_cycles_) / elapsed.count();
+        return static_cast<double>(Ticks() - start_cycles_) / elapsed.count();
     }
 
   private:
     using Clock = std::chrono::steady_clock;
     Clock::time_point start_ = Clock::now();
-    uint64_t start_cycles_ = __rdtsc();
+    uint64_t start_cycles_ = Ticks();
 };
 
 }  // namespace bench

@@ -14,10 +14,18 @@ double CyclesOfAddition(int calls) {
     constexpr int kAdditions = 10;
     unsigned value = 0;
     const uint64_t batch = TimeBatch(calls, [&] {
+#ifdef __aarch64__
+        asm volatile(
+            "add %w0, %w0, #1\n\tadd %w0, %w0, #1\n\tadd %w0, %w0, #1\n\tadd %w0, %w0, #1\n\t"
+            "add %w0, %w0, #1\n\tadd %w0, %w0, #1\n\tadd %w0, %w0, #1\n\tadd %w0, %w0, #1\n\t"
+            "add %w0, %w0, #1\n\tadd %w0, %w0, #1"
+            : "+r"(value));
+#else
         asm volatile(
             "addl $1, %0\n\taddl $1, %0\n\taddl $1, %0\n\taddl $1, %0\n\taddl $1, %0\n\t"
             "addl $1, %0\n\taddl $1, %0\n\taddl $1, %0\n\taddl $1, %0\n\taddl $1, %0"
             : "+r"(value));
+#endif
     });
     return static_cast<double>(batch) / (kAdditions * calls);
 }

@@ -23,6 +23,7 @@ std::vector<Level> Levels() {
 }
 
 bool ProcessorHas(const std::string& level) {
+#ifndef __aarch64__
     __builtin_cpu_init();
     const bool has_v3 = __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi") != 0 &&
                         __builtin_cpu_supports("bmi2") != 0 && __builtin_cpu_supports("fma") != 0;
@@ -32,6 +33,7 @@ bool ProcessorHas(const std::string& level) {
                __builtin_cpu_supports("avx512bw") != 0 && __builtin_cpu_supports("avx512cd") != 0 &&
                __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0;
     }
+#endif
     return level == "baseline";
 }
 

@@ -9,8 +9,10 @@ bool AreUpperHalvesInUse() {
 }
 
 void ClearUpperHalves() {
+#ifndef __aarch64__
     __builtin_cpu_init();
     if (__builtin_cpu_supports("avx") != 0) asm volatile("vzeroupper");
+#endif
 }
 
 }  // namespace bench

@@ -1,8 +1,6 @@
 #include "wht_comparison.hpp"
 
 #include <qsvgen.h>
-#include <x86intrin.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
