@@ -5,12 +5,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "targets/aarch64.hpp"
 #include "targets/ia32.hpp"
 #include "targets/x86_64.hpp"
 
 namespace kernelgen {
 
-inline constexpr Target kTargets[] = {kIa32, kX86_64};
+inline constexpr Target kTargets[] = {kIa32, kX86_64, kAarch64};
 
 /** The one whose kernels' results are the promise: those of all others have the same bits. */
 inline constexpr const Target& kReference = kTargets[0];

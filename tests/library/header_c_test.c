@@ -12,6 +12,9 @@
 #if defined(__x86_64__)
 enum { kSizeOfVersionRecord = 48 };
 static const char kTargetCode[4] = {'x', '6', '4', '\0'};
+#elif defined(__aarch64__)
+enum { kSizeOfVersionRecord = 48 };
+static const char kTargetCode[4] = {'a', '6', '4', '\0'};
 #else
 enum { kSizeOfVersionRecord = 32 };
 static const char kTargetCode[4] = {'t', '7', '\0', '\0'};

@@ -18,7 +18,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-#if defined(__x86_64__)
+#if defined(__x86_64__) || defined(__aarch64__)
 constexpr char kName[] = "libqsvgen.so.6";
 constexpr char kNameForLinkers[] = "libqsvgen.so";
 constexpr char kVersionOfSymbols[] = "QSVGEN_6.1";

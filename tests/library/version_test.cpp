@@ -18,6 +18,10 @@ namespace {
 constexpr std::size_t kSizeOfRecord = 48;
 constexpr char kTargetCodeOfBaseline[] = "x64";
 constexpr char kName[] = "libqsvgen.so.6";
+#elif defined(__aarch64__)
+constexpr std::size_t kSizeOfRecord = 48;
+constexpr char kTargetCodeOfBaseline[] = "a64";
+constexpr char kName[] = "libqsvgen.so.6";
 #else
 constexpr std::size_t kSizeOfRecord = 32;
 constexpr char kTargetCodeOfBaseline[] = "t7";

@@ -31,6 +31,16 @@ const Rows kTables[] = {
      {
 #include "transforms/dct4/recorded/x86-64/tuned_64f.inc"
      }},
+    {kernelgen::kAarch64,
+     Element::Real32,
+     {
+#include "transforms/dct4/recorded/aarch64/tuned_32f.inc"
+     }},
+    {kernelgen::kAarch64,
+     Element::Real64,
+     {
+#include "transforms/dct4/recorded/aarch64/tuned_64f.inc"
+     }},
 };
 
 }  // namespace

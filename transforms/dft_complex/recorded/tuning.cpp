@@ -34,6 +34,16 @@ const Rows kTables[] = {
      {
 #include "transforms/dft_complex/recorded/x86-64/tuned_64fc.inc"
      }},
+    {kernelgen::kAarch64,
+     Element::Complex32,
+     {
+#include "transforms/dft_complex/recorded/aarch64/tuned_32fc.inc"
+     }},
+    {kernelgen::kAarch64,
+     Element::Complex64,
+     {
+#include "transforms/dft_complex/recorded/aarch64/tuned_64fc.inc"
+     }},
 };
 
 }  // namespace

@@ -32,6 +32,16 @@ const Rows kTables[] = {
      {
 #include "transforms/walsh_hadamard/recorded/x86-64/tuned_64f.inc"
      }},
+    {kernelgen::kAarch64,
+     Element::Real32,
+     {
+#include "transforms/walsh_hadamard/recorded/aarch64/tuned_32f.inc"
+     }},
+    {kernelgen::kAarch64,
+     Element::Real64,
+     {
+#include "transforms/walsh_hadamard/recorded/aarch64/tuned_64f.inc"
+     }},
 };
 
 }  // namespace
