@@ -90,7 +90,7 @@ TYPED_TEST(BatchMemory, NothingBetweenOrBesideTheTransformsIsCalculatedWith) {
                 const ControlState raised = raised_by(
                     [&] { transform_batch(kernel, source, destination, count, qsvScaleNone); });
                 const ControlState allowed =
-                    unused_parts_raise_flags() ? kFlags & ~kInvalid : kInexact;
+                    unused_parts_raise_flags() ? kExceptionFlags & ~kInvalid : kInexact;
                 EXPECT_EQ(0U, raised & ~allowed)
                     << kernel.description() << ", " << count << " times, " << way.name;
             }

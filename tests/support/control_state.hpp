@@ -5,7 +5,7 @@
  * @brief The state that floating-point arithmetic depends on and leaves behind, set for a while.
  *
  * A ControlState is rounding, what becomes of denormals, and all else that a program may choose
- * (kControlMask), and the exception flags that have been raised (kFlags).
+ * (kControlMask), and the exception flags that have been raised (kExceptionFlags).
  */
 
 #ifdef __aarch64__
@@ -32,9 +32,9 @@ class ScopedControlState {
 /** Exception flags that a call raises. */
 template <class Call>
 ControlState raised_by(const Call& call) {
-    const ScopedControlState without_flags(control_state() & ~kFlags);
+    const ScopedControlState without_flags(control_state() & ~kExceptionFlags);
     call();
-    return control_state() & kFlags;
+    return control_state() & kExceptionFlags;
 }
 
 }  // namespace qsvgen_test

@@ -14,7 +14,7 @@ inline constexpr ControlState flags_of_status(std::uint32_t fpsr) {
 }
 
 inline constexpr ControlState kControlMask = 0xFFFFFFFF;
-inline constexpr ControlState kFlags = flags_of_status(0x9F);
+inline constexpr ControlState kExceptionFlags = flags_of_status(0x9F);
 inline constexpr ControlState kInvalid = flags_of_status(0x01);
 inline constexpr ControlState kInexact = flags_of_status(0x10);
 inline constexpr ControlState kEachFlag[] = {
@@ -31,7 +31,8 @@ inline constexpr ControlState kDefaultNan = 1U << 25U;
 
 /** The usual one; denormals as zero; default NaNs; each other rounding; flags already raised. */
 inline constexpr ControlState kStatesOfCallers[] = {
-    kToNearest, kDenormalsAreZeroInAndOut, kDefaultNan, kDownward, kUpward, kTowardZero, kFlags};
+    kToNearest,     kDenormalsAreZeroInAndOut, kDefaultNan, kDownward, kUpward, kTowardZero,
+    kExceptionFlags};
 
 /** Each directed rounding; denormals as zero; default NaNs; all of that together. */
 inline constexpr ControlState kUnusualModes[] = {
@@ -44,12 +45,12 @@ inline ControlState control_state() {
     std::uint64_t fpsr;
     asm volatile("mrs %0, fpcr\n\tmrs %1, fpsr" : "=r"(fpcr), "=r"(fpsr) : : "memory");
     // Above the flags of exceptions stand conditions, and one of saturation.
-    return (fpcr & kControlMask) | (fpsr << 32U & kFlags);
+    return (fpcr & kControlMask) | (fpsr << 32U & kExceptionFlags);
 }
 inline void set_control_state(ControlState state) {
     asm volatile("msr fpcr, %0\n\tmsr fpsr, %1"
                  :
-                 : "r"(state & kControlMask), "r"((state & kFlags) >> 32U)
+                 : "r"(state & kControlMask), "r"((state & kExceptionFlags) >> 32U)
                  : "memory");
 }
 

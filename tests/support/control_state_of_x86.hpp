@@ -14,7 +14,7 @@ namespace qsvgen_test {
 using ControlState = unsigned;
 
 inline constexpr ControlState kControlMask = 0xFFC0;
-inline constexpr ControlState kFlags = 0x003F;
+inline constexpr ControlState kExceptionFlags = 0x003F;
 inline constexpr ControlState kInvalid = 0x0001;
 inline constexpr ControlState kInexact = 0x0020;
 inline constexpr ControlState kEachFlag[] = {0x01, 0x02, 0x04, 0x08, 0x10, 0x20};
