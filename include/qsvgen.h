@@ -13,15 +13,16 @@
  *
  * Many transforms in a call, of all but the DCT-IV: @ref batches, in qsvgen_batch.h.
  *
- * One header for two libraries, whose results are the same, bit by bit:
+ * One header for three libraries, whose results are the same, bit by bit:
  *
  * | programs                    | link with  | shared object      | its companion     |
  * |-----------------------------|------------|--------------------|-------------------|
  * | 64-bit x86                  | -lqsvgen   | libqsvgen.so.6     | none              |
  * | 32-bit x86 with SSE2 (-m32) | -lqsvgent7 | libqsvgent7.so.6.1 | libqsvcore.so.6.1 |
+ * | AArch64, little-endian      | -lqsvgen   | libqsvgen.so.6     | none              |
  *
  * What is told below of the 32-bit library holds for that alone, what is told of the 64-bit one
- * likewise; all else holds for both.
+ * holds for the two others; all else holds for all.
  *
  * A name ends with its element: _32fc Complex32, _64fc Complex64, _32f Real32, _64f Real64. Before
  * that a kernel of one size has the size as a number; without one, the size is an argument.
@@ -34,9 +35,9 @@
  *   are never examined: NaN, infinities and denormals go where the arithmetic takes them.
  * - Threads, exceptions: no function has state of its own, takes a lock or throws.
  * - Floating-point environment: every sum, product and conversion of a transform follows the
- *   caller's MXCSR (rounding, denormals as zero), which is never read or changed but for the
- *   exception flags that arithmetic raises. No transform uses an x87 or MMX register; making a plan
- *   may. While a plan is made, its tables are rounded to nearest and nothing traps; then all but
+ *   caller's MXCSR (rounding, denormals as zero) or, on AArch64, FPCR (default NaNs, too), which
+ *   is never read or changed but for the exception flags that arithmetic raises. No transform uses
+ *   an x87 or MMX register; making a plan may. While a plan is made, its tables are rounded to nearest and nothing traps; then all but
  *   the exception flags is as the caller had set it, so that a plan is the same in any mode.
  * - The same bits, in whatever way a size is reached: aligned or not, in place or not, by its own
  *   name or by a size that is an argument, in any thread, built by GCC or Clang, on any processor.
