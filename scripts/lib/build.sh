@@ -33,11 +33,11 @@ native_target() {
     esac
 }
 
-# targets_here: those that this machine builds for.
+# targets_here: those that this machine builds for and runs.
 targets_here() {
     case $(native_target) in
         aarch64) echo aarch64 ;;
-        *) echo x86-64 ia32 aarch64 ;;
+        *) echo x86-64 ia32 ;;
     esac
 }
 
