@@ -37,8 +37,9 @@
  * - Floating-point environment: every sum, product and conversion of a transform follows the
  *   caller's MXCSR (rounding, denormals as zero) or, on AArch64, FPCR (default NaNs, too), which
  *   is never read or changed but for the exception flags that arithmetic raises. No transform uses
- *   an x87 or MMX register; making a plan may. While a plan is made, its tables are rounded to nearest and nothing traps; then all but
- *   the exception flags is as the caller had set it, so that a plan is the same in any mode.
+ *   an x87 or MMX register; making a plan may. While a plan is made, its tables are rounded to
+ *   nearest and nothing traps; then all but the exception flags is as the caller had set it, so
+ *   that a plan is the same in any mode.
  * - The same bits, in whatever way a size is reached: aligned or not, in place or not, by its own
  *   name or by a size that is an argument, in any thread, built by GCC or Clang, on any processor.
  *   That holds for rounding to nearest. Of an output that is a NaN it holds that it is one, not
