@@ -13,6 +13,8 @@
 #include <type_traits>
 #include <utility>
 
+// NOLINTBEGIN(readability-identifier-naming): parameters are named for the members that they set.
+
 namespace qsvgen {
 
 namespace detail {
@@ -122,6 +124,7 @@ struct matrix {
 
     /** An array of arrays: T[3][4], or a std::array or vector of std::array. */
     template <detail::nested_array Nested>
+    // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): no matrix is a nested array.
     constexpr explicit matrix(Nested&& array) noexcept
         : rows(std::ssize(array)),
           columns(static_cast<std::ptrdiff_t>(detail::extent_of_inner<Nested>)),
@@ -195,3 +198,5 @@ constexpr bool is_alike(const batch<In>& in, const batch<Out>& out) {
 
 }  // namespace detail
 }  // namespace qsvgen
+
+// NOLINTEND(readability-identifier-naming)
