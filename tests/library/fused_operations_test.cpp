@@ -30,17 +30,18 @@ std::string told(const char* variable) {
     return value == nullptr ? "" : value;
 }
 
+constexpr const char* kCount =
+    "set -o pipefail; \"$0\" --disassemble --no-show-raw-insn --no-addresses \"$1\" | "
+    "awk -F '\\t' 'NF > 1 { ++n[$2] } END { for (i in n) print i, n[i] }'";
+
 /** How often the library has each instruction, by mnemonic. */
 const std::map<std::string, int>& instructions() {
     static const auto all = [] {
         std::map<std::string, int> counts;
         // Counted by programs of the machine itself, which may not be the library's: two million
         // lines as "\tfadd\tv0.4s, v1.4s, v2.4s".
-        const auto counted = run_command(
-            {"bash", "-c",
-             "set -o pipefail; \"$0\" --disassemble --no-show-raw-insn --no-addresses \"$1\" | "
-             "awk -F '\\t' 'NF > 1 { ++n[$2] } END { for (i in n) print i, n[i] }'",
-             told("QSVGEN_OBJDUMP"), told("QSVGEN_LIBRARY")});
+        const auto counted =
+            run_command({"bash", "-c", kCount, told("QSVGEN_OBJDUMP"), told("QSVGEN_LIBRARY")});
         EXPECT_EQ(0, counted.exit_code) << told("QSVGEN_OBJDUMP");
         for (const auto& line : split_lines(counted.output)) {
             const auto words = split_words(line);
