@@ -88,13 +88,14 @@ std::string piecewise(const Graph& g) {
 TEST(Pieces, TakeWholeVectorsConstantsAndLanesOfEachPiece) {
     Graph g;
     const Ref x = g.load(Type::Binary64x2, 2);
-    const Ref sum = g.add(g.shuffle(x, x, {1, 0}), g.scale(Type::Binary64x2));
+    const Ref turned = g.shuffle(x, x, {1, 0});
+    const Ref sum = g.add(turned, g.scale(Type::Binary64x2));
     g.store(g.mul(sum, g.constant(Type::Binary64x2, {Exact::rational(2), Exact::rational(3)})), 4);
     const kernelgen::EmittedBody body = kernelgen::emit_in_pieces(g, kernelgen::source_order(g));
     EXPECT_EQ(body.statements,
               "    const Vector v0 = x.load(2);\n"
               "    const Vector v1 = shuffled<1, 0>(v0, v0);\n"
-              "    const Vector v2 = scale + v1;\n"
+              "    const Vector v2 = v1 + scale;\n"
               "    const Vector v3 = v2 * in_each_piece(kConstants[0]);\n"
               "    y.store(4, v3);\n");
     EXPECT_EQ(body.constants,
