@@ -24,84 +24,49 @@ namespace detail {
 template <spectrum_layout Layout, class Real>
 struct RealDft;
 
-#define QSVGEN_FWD_CCS_32F(N) qsvgDFTFwd_RToCCS_##N##_32f,
-#define QSVGEN_INV_CCS_32F(N) qsvgDFTInv_CCSToR_##N##_32f,
-template <>
-struct RealDft<Ccs, float> {
-    static constexpr kernel_of<Real32> kFwd[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_CCS_32F)};
-    static constexpr kernel_of<Real32> kInv[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_INV_CCS_32F)};
-    static constexpr auto kFwdOfAny = &qsvgDFTFwd_RToCCS_32f;
-    static constexpr auto kInvOfAny = &qsvgDFTInv_CCSToR_32f;
-    static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RToCCS_32f;
-    static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_CCSToR_32f;
-};
-#undef QSVGEN_FWD_CCS_32F
-#undef QSVGEN_INV_CCS_32F
-#define QSVGEN_FWD_CCS_64F(N) qsvgDFTFwd_RToCCS_##N##_64f,
-#define QSVGEN_INV_CCS_64F(N) qsvgDFTInv_CCSToR_##N##_64f,
-template <>
-struct RealDft<Ccs, double> {
-    static constexpr kernel_of<Real64> kFwd[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_CCS_64F)};
-    static constexpr kernel_of<Real64> kInv[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_INV_CCS_64F)};
-    static constexpr auto kFwdOfAny = &qsvgDFTFwd_RToCCS_64f;
-    static constexpr auto kInvOfAny = &qsvgDFTInv_CCSToR_64f;
-    static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RToCCS_64f;
-    static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_CCSToR_64f;
-};
-#undef QSVGEN_FWD_CCS_64F
-#undef QSVGEN_INV_CCS_64F
-#define QSVGEN_FWD_PACK_32F(N) qsvgDFTFwd_RToPack_##N##_32f,
-#define QSVGEN_INV_PACK_32F(N) qsvgDFTInv_PackToR_##N##_32f,
-template <>
-struct RealDft<Pack, float> {
-    static constexpr kernel_of<Real32> kFwd[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_PACK_32F)};
-    static constexpr kernel_of<Real32> kInv[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_INV_PACK_32F)};
-    static constexpr auto kFwdOfAny = &qsvgDFTFwd_RToPack_32f;
-    static constexpr auto kInvOfAny = &qsvgDFTInv_PackToR_32f;
-    static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RToPack_32f;
-    static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_PackToR_32f;
-};
-#undef QSVGEN_FWD_PACK_32F
-#undef QSVGEN_INV_PACK_32F
-#define QSVGEN_FWD_PACK_64F(N) qsvgDFTFwd_RToPack_##N##_64f,
-#define QSVGEN_INV_PACK_64F(N) qsvgDFTInv_PackToR_##N##_64f,
-template <>
-struct RealDft<Pack, double> {
-    static constexpr kernel_of<Real64> kFwd[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_PACK_64F)};
-    static constexpr kernel_of<Real64> kInv[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_INV_PACK_64F)};
-    static constexpr auto kFwdOfAny = &qsvgDFTFwd_RToPack_64f;
-    static constexpr auto kInvOfAny = &qsvgDFTInv_PackToR_64f;
-    static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RToPack_64f;
-    static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_PackToR_64f;
-};
-#undef QSVGEN_FWD_PACK_64F
-#undef QSVGEN_INV_PACK_64F
-#define QSVGEN_FWD_PERM_32F(N) qsvgDFTFwd_RToPerm_##N##_32f,
-#define QSVGEN_INV_PERM_32F(N) qsvgDFTInv_PermToR_##N##_32f,
-template <>
-struct RealDft<Perm, float> {
-    static constexpr kernel_of<Real32> kFwd[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_PERM_32F)};
-    static constexpr kernel_of<Real32> kInv[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_INV_PERM_32F)};
-    static constexpr auto kFwdOfAny = &qsvgDFTFwd_RToPerm_32f;
-    static constexpr auto kInvOfAny = &qsvgDFTInv_PermToR_32f;
-    static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RToPerm_32f;
-    static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_PermToR_32f;
-};
-#undef QSVGEN_FWD_PERM_32F
-#undef QSVGEN_INV_PERM_32F
-#define QSVGEN_FWD_PERM_64F(N) qsvgDFTFwd_RToPerm_##N##_64f,
-#define QSVGEN_INV_PERM_64F(N) qsvgDFTInv_PermToR_##N##_64f,
-template <>
-struct RealDft<Perm, double> {
-    static constexpr kernel_of<Real64> kFwd[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_PERM_64F)};
-    static constexpr kernel_of<Real64> kInv[] = {QSVG_FOR_EACH_LENGTH(QSVGEN_INV_PERM_64F)};
-    static constexpr auto kFwdOfAny = &qsvgDFTFwd_RToPerm_64f;
-    static constexpr auto kInvOfAny = &qsvgDFTInv_PermToR_64f;
-    static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RToPerm_64f;
-    static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_PermToR_64f;
-};
-#undef QSVGEN_FWD_PERM_64F
-#undef QSVGEN_INV_PERM_64F
+#define QSVGEN_FWD_CCS_32f(N) qsvgDFTFwd_RToCCS_##N##_32f,
+#define QSVGEN_INV_CCS_32f(N) qsvgDFTInv_CCSToR_##N##_32f,
+#define QSVGEN_FWD_CCS_64f(N) qsvgDFTFwd_RToCCS_##N##_64f,
+#define QSVGEN_INV_CCS_64f(N) qsvgDFTInv_CCSToR_##N##_64f,
+#define QSVGEN_FWD_Pack_32f(N) qsvgDFTFwd_RToPack_##N##_32f,
+#define QSVGEN_INV_Pack_32f(N) qsvgDFTInv_PackToR_##N##_32f,
+#define QSVGEN_FWD_Pack_64f(N) qsvgDFTFwd_RToPack_##N##_64f,
+#define QSVGEN_INV_Pack_64f(N) qsvgDFTInv_PackToR_##N##_64f,
+#define QSVGEN_FWD_Perm_32f(N) qsvgDFTFwd_RToPerm_##N##_32f,
+#define QSVGEN_INV_Perm_32f(N) qsvgDFTInv_PermToR_##N##_32f,
+#define QSVGEN_FWD_Perm_64f(N) qsvgDFTFwd_RToPerm_##N##_64f,
+#define QSVGEN_INV_Perm_64f(N) qsvgDFTInv_PermToR_##N##_64f,
+#define QSVGEN_REAL_DFT(Layout, Element, name, type)                             \
+    template <>                                                                  \
+    struct RealDft<Layout, Element> {                                            \
+        static constexpr kernel_of<Element> kFwd[] = {                           \
+            QSVG_FOR_EACH_LENGTH(QSVGEN_FWD_##name##_##type)};                   \
+        static constexpr kernel_of<Element> kInv[] = {                           \
+            QSVG_FOR_EACH_LENGTH(QSVGEN_INV_##name##_##type)};                   \
+        static constexpr auto kFwdOfAny = &qsvgDFTFwd_RTo##name##_##type;        \
+        static constexpr auto kInvOfAny = &qsvgDFTInv_##name##ToR_##type;        \
+        static constexpr auto kFwdOfBatch = &qsvgBatchDFTFwd_RTo##name##_##type; \
+        static constexpr auto kInvOfBatch = &qsvgBatchDFTInv_##name##ToR_##type; \
+    };
+QSVGEN_REAL_DFT(Ccs, float, CCS, 32f)
+QSVGEN_REAL_DFT(Ccs, double, CCS, 64f)
+QSVGEN_REAL_DFT(Pack, float, Pack, 32f)
+QSVGEN_REAL_DFT(Pack, double, Pack, 64f)
+QSVGEN_REAL_DFT(Perm, float, Perm, 32f)
+QSVGEN_REAL_DFT(Perm, double, Perm, 64f)
+#undef QSVGEN_REAL_DFT
+#undef QSVGEN_FWD_CCS_32f
+#undef QSVGEN_INV_CCS_32f
+#undef QSVGEN_FWD_CCS_64f
+#undef QSVGEN_INV_CCS_64f
+#undef QSVGEN_FWD_Pack_32f
+#undef QSVGEN_INV_Pack_32f
+#undef QSVGEN_FWD_Pack_64f
+#undef QSVGEN_INV_Pack_64f
+#undef QSVGEN_FWD_Perm_32f
+#undef QSVGEN_INV_Perm_32f
+#undef QSVGEN_FWD_Perm_64f
+#undef QSVGEN_INV_Perm_64f
 
 template <class Layout, int N>
 inline constexpr std::size_t spectrum_extent = Layout::size(extent<N>);

@@ -172,29 +172,35 @@ template <class V>
     return reinterpret_cast<V>(reinterpret_cast<SignBits>(v) ^ reinterpret_cast<SignBits>(mask));
 }
 
-/** Body::run(x, y, factor) for as many transforms as vectors have pieces, and for the next ones. */
+namespace detail {
+
+/** Body::run(x, y, factor) `count` times; from one to the next, sides move by their steps. */
+template <class Body, class Source, class Destination, class Real>
+[[gnu::always_inline]] inline void run_steps(Source x, std::ptrdiff_t source_step, Destination y,
+                                             std::ptrdiff_t destination_step, Real factor,
+                                             std::ptrdiff_t count) {
+    const Vector<Real> factors = Vector<Real>{} + factor;
+    for (std::ptrdiff_t left = count; left > 0; --left) {
+        Body::run(x, y, factors);
+        x.begin += source_step;
+        y.begin += destination_step;
+    }
+}
+
+}  // namespace detail
+
 template <class Body, class Real>
 [[gnu::always_inline]] inline void run_in_pieces(const Rows<Real>& rows) {
-    RowSource<Real> x{rows.source, rows.source_step};
-    RowDestination<Real> y{rows.destination, rows.destination_step};
-    const Vector<Real> factor = Vector<Real>{} + rows.factor;
-    for (std::ptrdiff_t left = rows.count; left > 0; --left) {
-        Body::run(x, y, factor);
-        x.begin += kPieces * x.step;
-        y.begin += kPieces * y.step;
-    }
+    const RowSource<Real> x{rows.source, rows.source_step};
+    const RowDestination<Real> y{rows.destination, rows.destination_step};
+    detail::run_steps<Body>(x, kPieces * x.step, y, kPieces * y.step, rows.factor, rows.count);
 }
 
 template <class Body, class Real>
 [[gnu::always_inline]] inline void run_in_pieces(const Columns<Real>& columns) {
-    ColumnSource<Real> x{columns.source, columns.from};
-    ColumnDestination<Real> y{columns.destination, columns.to};
-    const Vector<Real> factor = Vector<Real>{} + columns.factor;
-    for (std::ptrdiff_t left = columns.count; left > 0; --left) {
-        Body::run(x, y, factor);
-        x.begin += kLanes<Real>;
-        y.begin += kLanes<Real>;
-    }
+    const ColumnSource<Real> x{columns.source, columns.from};
+    const ColumnDestination<Real> y{columns.destination, columns.to};
+    detail::run_steps<Body>(x, kLanes<Real>, y, kLanes<Real>, columns.factor, columns.count);
 }
 
 }  // namespace batch

@@ -61,62 +61,57 @@ void run_singly(const Batch<Element>& batch, std::ptrdiff_t first, std::ptrdiff_
     }
 }
 
-/** The most single kernels at a time of which there are as many transforms. */
-int at_a_time_of(std::int32_t count, int at_a_time) {
-    while (at_a_time > count) at_a_time /= 2;
-    return at_a_time;
-}
-
-/** Up to `at_a_time` single kernels side by side, of transforms whose elements follow one another.
- * Returns how many have run. */
-template <class Element>
-std::ptrdiff_t run_rows_in_pieces(const Batch<Element>& batch, int at_a_time) {
-    using Real = NumberOf<Element>;
-    at_a_time = at_a_time_of(batch.count, at_a_time);
-    if (batch.in_pieces.rows == nullptr || at_a_time < 2) return 0;
-    Rows<Real> rows{reinterpret_cast<const Real*>(batch.source.base),
-                    reinterpret_cast<Real*>(batch.destination.base),
-                    batch.source.distance * kParts<Element>,
-                    batch.destination.distance * kParts<Element>,
-                    batch.factor,
-                    batch.count / at_a_time};
-    if (!batch.in_pieces.rows(at_a_time, batch.size, rows)) return 0;
+/** Transforms of a batch side by side, as many as `part.count` and `at_a_time` tell; from one to
+ * the next, sides move by their steps. Returns how many have run. */
+template <class Element, class Part>
+std::ptrdiff_t run_part_in_pieces(const Batch<Element>& batch, int at_a_time,
+                                  bool (*run)(int at_a_time, int size, const Part& part), Part part,
+                                  std::ptrdiff_t source_step, std::ptrdiff_t destination_step) {
+    part.count = batch.count / at_a_time;
+    if (!run(at_a_time, batch.size, part)) return 0;
     const int rest = batch.count % at_a_time;
     if (rest == 0 || batch.is_in_place()) return batch.count - rest;
     // The last ones once more, shifted: results that are written twice are the same.
-    rows.source += (batch.count - at_a_time) * rows.source_step;
-    rows.destination += (batch.count - at_a_time) * rows.destination_step;
-    rows.count = 1;
-    batch.in_pieces.rows(at_a_time, batch.size, rows);
+    part.source += (batch.count - at_a_time) * source_step;
+    part.destination += (batch.count - at_a_time) * destination_step;
+    part.count = 1;
+    run(at_a_time, batch.size, part);
     return batch.count;
 }
 
-/** The same of columns. */
+/** Of transforms whose elements follow one another. */
 template <class Element>
-std::ptrdiff_t run_columns_in_pieces(const Batch<Element>& batch) {
+std::ptrdiff_t run_rows_in_pieces(const Batch<Element>& batch, int at_a_time) {
     using Real = NumberOf<Element>;
-    const int at_a_time = at_a_time_of(batch.count, kPieces);
-    if (batch.in_pieces.columns == nullptr || at_a_time < 2) return 0;
+    const std::ptrdiff_t source_step = batch.source.distance * kParts<Element>;
+    const std::ptrdiff_t destination_step = batch.destination.distance * kParts<Element>;
+    const Rows<Real> rows{reinterpret_cast<const Real*>(batch.source.base),
+                          reinterpret_cast<Real*>(batch.destination.base),
+                          source_step,
+                          destination_step,
+                          batch.factor,
+                          0};
+    return run_part_in_pieces(batch, at_a_time, batch.in_pieces.rows, rows, source_step,
+                              destination_step);
+}
+
+template <class Element>
+std::ptrdiff_t run_columns_in_pieces(const Batch<Element>& batch, int at_a_time) {
+    using Real = NumberOf<Element>;
     std::ptrdiff_t from[kMostElements];
     std::ptrdiff_t to[kMostElements];
     for (int j = 0; j < batch.places; ++j) {
         from[j] = j * batch.source.stride * kParts<Element>;
         to[j] = j * batch.destination.stride * kParts<Element>;
     }
-    Columns<Real> columns{reinterpret_cast<const Real*>(batch.source.base),
-                          reinterpret_cast<Real*>(batch.destination.base),
-                          from,
-                          to,
-                          batch.factor,
-                          batch.count / at_a_time};
-    if (!batch.in_pieces.columns(at_a_time, batch.size, columns)) return 0;
-    const int rest = batch.count % at_a_time;
-    if (rest == 0 || batch.is_in_place()) return batch.count - rest;
-    columns.source += (batch.count - at_a_time) * kParts<Element>;
-    columns.destination += (batch.count - at_a_time) * kParts<Element>;
-    columns.count = 1;
-    batch.in_pieces.columns(at_a_time, batch.size, columns);
-    return batch.count;
+    const Columns<Real> columns{reinterpret_cast<const Real*>(batch.source.base),
+                                reinterpret_cast<Real*>(batch.destination.base),
+                                from,
+                                to,
+                                batch.factor,
+                                0};
+    return run_part_in_pieces(batch, at_a_time, batch.in_pieces.columns, columns, kParts<Element>,
+                              kParts<Element>);
 }
 
 template <class Element>
@@ -255,11 +250,18 @@ void leave_no_upper_halves() {
 /** Single kernels side by side, where that is the fastest. Returns how many transforms have run. */
 template <class Element>
 std::ptrdiff_t run_in_pieces(const Batch<Element>& batch, bool are_few) {
-    if (batch.source.has_columns() && batch.destination.has_columns())
-        return are_few || batch.size <= kLongestColumn ? run_columns_in_pieces(batch) : 0;
-    if (batch.is_contiguous())
-        return run_rows_in_pieces(batch, are_few ? kFew : batch.singly_at_a_time);
-    return 0;
+    const bool are_columns = batch.source.has_columns() && batch.destination.has_columns();
+    if (are_columns ? batch.in_pieces.columns == nullptr : batch.in_pieces.rows == nullptr)
+        return 0;
+    int at_a_time = 0;
+    if (are_columns)
+        at_a_time = are_few || batch.size <= kLongestColumn ? kPieces : 0;
+    else if (batch.is_contiguous())
+        at_a_time = are_few ? kFew : batch.singly_at_a_time;
+    while (at_a_time > batch.count) at_a_time /= 2;
+    if (at_a_time < 2) return 0;
+    return are_columns ? run_columns_in_pieces(batch, at_a_time)
+                       : run_rows_in_pieces(batch, at_a_time);
 }
 
 template <class Element>
