@@ -14,14 +14,31 @@ template <class Element>
 struct Transform {
     using Real = NumberOf<Element>;
 
-    void (*body)(int size, const Groups<Real>& groups);
-    Scales<Real> (*scales)(int size);
-    QsvStatus (*single)(const Element* src, Element* dst, std::int32_t length, std::int32_t flag);
+    using Body = void (*)(int size, const Groups<Real>& groups);
+    using ScalesOfSize = Scales<Real> (*)(int size);
+    using Single = QsvStatus (*)(const Element* src, Element* dst, std::int32_t length,
+                                 std::int32_t flag);
+
+    // Aggregates of constants GCC may copy from an image, whose addresses need writable data.
+    Transform(Body the_body, ScalesOfSize the_scales, Single the_single, InPieces<Real> pieces,
+              SingleKernels sizes, Scaling direction, Layout source, Layout destination)
+        : body(the_body),
+          scales(the_scales),
+          single(the_single),
+          in_pieces(pieces),
+          singly(sizes),
+          scaling(direction),
+          source_layout(source),
+          destination_layout(destination) {}
+
+    Body body;
+    ScalesOfSize scales;
+    Single single;
     InPieces<Real> in_pieces;
     SingleKernels singly;
     Scaling scaling;
-    Layout source_layout = Layout::Natural;
-    Layout destination_layout = Layout::Natural;
+    Layout source_layout;
+    Layout destination_layout;
 };
 
 template <class Element>
