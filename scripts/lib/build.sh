@@ -41,6 +41,28 @@ targets_here() {
     esac
 }
 
+# targets_emulated: those that it builds for and has an emulator of.
+targets_emulated() { [[ $(native_target) == aarch64 ]] || echo aarch64; }
+
+# bootstrap_targets [EMULATED...]: installs what `targets` need. Where there are none in it, they become those that this
+# machine runs and of EMULATED those whose packages can be installed; `not_installed` are the others.
+bootstrap_targets() {
+    local target
+    not_installed=()
+    if [[ ${#targets[@]} -gt 0 ]]; then
+        scripts/bootstrap "${targets[@]}"
+        return
+    fi
+    read -ra targets < <(targets_here)
+    scripts/bootstrap "${targets[@]}"
+    for target in "$@"; do
+        if scripts/bootstrap "$target"; then targets+=("$target"); else not_installed+=("$target"); fi
+    done
+}
+
+# has_preset PRESET: whether there is one of the name.
+has_preset() { grep --quiet --fixed-strings "\"name\": \"$1\"" CMakePresets.json; }
+
 # is_emulated PRESET: whether programs that it builds are run by an emulator.
 is_emulated() { [[ $1 == aarch64-* && $(native_target) != aarch64 ]]; }
 
