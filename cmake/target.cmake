@@ -1,6 +1,9 @@
 # Which target is built: that of the compiler's mode.
 
-if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
+# 64-bit x86 has short pointers by another calling convention, x32, which is neither of its two modes.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4
+   AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$"
+   AND NOT CMAKE_CXX_COMPILER_ABI STREQUAL "ELF X32")
     set(QSVG_TARGET ia32)
 elseif(CMAKE_SIZEOF_VOID_P EQUAL 8 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
     set(QSVG_TARGET x86-64)
@@ -11,8 +14,9 @@ elseif(CMAKE_SIZEOF_VOID_P EQUAL 8
 else()
     math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
     message(FATAL_ERROR "qsvgen is for x86-64, for 32-bit x86 and for little-endian AArch64 of 64 bits, not for "
-                        "${CMAKE_SYSTEM_PROCESSOR}, ${bits} bits, ${CMAKE_CXX_BYTE_ORDER}: configure with a preset, "
-                        "e.g. cmake --preset x86-64-gcc, or with a compiler for one of them")
+                        "${CMAKE_SYSTEM_PROCESSOR}, ${bits} bits, ${CMAKE_CXX_BYTE_ORDER}, "
+                        "${CMAKE_CXX_COMPILER_ABI}: configure with a preset, e.g. cmake --preset x86-64-gcc, or with "
+                        "a compiler for one of them")
 endif()
 # Arguments of add_subdirectory's users may have made this the other mode than they meant.
 message(STATUS "qsvgen for ${QSVG_TARGET}")
