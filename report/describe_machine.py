@@ -23,6 +23,7 @@ def _cpu():
 _TARGETS = {
     "x86-64": ("amd64", "libqsvgen", "64-bit x86 with SSE2"),
     "ia32": ("i386", "libqsvgent7", "32-bit x86 with SSE2"),
+    "aarch64": ("arm64", "libqsvgen", "AArch64"),
 }
 
 

@@ -66,6 +66,13 @@ has_preset() { grep --quiet --fixed-strings "\"name\": \"$1\"" CMakePresets.json
 # is_emulated PRESET: whether programs that it builds are run by an emulator.
 is_emulated() { [[ $1 == aarch64-* && $(native_target) != aarch64 ]]; }
 
+# expect_own_processor PRESET: ends a script that would measure the emulator.
+expect_own_processor() {
+    is_emulated "$1" || return 0
+    echo "scripts/${0##*/}: this machine emulates ${1%-*}, whose speed only such a machine tells" >&2
+    exit 2
+}
+
 # library_of PRESET: the library that it has built.
 library_of() {
     case $1 in
