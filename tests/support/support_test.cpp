@@ -164,6 +164,7 @@ TYPED_TEST(ScaleFactor, FollowsTheFlagAndTheDirection) {
     EXPECT_EQ(s(Direction::Forward, 4), s(Direction::Both, 4));
 }
 
+#ifndef __aarch64__
 TEST(X87RegistersInUse, AreTheSameUnlessOneIsUsedPoppedOrChanged) {
     const auto are_kept = [](const auto& call) {
         X87Registers before;
@@ -178,6 +179,7 @@ TEST(X87RegistersInUse, AreTheSameUnlessOneIsUsedPoppedOrChanged) {
     EXPECT_FALSE(are_kept([] { asm volatile("pxor %%mm5, %%mm5" : : : "memory"); }));
     EXPECT_FALSE(are_kept([] { asm volatile("emms" : : : "memory"); }));
 }
+#endif
 
 }  // namespace
 }  // namespace qsvgen_test
