@@ -117,6 +117,7 @@ TYPED_TEST(WalshHadamardMemory, TheSourceIsNotWrittenTo) {
     }
 }
 
+#ifndef __aarch64__  // Its vectors may stand anywhere.
 // The twins move arrays by unaligned access, yet the buffer by whole aligned vectors.
 TYPED_TEST(WalshHadamardMemory, AMisplacedBufferFaultsOnEveryPath) {
     for (const auto& kernel : order_kernels<TypeParam>()) {
@@ -131,6 +132,7 @@ TYPED_TEST(WalshHadamardMemory, AMisplacedBufferFaultsOnEveryPath) {
         }
     }
 }
+#endif
 
 // Undefined behaviour of the language, so no build with sanitizers runs this.
 TYPED_TEST(WalshHadamardMemory, ANullSizeIsTheCallersFaultAndHasNoStatus) {
