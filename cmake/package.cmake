@@ -32,7 +32,9 @@ set(development_package lib${QSVG_LIBRARY_NAME}-dev)
 set(common_package qsvgen-common)
 set(python_package python3-qsvgen)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+# Of several architectures, two of which have the same names for them, these may be installed beside each other; CPack
+# has no word of its own for that field.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION "libs\nMulti-Arch: same")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
     "discrete transforms of small fixed sizes
 One kernel for each length of the complex and the real DFT, the Hartley and
@@ -44,7 +46,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
     ${PROJECT_BINARY_DIR}/package/triggers ${PROJECT_BINARY_DIR}/package/shlibs)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${development_package})
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION "libdevel\nMulti-Arch: same")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${runtime_package} (= ${PROJECT_VERSION}-1), ${common_package} (= ${PROJECT_VERSION}-1)")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
@@ -52,7 +54,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
 What compilers, pkg-config and CMake need to build programs with the library,
 but for the header.")
 set(CPACK_DEBIAN_COMMON_PACKAGE_NAME ${common_package})
-# For packages of another architecture as well; CPack has no word of its own for that field.
+# For packages of another architecture as well.
 set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION "libdevel\nMulti-Arch: foreign")
 set(CPACK_DEBIAN_COMMON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_COMMON_DESCRIPTION
