@@ -17,6 +17,7 @@ enum class Spelling {
 enum class Operands {
     OverwritesFirst,  ///< two, the first a register that becomes the result, the other anywhere
     Registers,  ///< three registers: what is in memory is loaded first, nothing is overwritten
+    OneInMemory,  ///< three, of which one may be in memory; nothing is overwritten
 };
 
 /** A processor in one of its modes, with one set of instructions. */
@@ -25,6 +26,7 @@ struct Target {
     int vector_registers;
     Spelling spelling;
     Operands operands = Operands::OverwritesFirst;
+    int vector_bytes = 16;
 };
 
 }  // namespace kernelgen

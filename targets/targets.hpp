@@ -1,6 +1,6 @@
 #pragma once
 
-/** @file @brief All targets, each in a file of its own. */
+/** @file @brief All targets and the levels that have kernels of their own, each in a file of its own. */
 
 #include <stdexcept>
 #include <string>
@@ -8,10 +8,11 @@
 #include "targets/aarch64.hpp"
 #include "targets/ia32.hpp"
 #include "targets/x86_64.hpp"
+#include "targets/x86_64_v3.hpp"
 
 namespace kernelgen {
 
-inline constexpr Target kTargets[] = {kIa32, kX86_64, kAarch64};
+inline constexpr Target kTargets[] = {kIa32, kX86_64, kX86_64_v3, kAarch64};
 
 /** The one whose kernels' results are the promise: those of all others have the same bits. */
 inline constexpr const Target& kReference = kTargets[0];

@@ -24,7 +24,7 @@ class Emitter {
   public:
     Emitter(const Graph& graph, const Target& target, const std::string& rounding, Memory memory)
         : graph_(graph), target_(target), rounding_(rounding), memory_(memory) {
-        if (memory_ == Memory::Pieces) join_halves();
+        join_halves();
     }
 
     EmittedBody run(const Order& order) {
@@ -37,14 +37,20 @@ class Emitter {
     }
 
   private:
-    /** Two halves from memory are one load, where nobody else wants the low one. */
+    /** Whether two halves from memory are one statement. */
+    bool is_of_two_halves(const Node& n) const {
+        return n.op == Op::LoadHigh && (memory_ == Memory::Pieces || is_wide(n.type));
+    }
+
+    /** The low half, where nobody else wants it, is no statement of its own then. */
     void join_halves() {
         std::set<NodeId> wanted;
         for (NodeId id : graph_.live()) {
             const Node& n = graph_.node(id);
             for (NodeId operand : operands(n)) {
-                if (n.op != Op::LoadHigh) wanted.insert(operand);
-                if (n.op == Op::LoadHigh && graph_.node(operand).op == Op::LoadLow)
+                if (!is_of_two_halves(n))
+                    wanted.insert(operand);
+                else if (graph_.node(operand).op == Op::LoadLow)
                     joined_.insert(operand);
             }
         }
@@ -84,13 +90,20 @@ class Emitter {
 
     // A row that starts off a 16-byte boundary is moved unaligned on the aligned path as well.
     static std::string access(const Node& n) {
-        return n.offset % lane_count(n.type) == 0 ? "Memory" : "Unaligned";
+        return n.offset % lane_count(n.type) == 0 || is_wide(n.type) ? "Memory" : "Unaligned";
     }
 
     static std::string place_of(const Node& n) {
         if (lane_count(n.type) == 1 || (n.op != Op::Load && n.op != Op::Store))
             throw std::logic_error("only whole vectors have places");
         return std::to_string(n.offset / lane_count(n.type));
+    }
+
+    const Node& low_half_of(const Node& n) const {
+        const Node& low = graph_.node(n.a);
+        if (low.op != Op::LoadLow)
+            throw std::logic_error("the low half of a joined vector is not from memory");
+        return low;
     }
 
     std::string piecewise_load(const Node& n) {
@@ -100,12 +113,8 @@ class Emitter {
                 return "x.load(" + offset;
             case Op::LoadLow:
                 return "x.load_low(" + offset;
-            case Op::LoadHigh: {
-                const Node& low = graph_.node(n.a);
-                if (low.op != Op::LoadLow)
-                    throw std::logic_error("the low half of a joined vector is not from memory");
-                return "x.load_halves(" + std::to_string(low.offset) + ", " + offset;
-            }
+            case Op::LoadHigh:
+                return "x.load_halves(" + std::to_string(low_half_of(n).offset) + ", " + offset;
             default:
                 return "x.load_scalar(" + offset;
         }
@@ -123,6 +132,9 @@ class Emitter {
             case Op::LoadLow:
                 return "load_low(" + place + ")";
             case Op::LoadHigh:
+                if (is_of_two_halves(n))
+                    return access(n) + "::load_halves(x + " +
+                           std::to_string(low_half_of(n).offset) + ", " + place + ")";
                 return "load_high(" + operand(n.a) + ", " + place + ")";
             case Op::LoadScalar:
                 return scalar_load(place, target_);
@@ -197,8 +209,9 @@ class Emitter {
     std::string definitions() const {
         if (order_of_vectors_.empty()) return {};
         const bool single = is_binary32(vector_type_);
-        std::string text = std::string("alignas(16) constexpr ") + (single ? "float" : "double") +
-                           " kConstants[][" + (single ? "4" : "2") + "] = {\n";
+        std::string text = std::string("alignas(") + (is_wide(vector_type_) ? "32" : "16") +
+                           ") constexpr " + (single ? "float" : "double") + " kConstants[][" +
+                           std::to_string(lane_count(vector_type_)) + "] = {\n";
         for (const std::string& values : order_of_vectors_) text += "    {" + values + "},\n";
         return text + "};\n";
     }

@@ -65,12 +65,17 @@ std::string type_name(Type type, const Target& target) {
             return by_intrinsics(target) ? "__m128" : "core::Float4";
         case Type::Binary64x2:
             return by_intrinsics(target) ? "__m128d" : "core::Double2";
+        case Type::Binary32x8:
+            return "core::Float8";
+        case Type::Binary64x4:
+            return "core::Double4";
     }
     return {};
 }
 
 std::string aligned_load(Type type, const Target& target) {
     if (in_pieces(target)) return "in_each_piece";
+    if (is_wide(type)) return "core::Wide::load";
     return by_intrinsics(target) ? std::string("_mm_load_") + suffix(type) : "core::Aligned::load";
 }
 

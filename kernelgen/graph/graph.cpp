@@ -12,13 +12,21 @@ int lane_count(Type type) {
             return 4;
         case Type::Binary64x2:
             return 2;
+        case Type::Binary32x8:
+            return 8;
+        case Type::Binary64x4:
+            return 4;
         default:
             return 1;
     }
 }
 
 bool is_binary32(Type type) {
-    return type == Type::Binary32 || type == Type::Binary32x4;
+    return type == Type::Binary32 || type == Type::Binary32x4 || type == Type::Binary32x8;
+}
+
+bool is_wide(Type type) {
+    return type == Type::Binary32x8 || type == Type::Binary64x4;
 }
 
 bool is_load(Op op) {
@@ -134,7 +142,8 @@ Ref Graph::flip(Ref a, const Selection& lanes) {
 }
 
 Ref Graph::positive(Ref a) {
-    return a.negative ? flip(-a, {1, 1, 1, 1}) : a;
+    constexpr Selection kAll = {1, 1, 1, 1, 1, 1, 1, 1};
+    return a.negative ? flip(-a, kAll) : a;
 }
 
 Ref Graph::shuffle(Ref a, Ref b, const Selection& selection) {

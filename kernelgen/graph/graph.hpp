@@ -23,15 +23,27 @@
 
 namespace kernelgen {
 
-enum class Type : std::uint8_t { Binary32, Binary64, Binary32x4, Binary64x2 };
+enum class Type : std::uint8_t {
+    Binary32,
+    Binary64,
+    Binary32x4,
+    Binary64x2,
+    Binary32x8,
+    Binary64x4,
+};
+
+/** Of any type. */
+inline constexpr int kMostLanes = 8;
 
 int lane_count(Type type);
 bool is_binary32(Type type);
+/** Vectors of 32 bytes. */
+bool is_wide(Type type);
 
 enum class Op : std::uint8_t {
     Load,        ///< all lanes from consecutive elements
-    LoadLow,     ///< the low 8 bytes from memory, zeros above
-    LoadHigh,    ///< low 8 bytes of the operand, high 8 bytes from memory
+    LoadLow,     ///< the low half from memory, zeros above
+    LoadHigh,    ///< low half of the operand, high half from memory
     LoadScalar,  ///< lane 0 from memory, zeros above
     Scale,       ///< the scale factor in every lane
     Constant,    ///< one exact constant a lane
@@ -44,8 +56,8 @@ enum class Op : std::uint8_t {
     Widen,    ///< binary32 to binary64
     Round,    ///< binary64 to binary32
     Store,
-    StoreLow,   ///< the low 8 bytes
-    StoreHigh,  ///< the high 8 bytes
+    StoreLow,   ///< the low half
+    StoreHigh,  ///< the high half
 };
 
 bool is_load(Op op);
@@ -56,8 +68,9 @@ bool is_placeless(Op op);
 using NodeId = std::int32_t;
 inline constexpr NodeId kNone = -1;
 
-/** Where each lane of a shuffle comes from: 0..3 lanes of the first operand, 4..7 of the second. */
-using Selection = std::array<std::uint8_t, 4>;
+/** Where each lane of a shuffle comes from: lanes of the first operand, then those of the second.
+ */
+using Selection = std::array<std::uint8_t, kMostLanes>;
 
 struct Node {
     Op op;

@@ -21,7 +21,7 @@ template <class Arithmetic>
 class Evaluation {
   public:
     using Real = typename Arithmetic::Real;
-    using Vector = std::array<Real, 4>;
+    using Vector = std::array<Real, kMostLanes>;
 
     explicit Evaluation(const Graph& graph)
         : graph_(graph), order_(graph.live()), values_(graph.size()) {}
@@ -34,13 +34,11 @@ class Evaluation {
   private:
     Vector& value(NodeId id) { return values_[static_cast<std::size_t>(id)]; }
 
-    static int lanes_in_8_bytes(Type type) { return is_binary32(type) ? 2 : 1; }
-
     void evaluate(NodeId id, const std::vector<Real>& source, const Real& scale,
                   std::vector<Real>& destination) {
         const Node& n = graph_.node(id);
         const int lanes = lane_count(n.type);
-        const int half = lanes_in_8_bytes(n.type);
+        const int half = lanes / 2;
         Vector& out = value(id);
         const auto memory = [&](int lane) -> const Real& {
             return source.at(static_cast<std::size_t>(n.offset + lane));

@@ -14,7 +14,7 @@ class RegisterModel {
     RegisterModel(const Graph& graph, const std::vector<NodeId>& order, const Target& target)
         : graph_(graph),
           registers_(static_cast<std::size_t>(target.vector_registers)),
-          by_registers_(target.operands == Operands::Registers) {
+          operands_(target.operands) {
         for (std::size_t i = 0; i < order.size(); ++i) {
             for (NodeId operand : operands(graph.node(order[i]))) uses_[operand].push_back(i);
         }
@@ -79,7 +79,7 @@ class RegisterModel {
             (node.op == Op::Add || node.op == Op::Mul))
             std::swap(inputs[0], inputs[1]);
         if (!inputs.empty()) fetch(inputs[0], pinned);
-        if (inputs.size() == 2 && by_registers_)
+        if (inputs.size() == 2 && operands_ == Operands::Registers)
             fetch(inputs[1], pinned);
         else if (inputs.size() == 2 && !held_.contains(inputs[1]) && !lives_in_memory(inputs[1]))
             ++traffic_.stack_accesses;
@@ -93,14 +93,14 @@ class RegisterModel {
         const bool dies =
             !inputs.empty() && (!held_.contains(inputs[0]) ||
                                 (either && inputs.size() == 2 && !held_.contains(inputs[1])));
-        if (!inputs.empty() && !dies && !by_registers_) ++traffic_.copies;
+        if (!inputs.empty() && !dies && operands_ == Operands::OverwritesFirst) ++traffic_.copies;
         make_room(pinned);
         held_.insert(id);
     }
 
     const Graph& graph_;
     std::size_t registers_;
-    bool by_registers_;
+    Operands operands_;
     std::map<NodeId, std::deque<std::size_t>> uses_;
     std::set<NodeId> held_;
     std::set<NodeId> saved_;

@@ -258,6 +258,8 @@ TEST(Schedule, WhatIsNeededAgainIsCopiedWhereAnInstructionOverwritesAnOperand) {
     three.operands = kernelgen::Operands::Registers;
     EXPECT_GT(kernelgen::schedule(g, kernelgen::kIa32).traffic.copies, 0);
     EXPECT_EQ(kernelgen::schedule(g, three).traffic.copies, 0);
+    three.operands = kernelgen::Operands::OneInMemory;
+    EXPECT_EQ(kernelgen::schedule(g, three).traffic.copies, 0);
 }
 
 // One register holds what comes from memory.
@@ -266,6 +268,8 @@ TEST(Schedule, OperandsThatMustBeRegistersLeaveFewerForValues) {
     kernelgen::Target three = kernelgen::kIa32;
     three.operands = kernelgen::Operands::Registers;
     EXPECT_GT(kernelgen::schedule(g, three).traffic.stack_accesses, stack_accesses(g));
+    three.operands = kernelgen::Operands::OneInMemory;
+    EXPECT_EQ(kernelgen::schedule(g, three).traffic.stack_accesses, stack_accesses(g));
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <stdexcept>
 
 #include "kernelgen/emission/emission.hpp"
+#include "kernelgen/graph/transpose.hpp"
+#include "kernelgen/values/unfold.hpp"
 #include "targets/targets.hpp"
 
 namespace {
@@ -72,6 +74,55 @@ TEST(VectorTypes, AreFlippedByAMaskOfZerosAndTakeConstantsFromMemory) {
               "    {0x1p-1, -0x1p-1},\n"
               "    {0x0p+0, -0x0p+0},\n"
               "};\n");
+}
+
+TEST(VectorTypes, OfThirtyTwoBytesAreLoadedWholeOrAsTwoHalves) {
+    Graph g;
+    const Ref whole = g.load(Type::Binary32x8, 4);
+    const Ref halves = g.load_high(g.load_low(Type::Binary32x8, 0), 16);
+    g.store(g.add(whole, halves), 8);
+    EXPECT_EQ(kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kX86_64_v3).statements,
+              "    const core::Float8 v0 = Memory::load(x + 4);\n"
+              "    const core::Float8 v1 = Memory::load_halves(x + 0, x + 16);\n"
+              "    const core::Float8 v2 = v0 + v1;\n"
+              "    Memory::store(y + 8, v2);\n");
+}
+
+TEST(VectorTypes, OfThirtyTwoBytesHaveConstantsOfAsMany) {
+    Graph g;
+    const Ref x = g.load(Type::Binary64x4, 0);
+    g.store(
+        g.mul(x, {Exact::rational(2), Exact::rational(3), Exact::rational(4), Exact::rational(5)}),
+        0);
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kX86_64_v3);
+    EXPECT_EQ(body.constants,
+              "alignas(32) constexpr double kConstants[][4] = {\n"
+              "    {0x1p+1, 0x1.8p+1, 0x1p+2, 0x1.4p+2},\n};\n");
+    EXPECT_NE(body.statements.find("v0 * core::Wide::load(kConstants[0])"), std::string::npos)
+        << body.statements;
+}
+
+// In each 16 bytes, so that no lane crosses from one half of a vector to the other.
+TEST(Transpose, OfVectorsOfThirtyTwoBytesIsOneInEachHalf) {
+    for (const Type type : {Type::Binary32x8, Type::Binary64x4}) {
+        Graph g;
+        const int lanes = kernelgen::lane_count(type);
+        const int piece = kernelgen::lanes_in_piece(type);
+        std::vector<Ref> v;
+        for (int i = 0; i < piece; ++i) v.push_back(g.load(type, i * lanes));
+        kernelgen::transpose(g, v.data());
+        for (int i = 0; i < piece; ++i) g.store(v[static_cast<std::size_t>(i)], i * lanes);
+        kernelgen::ValueGraph values;
+        const kernelgen::Outputs outputs = kernelgen::unfold(g, values);
+        const Type scalar = kernelgen::is_binary32(type) ? Type::Binary32 : Type::Binary64;
+        for (int vector = 0; vector < piece; ++vector) {
+            for (int lane = 0; lane < lanes; ++lane) {
+                const int from = lane % piece * lanes + lane / piece * piece + vector;
+                EXPECT_EQ(outputs.at(vector * lanes + lane), values.input(scalar, from))
+                    << lanes << " lanes, vector " << vector << ", lane " << lane;
+            }
+        }
+    }
 }
 
 TEST(VectorTypes, StandBesideScalarsOfOneSpelling) {
@@ -147,7 +198,8 @@ TEST(Targets, AreFoundByTheirNames) {
         kernelgen::target_named("z80");
         FAIL() << "nothing was thrown";
     } catch (const std::invalid_argument& error) {
-        EXPECT_STREQ("there is no target z80; there are ia32 x86-64 aarch64", error.what());
+        EXPECT_STREQ("there is no target z80; there are ia32 x86-64 x86-64-v3 aarch64",
+                     error.what());
     }
 }
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "targets/target.hpp"
+
+namespace kernelgen {
+
+/** A level of x86-64: processors with AVX2. */
+inline constexpr Target kX86_64_v3{
+    .name = "x86-64-v3",
+    .vector_registers = 16,
+    .spelling = Spelling::VectorTypes,
+    .operands = Operands::OneInMemory,
+    .vector_bytes = 32,
+};
+
+}  // namespace kernelgen
