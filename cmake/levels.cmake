@@ -52,6 +52,14 @@ foreach(level IN LISTS QSVG_LEVELS)
     endif()
 endforeach()
 
+# target_of_level(level result): whose kernels a level has where its vectors are longer than the baseline's.
+function(target_of_level level result)
+    if(level STREQUAL "baseline")
+        set(level ${QSVG_TARGET})
+    endif()
+    set(${result} ${level} PARENT_SCOPE)
+endfunction()
+
 # level_objects(name LEVELS level... SOURCES source... [LINK library...]): objects of the library for each of these
 # levels, name, name_x86-64-v3, ..
 function(level_objects name)

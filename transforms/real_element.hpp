@@ -39,9 +39,21 @@ inline kernelgen::Type vector_type(RealElement element) {
                                           : kernelgen::Type::Binary64x2;
 }
 
-/** Elements in a vector. */
+/** Of 16 or 32 bytes. */
+inline kernelgen::Type vector_type(RealElement element, int vector_bytes) {
+    if (vector_bytes == 16) return vector_type(element);
+    return element == RealElement::Real32 ? kernelgen::Type::Binary32x8
+                                          : kernelgen::Type::Binary64x4;
+}
+
+/** Elements in a vector of 16 bytes. */
 inline int lanes(RealElement element) {
     return kernelgen::lane_count(vector_type(element));
+}
+
+/** Elements in a vector of so many bytes. */
+inline int lanes(RealElement element, int vector_bytes) {
+    return vector_bytes / bytes(element);
 }
 
 }  // namespace transforms

@@ -23,6 +23,9 @@ using TwoFloats [[gnu::may_alias]] = double;
 #else
 #include "core/access_by_vector_types.hpp"
 #endif
+#ifdef __AVX2__
+#include "core/access_by_avx2.hpp"
+#endif
 
 namespace core {
 
@@ -32,6 +35,10 @@ struct Between {
     template <class Real>
     static auto load(const Real* p) {
         return From::load(p);
+    }
+    template <class Real>
+    static auto load_halves(const Real* low, const Real* high) {
+        return From::load_halves(low, high);
     }
     template <class Real, class Vector>
     static void store(Real* p, Vector v) {

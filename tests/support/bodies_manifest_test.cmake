@@ -1,4 +1,4 @@
-# Bodies of the DCT-IV or of batches are those of the manifest under version control.
+# Bodies of the DCT-IV or of batches, or kernels of a level, are those of the manifest under version control.
 #
 # cmake -D DESCRIBE=<program> -D TARGET=<name> -D MANIFEST=<file> -D MADE=<scratch file> -P bodies_manifest_test.cmake
 cmake_minimum_required(VERSION 3.25)

@@ -39,10 +39,38 @@ void stage(Graph& graph, Values& v, std::size_t distance) {
     }
 }
 
-/** Every block of as many vectors as a vector has lanes. */
+/** Every block of as many vectors as 16 bytes have lanes. */
 void transpose(Graph& graph, Element element, Values& v) {
     const auto block = static_cast<std::size_t>(lanes(element));
     for (std::size_t i = 0; i < v.size(); i += block) kernelgen::transpose(graph, &v[i]);
+}
+
+/** Vectors of two halves, `apart` elements from one another. */
+Values load_halves(Graph& graph, Type type, std::size_t count, int apart) {
+    Values x;
+    for (std::size_t i = 0; i < count; ++i) {
+        const int low = static_cast<int>(i) * kernelgen::lane_count(type) / 2;
+        x.push_back(graph.load_high(graph.load_low(type, low), low + apart));
+    }
+    return x;
+}
+
+/** Of each two vectors, one of their low halves, behind all of these one of their high halves. */
+Values with_low_halves_first(Graph& graph, const Values& v) {
+    const auto count = static_cast<std::size_t>(kernelgen::lane_count(graph.node(v[0].id).type));
+    kernelgen::Selection low = {};
+    kernelgen::Selection high = {};
+    for (std::size_t lane = 0; lane < count; ++lane) {
+        const std::size_t from = lane < count / 2 ? lane : lane + count / 2;
+        low.at(lane) = static_cast<std::uint8_t>(from);
+        high.at(lane) = static_cast<std::uint8_t>(from + count / 2);
+    }
+    Values result;
+    for (const kernelgen::Selection& half : {low, high}) {
+        for (std::size_t i = 0; i < v.size(); i += 2)
+            result.push_back(graph.shuffle(v[i], v[i + 1], half));
+    }
+    return result;
 }
 
 }  // namespace
@@ -55,26 +83,39 @@ Graph scalar_body(Element element, int order) {
     return graph;
 }
 
-Graph row_body(Element element, int stages, Scaling scaling) {
+Graph row_body(Element element, int stages, Scaling scaling, int vector_bytes) {
     Graph graph;
-    const auto width = static_cast<std::size_t>(lanes(element));
+    const Type type = vector_type(element, vector_bytes);
+    const int width = lanes(element, vector_bytes);
+    const int elements = 1 << stages;
+    const auto count = static_cast<std::size_t>(elements / width);
+    const bool is_wide = kernelgen::is_wide(type);
     Values v =
-        load(graph, vector_type(element), (std::size_t{1} << stages) / width, lanes(element));
+        is_wide ? load_halves(graph, type, count, elements / 2) : load(graph, type, count, width);
     // In a transposed block, elements a stride apart are the same lane of vectors a stride apart.
     transpose(graph, element, v);
-    for (std::size_t stride = 1; stride < width; stride *= 2) stage(graph, v, stride);
+    for (std::size_t stride = 1; stride < static_cast<std::size_t>(lanes(element)); stride *= 2)
+        stage(graph, v, stride);
     transpose(graph, element, v);
     for (std::size_t distance = 1; distance < v.size(); distance *= 2) stage(graph, v, distance);
-    store(graph, v, lanes(element), scaling);
+    if (is_wide) {
+        v = with_low_halves_first(graph, v);
+        stage(graph, v, v.size() / 2);
+    }
+    store(graph, v, width, scaling);
     return graph;
 }
 
-Graph column_body(Element element, int stages, int stride, Scaling scaling) {
+Graph column_body(Element element, int stages, int stride, Scaling scaling, int vector_bytes) {
     Graph graph;
-    Values v = load(graph, vector_type(element), std::size_t{1} << stages, stride);
+    Values v = load(graph, vector_type(element, vector_bytes), std::size_t{1} << stages, stride);
     for (std::size_t distance = 1; distance < v.size(); distance *= 2) stage(graph, v, distance);
     store(graph, v, stride, scaling);
     return graph;
+}
+
+bool has_row_body(Element element, int stages, int vector_bytes) {
+    return 1 << stages >= lanes(element, vector_bytes) * lanes(element);
 }
 
 }  // namespace walsh_hadamard

@@ -20,6 +20,7 @@ using Element = transforms::RealElement;
 inline constexpr auto& kElements = transforms::kRealElements;
 using transforms::lanes;
 using transforms::suffix;
+using transforms::vector_type;
 
 /** Whether a body multiplies its outputs by the scale factor. */
 enum class Scaling { None, Last };
@@ -29,11 +30,17 @@ kernelgen::Graph scalar_body(Element element, int order);
 
 /**
  * The stages of strides 1 to 2^(stages - 1) of 2^stages contiguous elements in vectors. Strides
- * shorter than a vector run between blocks of vectors that are transposed, and transposed back.
+ * shorter than 16 bytes run between blocks of vectors that are transposed, and transposed back. A
+ * vector of 32 bytes holds two pieces that meet in the last stage, half of the elements apart, and
+ * becomes contiguous before it.
  */
-kernelgen::Graph row_body(Element element, int stages, Scaling scaling);
+kernelgen::Graph row_body(Element element, int stages, Scaling scaling, int vector_bytes = 16);
 
 /** `stages` stages across 2^stages vectors that stand `stride` elements apart. */
-kernelgen::Graph column_body(Element element, int stages, int stride, Scaling scaling);
+kernelgen::Graph column_body(Element element, int stages, int stride, Scaling scaling,
+                             int vector_bytes = 16);
+
+/** Whether a row of 2^stages elements is long enough for these vectors. */
+bool has_row_body(Element element, int stages, int vector_bytes);
 
 }  // namespace walsh_hadamard

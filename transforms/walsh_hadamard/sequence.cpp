@@ -69,14 +69,14 @@ class Passes {
     void run_two() {
         const int row = 1 << kernel_.stages[0];
         for (int i = 0; i < kernel_.length(); i += row) run(0, x_, i, work_, i);
-        for (int c = 0; c < row; c += lanes(kernel_.element)) run(1, work_, c, y_, c);
+        for (int c = 0; c < row; c += kernel_.width()) run(1, work_, c, y_, c);
     }
 
     void run_three() {
         const int row = 1 << kernel_.stages[0];
         const int block = big_block(kernel_.order, kernel_.element);
         const int temporary = kernel_.length();
-        const int width = lanes(kernel_.element);
+        const int width = kernel_.width();
         for (int b = 0; b < kernel_.length(); b += block) {
             for (int i = 0; i < block; i += row) run(0, x_, b + i, work_, temporary + i);
             for (int c = 0; c < row; c += width) run(1, work_, temporary + c, work_, b + c);

@@ -25,9 +25,7 @@ void prove_contiguous(const std::string& what, const Graph& graph, int stages) {
 }
 
 /** Of vectors that stand `stride` elements apart. */
-void prove_columns(const std::string& what, const Graph& graph, Element element, int stages,
-                   int stride) {
-    const int width = lanes(element);
+void prove_columns(const std::string& what, const Graph& graph, int width, int stages, int stride) {
     kernelgen::Places places;
     for (int i = 0; i < 1 << stages; ++i) {
         for (int lane = 0; lane < width; ++lane) places.push_back(i * stride + lane);
@@ -45,26 +43,29 @@ std::string Kernel::name() const {
 }
 
 std::string Kernel::twin_name() const {
-    if (!has_twin(order, element)) return {};
+    if (!has_twin(order, element) || is_wide()) return {};
     return "owngWHT_" + std::to_string(order) + "_" + suffix(element) + "_unaligned";
 }
 
 Kernel described_kernel(int order, Element element, const kernelgen::Target& target) {
-    Kernel kernel{target, order, element, stages_of(order, element)};
-    const std::vector<int>& s = kernel.stages;
+    const std::vector<int> s = stages_of(order, element);
+    const int bytes = has_row_body(element, s[0], target.vector_bytes) ? target.vector_bytes : 16;
+    Kernel kernel{target, order, element, s, bytes};
     if (is_scalar(order, element)) {
         kernel.bodies = {{"transform", scalar_body(element, order), Scaling::Last}};
     } else if (s.size() == 1) {
-        kernel.bodies = {{"transform", row_body(element, order, Scaling::Last), Scaling::Last}};
+        kernel.bodies = {
+            {"transform", row_body(element, order, Scaling::Last, bytes), Scaling::Last}};
     } else {
-        kernel.bodies.push_back({"row", row_body(element, s[0], Scaling::None), Scaling::None});
+        kernel.bodies.push_back(
+            {"row", row_body(element, s[0], Scaling::None, bytes), Scaling::None});
         if (s.size() == 3)
             kernel.bodies.push_back({"middle_columns",
-                                     column_body(element, s[1], 1 << s[0], Scaling::None),
+                                     column_body(element, s[1], 1 << s[0], Scaling::None, bytes),
                                      Scaling::None});
         kernel.bodies.push_back(
             {"final_columns",
-             column_body(element, s.back(), 1 << (order - s.back()), Scaling::Last),
+             column_body(element, s.back(), 1 << (order - s.back()), Scaling::Last, bytes),
              Scaling::Last});
     }
     for (Body& body : kernel.bodies) {
@@ -83,7 +84,7 @@ void prove(const Kernel& kernel) {
         if (i == 0)
             prove_contiguous(what, body.graph, kernel.stages[i]);
         else
-            prove_columns(what, body.graph, kernel.element, kernel.stages[i], stride);
+            prove_columns(what, body.graph, kernel.width(), kernel.stages[i], stride);
         stride <<= kernel.stages[i];
     }
     kernelgen::ValueGraph values;

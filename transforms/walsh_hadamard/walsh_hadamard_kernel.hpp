@@ -25,6 +25,7 @@ struct Kernel {
     int order;
     Element element;
     std::vector<int> stages;
+    int vector_bytes;               ///< 16, or where rows are long enough those of the target
     std::vector<Body> bodies = {};  ///< one for each number of stages
     std::string option = {};        ///< of GCC, or empty
 
@@ -34,6 +35,10 @@ struct Kernel {
     std::string twin_name() const;
     int length() const { return 1 << order; }
     bool has_passes() const { return stages.size() > 1; }
+    /** Elements in a vector. */
+    int width() const { return lanes(element, vector_bytes); }
+    /** Whether its vectors stand anywhere without a function of its own for unaligned arrays. */
+    bool is_wide() const { return vector_bytes > 16; }
 };
 
 /** The kernel, before anything of it has been proven. */

@@ -12,17 +12,19 @@ namespace {
 using kernelgen::Counts;
 using std::to_string;
 
-/** How vectors of one element type are spelled in the library's code. */
+/** How a kernel's vectors are spelled in the library's code. */
 struct Spelling {
     kernelgen::Type vector;
-    const char* unaligned;
+    const char* work;       ///< access to the work buffer
+    const char* unaligned;  ///< and to arrays anywhere
 };
 
-const Spelling& spelling(Element element) {
+Spelling spelling(const Kernel& kernel) {
+    const kernelgen::Type vector = vector_type(kernel.element, kernel.vector_bytes);
+    if (kernel.is_wide()) return {vector, "core::Wide", "core::Wide"};
     // Unaligned vectors of binary64 are written as two halves, of which compilers make one move.
-    static const Spelling single{kernelgen::Type::Binary32x4, "core::Unaligned"};
-    static const Spelling doubled{kernelgen::Type::Binary64x2, "core::Halves"};
-    return element == Element::Real32 ? single : doubled;
+    return {vector, "core::Aligned",
+            kernel.element == Element::Real32 ? "core::Unaligned" : "core::Halves"};
 }
 
 std::string stages_text(const Kernel& kernel) {
@@ -68,7 +70,7 @@ std::string arrays(const Kernel& kernel, const char* source, const char* destina
 
 std::string body_function(const Kernel& kernel, const Body& body) {
     const bool scalar = is_scalar(kernel.order, kernel.element);
-    const Spelling& s = spelling(kernel.element);
+    const Spelling s = spelling(kernel);
     const kernelgen::EmittedBody code =
         kernelgen::emit(body.graph, schedule_of(body, kernel.target).order, kernel.target);
     std::string text = scalar ? "\n" : "\ntemplate <class Memory>\n";
@@ -83,18 +85,19 @@ std::string body_function(const Kernel& kernel, const Body& body) {
 
 /** The loops around the bodies; `work` is the main region, behind it the temporary one. */
 std::string passes_function(const Kernel& kernel) {
-    const Spelling& s = spelling(kernel.element);
+    const Spelling s = spelling(kernel);
     const std::vector<int>& stages = kernel.stages;
     const std::string length = to_string(kernel.length());
     const std::string row = to_string(1 << stages[0]);
-    const std::string width = to_string(lanes(kernel.element));
+    const std::string width = to_string(kernel.width());
+    const std::string work = s.work;
     const std::string block = to_string(big_block(kernel.order, kernel.element));
     std::string text = "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
                        arrays(kernel, "src", "dst") + ", " +
                        kernelgen::type_name(s.vector, kernel.target) + " scale, " +
                        real_name(kernel.element) +
-                       "* work) {\n    using Rows = core::Between<Memory, core::Aligned>;\n"
-                       "    using Columns = core::Between<core::Aligned, Memory>;\n";
+                       "* work) {\n    using Rows = core::Between<Memory, " + work +
+                       ">;\n    using Columns = core::Between<" + work + ", Memory>;\n";
     if (stages.size() == 2)
         return text + "    QSVG_FOR_EACH_BLOCK(i, " + length + ", " + row +
                ") row<Rows>(src + i, work + i);\n    QSVG_FOR_EACH_BLOCK(c, " + row + ", " + width +
@@ -103,8 +106,8 @@ std::string passes_function(const Kernel& kernel) {
            ";\n    QSVG_FOR_EACH_BLOCK(b, " + length + ", " + block +
            ") {\n        QSVG_FOR_EACH_BLOCK(i, " + block + ", " + row +
            ") row<Rows>(src + b + i, temporary + i);\n        QSVG_FOR_EACH_BLOCK(c, " + row +
-           ", " + width +
-           ")\n        middle_columns<core::Aligned>(temporary + c, work + b + c);\n    }\n"
+           ", " + width + ")\n        middle_columns<" + work +
+           ">(temporary + c, work + b + c);\n    }\n"
            "    QSVG_FOR_EACH_BLOCK(c, " +
            block + ", " + width + ") final_columns<Columns>(work + c, dst + c, scale);\n}\n";
 }
@@ -120,9 +123,11 @@ constexpr const char* kCheck =
 
 std::string transform_call(const Kernel& kernel, const std::string& memory) {
     if (is_scalar(kernel.order, kernel.element)) return "transform(src, dst, *kScales[flag]);\n";
-    return "transform<" + memory + ">(src, dst, " +
-           kernelgen::aligned_load(spelling(kernel.element).vector, kernel.target) +
-           "(kScales[flag])" + (kernel.has_passes() ? ", work.begin()" : "") + ");\n";
+    const std::string load = kernel.is_wide()
+                                 ? "core::Wide::load_twice"
+                                 : kernelgen::aligned_load(spelling(kernel).vector, kernel.target);
+    return "transform<" + memory + ">(src, dst, " + load + "(kScales[flag])" +
+           (kernel.has_passes() ? ", work.begin()" : "") + ");\n";
 }
 
 std::string work_buffer(const Kernel& kernel) {
@@ -139,9 +144,11 @@ std::string checked_transform(const Kernel& kernel, const std::string& memory) {
 constexpr const char* kMisaligned = "    if (!core::aligned(src) || !core::aligned(dst))";
 
 std::string functions(const Kernel& kernel) {
-    const std::string unaligned = spelling(kernel.element).unaligned;
+    const std::string unaligned = spelling(kernel).unaligned;
     if (is_scalar(kernel.order, kernel.element))
         return signature(kernel, kernel.name()) + checked_transform(kernel, "");
+    if (kernel.is_wide())
+        return signature(kernel, kernel.name()) + checked_transform(kernel, unaligned);
     if (kernel.twin_name().empty())
         return signature(kernel, kernel.name()) + kCheck + kMisaligned + "\n        " +
                transform_call(kernel, unaligned) + "    else\n        " +

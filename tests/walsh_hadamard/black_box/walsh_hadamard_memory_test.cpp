@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 
 #include "support/guarded_page.hpp"
@@ -120,6 +121,8 @@ TYPED_TEST(WalshHadamardMemory, TheSourceIsNotWrittenTo) {
 #ifndef __aarch64__  // Its vectors may stand anywhere.
 // The twins move arrays by unaligned access, yet the buffer by whole aligned vectors.
 TYPED_TEST(WalshHadamardMemory, AMisplacedBufferFaultsOnEveryPath) {
+    if (std::getenv("QSVGEN_TARGET_CODE") != nullptr)
+        GTEST_SKIP() << "levels above the baseline access all memory unaligned";
     for (const auto& kernel : order_kernels<TypeParam>()) {
         if (!kernel.has_buffer()) continue;
         auto* const buffer = reinterpret_cast<std::uint8_t*>(this->buffer_.begin()) + 4;

@@ -52,6 +52,25 @@ TEST(WalshHadamardCounts, OfAWholeTransformAreHalfOfKTimesNSumsAndAsManyDifferen
     });
 }
 
+// Rows of so many elements, and as many vectors as a transpose takes.
+TEST(WalshHadamardCounts, OfALevelWithLongerVectorsAreHalfOfThoseWhereRowsAreLongEnough) {
+    for_each_row([](const Row& row, const Kernel& kernel) {
+        const Kernel wide = described_kernel(row.order, kernel.element, kernelgen::kX86_64_v3);
+        const bool single = kernel.element == Element::Real32;
+        EXPECT_EQ(row.order >= (single ? 5 : 3), wide.is_wide()) << kernel.name();
+        if (!wide.is_wide()) return;
+        for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
+            // A column of longer vectors is as many columns more.
+            const int times = i == 0 ? 2 : 1;
+            const kernelgen::Counts narrow = kernelgen::count(kernel.bodies[i].graph, single);
+            const kernelgen::Counts c = kernelgen::count(wide.bodies[i].graph, single);
+            EXPECT_EQ(narrow.sums, times * c.sums) << kernel.name() << ", body " << i;
+            EXPECT_EQ(narrow.differences, times * c.differences) << kernel.name() << ", body " << i;
+            EXPECT_EQ(narrow.products, times * c.products) << kernel.name() << ", body " << i;
+        }
+    });
+}
+
 TEST(WalshHadamardPasses, AreThoseOfTheTable) {
     for_each_row([](const Row& row, const Kernel& kernel) {
         EXPECT_EQ(row.stages, kernel.stages) << kernel.name();
