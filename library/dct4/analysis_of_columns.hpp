@@ -6,7 +6,7 @@
 #include "dct4/bodies_of_analysis.hpp"
 #include "dct4/compute.hpp"
 
-namespace dct4::QSVG_ELEMENT {
+namespace dct4::QSVG_VECTORS {
 
 /**
  * What is analysed and where the results go: with i = j modulo 2n, g[j] of the first column is
@@ -73,7 +73,7 @@ struct DirectColumns {
         if (place < kHalf) return load_unaligned(forward + place * kRow);
         return reversed(load_unaligned(backward + (place - kHalf) * kRow));
     }
-    void store(int place, Vector v) const { QSVG_ELEMENT::store(row + place * (kRow / 2), v); }
+    void store(int place, Vector v) const { QSVG_VECTORS::store(row + place * (kRow / 2), v); }
 };
 
 template <int kRule, int kRow>
@@ -91,4 +91,4 @@ template <int kRule, int kRow>
     }
 }
 
-}  // namespace dct4::QSVG_ELEMENT
+}  // namespace dct4::QSVG_VECTORS

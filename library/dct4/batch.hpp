@@ -14,10 +14,10 @@
 #include "core/passes.hpp"
 #include "dct4/element.hpp"
 
-namespace dct4::QSVG_ELEMENT {
+namespace dct4::QSVG_VECTORS {
 
 /** Groups whose vectors fill two cache lines, which processors fetch in pairs. */
-constexpr int kBatch = 8;
+constexpr int kBatch = 128 / sizeof(Vector);
 constexpr int kBatchElements = kBatch * kLanes;
 
 /** As many vectors as there are groups, for each place of a body. */
@@ -29,9 +29,9 @@ class Batch {
     /** Vectors of one group, as a body moves them. */
     struct Group {
         Real* begin;
-        Vector load(int place) const { return QSVG_ELEMENT::load(begin + place * kBatchElements); }
+        Vector load(int place) const { return QSVG_VECTORS::load(begin + place * kBatchElements); }
         void store(int place, Vector v) const {
-            QSVG_ELEMENT::store(begin + place * kBatchElements, v);
+            QSVG_VECTORS::store(begin + place * kBatchElements, v);
         }
     };
     Group group(int index) { return {elements_ + index * kLanes}; }
@@ -91,4 +91,4 @@ inline int groups_from(int first, int all) {
     return all - first < kBatch ? all - first : kBatch;
 }
 
-}  // namespace dct4::QSVG_ELEMENT
+}  // namespace dct4::QSVG_VECTORS

@@ -11,7 +11,7 @@
 
 #include "dct4/element.hpp"
 
-namespace dct4::QSVG_ELEMENT {
+namespace dct4::QSVG_VECTORS {
 
 /** Places in: g[0] to g[n - 1], then g[-1] to g[-n]; out: Re and Im of each Z[a]. */
 template <int kRule>
@@ -26,4 +26,4 @@ struct Synthesis;
 template <int kRule>
 struct Dft;
 
-}  // namespace dct4::QSVG_ELEMENT
+}  // namespace dct4::QSVG_VECTORS

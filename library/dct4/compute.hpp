@@ -29,22 +29,22 @@ extern "C" {
 /** For each column c the analysis of g[j] = source[mirror(j; 2m, c)], where mirror(j; S, O) is S j
  * + O, and S |j| - 1 - O for negative j: m real and m imaginary parts in each row of
  * `destination`. */
-QsvStatus DCT4(env5_compute)(const env5* node, const Real* source, Real* destination);
+QsvStatus COMPUTE(env5)(const env5* node, const Real* source, Real* destination);
 
 /** For each row b the rotations and the synthesis, to destination[mirror(j; 2n, b)]. */
-QsvStatus DCT4(env4_compute)(const env4* node, const Real* source, Real* destination);
+QsvStatus COMPUTE(env4)(const env4* node, const Real* source, Real* destination);
 
 /** Analyses of a few groups of columns, split in two steps: */
-QsvStatus DCT4(env7_compute)(const env7* node, const Real* source, Real* destination,
-                             const ColumnGroups& where);
+QsvStatus COMPUTE(env7)(const env7* node, const Real* source, Real* destination,
+                        const ColumnGroups& where);
 
 /** the analyses of every factor-th value, to rows of the scratch vector of env7, */
-QsvStatus DCT4(env9_compute)(const env9* node, const Real* source, Real* scratch,
-                             const ColumnGroups& where);
+QsvStatus COMPUTE(env9)(const env9* node, const Real* source, Real* scratch,
+                        const ColumnGroups& where);
 
 /** and the DFTs behind them, which read and write at `where.column`. */
-QsvStatus DCT4(env8_compute)(const env8* node, const Real* scratch, Real* destination,
-                             const ColumnGroups& where);
+QsvStatus COMPUTE(env8)(const env8* node, const Real* scratch, Real* destination,
+                        const ColumnGroups& where);
 }
 
 }  // namespace dct4::QSVG_ELEMENT

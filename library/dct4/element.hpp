@@ -37,44 +37,11 @@ using Plan = QsvDCT4Plan_32f;
 using Real = Real64;
 using Plan = QsvDCT4Plan_64f;
 #endif
-/** What a load gives. */
-using Vector = decltype(core::Aligned::load(static_cast<const Real*>(nullptr)));
-
-inline Vector load(const Real* p) {
-    return core::Aligned::load(p);
-}
-inline void store(Real* p, Vector v) {
-    core::Aligned::store(p, v);
-}
-inline Vector load_unaligned(const Real* p) {
-    return core::Unaligned::load(p);
-}
-inline void store_unaligned(Real* p, Vector v) {
-    core::Unaligned::store(p, v);
-}
-#if QSVG_REAL_BITS == 32
-/** The same value in all lanes. */
-inline Vector in_all_lanes(Real value) {
-    return Vector{value, value, value, value};
-}
-inline Vector reversed(Vector v) {
-    return __builtin_shufflevector(v, v, 3, 2, 1, 0);
-}
-#else
-/** The same value in all lanes. */
-inline Vector in_all_lanes(Real value) {
-    return Vector{value, value};
-}
-inline Vector reversed(Vector v) {
-    return __builtin_shufflevector(v, v, 1, 0);
-}
-#endif
-
-/** Lanes of a vector: adjacent columns or blocks, each a transform of its own. */
-constexpr std::int32_t kLanes = sizeof(Vector) / sizeof(Real);
 
 /** Lanes of the vectors that plans are made for, in the order of their tables and in what they
  * refuse: of every machine the same, whatever its own vectors are. */
 constexpr std::int32_t kPlanLanes = 16 / sizeof(Real);
 
 }  // namespace dct4::QSVG_ELEMENT
+
+#include "dct4/vectors.hpp"

@@ -3,7 +3,7 @@
 #include "dct4/plan_shape.hpp"
 #include "dct4/rule_switch.hpp"
 
-namespace dct4::QSVG_ELEMENT {
+namespace dct4::QSVG_VECTORS {
 namespace {
 
 /** `run` with the place of each part. */
@@ -47,7 +47,7 @@ void analyse_parts(const env9& node, const Real* source, Real* scratch, const Co
 void split_parts(const env9& node, const Real* source, Real* scratch, const ColumnGroups& where) {
     const auto* const child = static_cast<const env7*>(EnvList_get(node.stage, 0));
     for_each_part(node, where, [&](const ColumnGroups& part) {
-        DCT4(env7_compute)(child, source, scratch, part);
+        COMPUTE(env7)(child, source, scratch, part);
     });
 }
 
@@ -55,18 +55,18 @@ void split_parts(const env9& node, const Real* source, Real* scratch, const Colu
 
 extern "C" {
 
-QsvStatus DCT4(env7_compute)(const env7* node, const Real* source, Real* destination,
-                             const ColumnGroups& where) {
+QsvStatus COMPUTE(env7)(const env7* node, const Real* source, Real* destination,
+                        const ColumnGroups& where) {
     if (node->valid != 1) return qsvStatusBadPlan;
     const auto* const parts = static_cast<const env9*>(EnvList_get(node->stage2, 0));
-    DCT4(env9_compute)(parts, source, node->scratch, where);
+    COMPUTE(env9)(parts, source, node->scratch, where);
     const auto* const dfts = static_cast<const env8*>(EnvList_get(node->stage1, 0));
-    DCT4(env8_compute)(dfts, node->scratch, destination, where);
+    COMPUTE(env8)(dfts, node->scratch, destination, where);
     return qsvStatusOk;
 }
 
-QsvStatus DCT4(env9_compute)(const env9* node, const Real* source, Real* scratch,
-                             const ColumnGroups& where) {
+QsvStatus COMPUTE(env9)(const env9* node, const Real* source, Real* scratch,
+                        const ColumnGroups& where) {
     if (node->rule == 7) {
         split_parts(*node, source, scratch, where);
         return qsvStatusOk;
@@ -76,4 +76,4 @@ QsvStatus DCT4(env9_compute)(const env9* node, const Real* source, Real* scratch
 }
 }
 
-}  // namespace dct4::QSVG_ELEMENT
+}  // namespace dct4::QSVG_VECTORS

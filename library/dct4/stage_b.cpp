@@ -4,24 +4,35 @@
 #include "dct4/plan_shape.hpp"
 #include "dct4/rule_switch.hpp"
 
-namespace dct4::QSVG_ELEMENT {
+namespace dct4::QSVG_VECTORS {
 namespace {
 
-/** Vectors of a group of blocks: a row for each, and their rotations. */
+int groups_of(const env4& node) {
+    return node.blocks / kGroups;
+}
+
+/** Vectors of a group of blocks: a row for each, and their rotations. A piece of a vector belongs
+ * to as many blocks as plans have lanes. */
 template <int kRule>
 struct RowsOfBlocks {
     static constexpr int kPoints = 1 << kRule;
-    /** Vectors of a row; a row of two elements is half of one, which only the shortest body has. */
-    static constexpr int kRowPlaces = kPoints < kLanes ? 1 : kPoints / kLanes;
+    /** Pieces of a row; a row of two elements is half of one, which only the shortest body has. */
+    static constexpr int kRowPlaces = kPoints < kPlanLanes ? 1 : kPoints / kPlanLanes;
+    static constexpr std::int32_t kTable = kPoints * kPlanLanes;
 
     const Real* rows;
     std::int32_t row;
+    std::int32_t span;  ///< of the blocks of a piece
     const Real* table;
 
     Vector load(int place) const {
-        if (place >= kPoints) return QSVG_ELEMENT::load(table + (place - kPoints) * kLanes);
-        if (kPoints < kLanes) return QSVG_ELEMENT::load(rows + place * kLanes);
-        return QSVG_ELEMENT::load(rows + place / kRowPlaces * row + place % kRowPlaces * kLanes);
+        if (place >= kPoints) return load_groups(table + (place - kPoints) * kPlanLanes, kTable);
+        if (kPoints < kPlanLanes) return load_groups(rows + place * kPlanLanes, span);
+        return load_groups(rows + place / kRowPlaces * row + place % kRowPlaces * kPlanLanes, span);
+    }
+    void go_on() {
+        rows += kGroups * span;
+        table += kGroups * kTable;
     }
 };
 
@@ -30,14 +41,14 @@ template <int kRule>
     constexpr int kPoints = 1 << kRule;
     constexpr int kHalf = kPoints / 2;
     Batch<kPoints> out;
-    RowsOfBlocks<kRule> rows{source, node.twoFactor, node.table};
+    RowsOfBlocks<kRule> rows{source, node.twoFactor, node.span, node.table};
     const std::int32_t stride = node.subLength;
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.blocks; i += kBatch) {
-        const int groups = groups_from(i, node.blocks);
+    const int all = groups_of(node);
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < all; i += kBatch) {
+        const int groups = groups_from(i, all);
         QSVG_WRITTEN_OUT_ONCE for (int group = 0; group < groups; ++group) {
             Synthesis<kRule>::run(rows, out.group(group));
-            rows.rows += node.span;
-            rows.table += kPoints * kLanes;
+            rows.go_on();
         }
         // First the one half, then the other: where the length is no power of two, they overlap.
         std::int32_t forward = i * kLanes;
@@ -72,13 +83,13 @@ struct DirectBlocks {
 template <int kRule, int kStride>
 [[gnu::noinline]] void synthesise_direct(const env4& node, const Real* source, Real* destination) {
     constexpr int kPoints = 1 << kRule;
-    RowsOfBlocks<kRule> rows{source, kPoints, node.table};
+    RowsOfBlocks<kRule> rows{source, kPoints, kPoints * kPlanLanes, node.table};
     const std::int32_t backward = node.lastIndex - (kPoints - 1) * kStride - (kLanes - 1);
     DirectBlocks<kRule, kStride> blocks{destination, destination + backward};
-    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < node.blocks; ++i) {
+    const int groups = groups_of(node);
+    QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups; ++i) {
         Synthesis<kRule>::run(rows, blocks);
-        rows.rows += kPoints * kLanes;
-        rows.table += kPoints * kLanes;
+        rows.go_on();
         blocks.forward += kLanes;
         blocks.backward -= kLanes;
     }
@@ -109,9 +120,9 @@ void synthesise(const env4& node, const Real* source, Real* destination) {
 
 }  // namespace
 
-extern "C" QsvStatus DCT4(env4_compute)(const env4* node, const Real* source, Real* destination) {
+extern "C" QsvStatus COMPUTE(env4)(const env4* node, const Real* source, Real* destination) {
     return for_rule<6>(node->rule,
                        [&]<int kRule>() { synthesise<kRule>(*node, source, destination); });
 }
 
-}  // namespace dct4::QSVG_ELEMENT
+}  // namespace dct4::QSVG_VECTORS

@@ -5,7 +5,7 @@
 #include "dct4/rule_switch.hpp"
 #include "dct4/table_layout.hpp"
 
-namespace dct4::QSVG_ELEMENT {
+namespace dct4::QSVG_VECTORS {
 namespace {
 
 /** Places of a block in the table. */
@@ -29,8 +29,8 @@ struct BlockSource {
     Vector load(int place) const {
         if (place < kRows) return rows.load(place);
         place -= kRows;
-        if (place < Table::kInner) return QSVG_ELEMENT::load(inner + place * kLanes);
-        return QSVG_ELEMENT::load(outer + (place - Table::kInner) * kLanes);
+        if (place < Table::kInner) return load_slot(inner + place * kPlanLanes);
+        return load_slot(outer + (place - Table::kInner) * kPlanLanes);
     }
 };
 
@@ -38,7 +38,7 @@ struct BlockSource {
 template <int kRow>
 struct AdjacentRows {
     const Real* begin;
-    Vector load(int place) const { return QSVG_ELEMENT::load(begin + place * kRow); }
+    Vector load(int place) const { return QSVG_VECTORS::load(begin + place * kRow); }
 };
 
 /** Straight to the destination: D[q] to row q, the conjugated D of the second half from its end. */
@@ -53,9 +53,9 @@ struct DirectRows {
         const int t = place / 2;
         const int part = place % 2 * kRow;
         if (t < kHalf)
-            QSVG_ELEMENT::store(forward + t * kBetween + part, v);
+            QSVG_VECTORS::store(forward + t * kBetween + part, v);
         else
-            QSVG_ELEMENT::store(backward + (2 * kHalf - 1 - t) * kBetween + part, v);
+            QSVG_VECTORS::store(backward + (2 * kHalf - 1 - t) * kBetween + part, v);
     }
 };
 
@@ -70,11 +70,11 @@ class BlocksOfDfts {
         : node_(node), destination_(destination), groups_(groups) {}
 
     void run(const Real* scratch) {
-        const Real* const outer = node_.table + node_.blocks * Table::kInner * kLanes;
+        const Real* const outer = node_.table + node_.blocks * Table::kInner * kPlanLanes;
         QSVG_WRITTEN_OUT_ONCE for (int block = 0; block < node_.blocks; ++block) {
             const Block at{scratch + block * node_.span,
-                           node_.table + block * Table::kInner * kLanes,
-                           outer + block * Table::kOuter * kLanes};
+                           node_.table + block * Table::kInner * kPlanLanes,
+                           outer + block * Table::kOuter * kPlanLanes};
             if (kIsDirect && node_.step == kTopRow && node_.quotient == kTopQuotient) {
                 transform_direct(at, block);
             } else {
@@ -162,12 +162,12 @@ class BlocksOfDfts {
 
 }  // namespace
 
-extern "C" QsvStatus DCT4(env8_compute)(const env8* node, const Real* scratch, Real* destination,
-                                        const ColumnGroups& where) {
+extern "C" QsvStatus COMPUTE(env8)(const env8* node, const Real* scratch, Real* destination,
+                                   const ColumnGroups& where) {
     return for_rule<5>(node->rule, [&]<int kRule>() {
         BlocksOfDfts<kRule>(*node, destination + where.column, where.groups)
             .run(scratch + where.column);
     });
 }
 
-}  // namespace dct4::QSVG_ELEMENT
+}  // namespace dct4::QSVG_VECTORS
