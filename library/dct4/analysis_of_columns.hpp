@@ -60,8 +60,8 @@ template <int kRule>
     }
 }
 
-/** Straight between the arrays: rows of kRow elements, half of which are real parts. */
-template <int kRule, int kRow>
+/** Straight between the arrays, whose rows stand kRow and kSpacing elements apart. */
+template <int kRule, int kRow, int kSpacing>
 struct DirectColumns {
     static constexpr int kHalf = (1 << kRule) / 2;
 
@@ -73,15 +73,15 @@ struct DirectColumns {
         if (place < kHalf) return load_unaligned(forward + place * kRow);
         return reversed(load_unaligned(backward + (place - kHalf) * kRow));
     }
-    void store(int place, Vector v) const { QSVG_VECTORS::store(row + place * (kRow / 2), v); }
+    void store(int place, Vector v) const { QSVG_VECTORS::store(row + place * kSpacing, v); }
 };
 
-template <int kRule, int kRow>
+template <int kRule, int kRow, int kSpacing = kRow / 2>
 [[gnu::always_inline]] inline void analyse_direct(const AnalysisOfColumns& columns,
                                                   const ColumnGroups& where) {
-    DirectColumns<kRule, kRow> direct{columns.source + where.offset,
-                                      columns.source + (first_backward<kRule>(kRow, where) + 1),
-                                      columns.destination + where.column};
+    DirectColumns<kRule, kRow, kSpacing> direct{
+        columns.source + where.offset, columns.source + (first_backward<kRule>(kRow, where) + 1),
+        columns.destination + where.column};
     QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < where.groups; ++i) {
         // First, so that behind the last group no pointer stands before its array.
         direct.backward -= kLanes;

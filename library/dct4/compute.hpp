@@ -22,6 +22,10 @@ struct ColumnGroups {
     std::int32_t mirror;
     std::int32_t column; /**< of the results (Q) */
     int groups;          /**< from 1 to kBatch */
+    /** Between the real parts of the results and their imaginary parts; 0: as the node has it. */
+    std::int32_t step = 0;
+    /** Between adjacent rows of a scratch vector; 0: as the node has it. */
+    std::int32_t pitch = 0;
 };
 
 extern "C" {

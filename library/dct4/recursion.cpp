@@ -14,7 +14,7 @@ template <class Run>
         run(where);
         where.offset += node.parentStride;
         where.mirror -= 2 * node.parentStride;
-        where.column += node.parentStep;
+        where.column += where.pitch;
     }
 }
 
@@ -24,14 +24,15 @@ constexpr int kLongestDirect = sizeof(Real) == 4 ? 2 * kShortestSplit : kShortes
 
 template <int kRule>
 void analyse_parts(const env9& node, const Real* source, Real* scratch, const ColumnGroups& where) {
-    const AnalysisOfColumns columns{source, scratch, node.stride, node.step};
+    const AnalysisOfColumns columns{source, scratch, node.stride, where.step};
     const auto analyse_parts_of = [&]<int kLength>() {
         constexpr PlanShape kShape = plan_shape(kLength);
         constexpr int kStride = kShape.split().factor * kShape.row();
         if constexpr (kShape.split().part_rule() == kRule) {
-            if (node.stride == kStride && node.step == kStride / 2) {
+            constexpr int kStep = kShape.split().factor * kBatchElements;
+            if (node.stride == kStride && where.step == kStep) {
                 for_each_part(node, where, [&](const ColumnGroups& part) {
-                    analyse_direct<kRule, kStride>(columns, part);
+                    analyse_direct<kRule, kStride, kStep>(columns, part);
                 });
                 return true;
             }
@@ -59,20 +60,32 @@ QsvStatus COMPUTE(env7)(const env7* node, const Real* source, Real* destination,
                         const ColumnGroups& where) {
     if (node->valid != 1) return qsvStatusBadPlan;
     const auto* const parts = static_cast<const env9*>(EnvList_get(node->stage2, 0));
-    COMPUTE(env9)(parts, source, node->scratch, where);
     const auto* const dfts = static_cast<const env8*>(EnvList_get(node->stage1, 0));
-    COMPUTE(env8)(dfts, node->scratch, destination, where);
+    // Rows of scratch hold these columns alone: where parts are split again, those of a plan stand
+    // pages apart, which share a few sets of the cache.
+    const std::int32_t pitch =
+        parts->parentStep < kBatchElements ? parts->parentStep : kBatchElements;
+    ColumnGroups in_scratch = where;
+    in_scratch.column = 0;
+    in_scratch.pitch = pitch;
+    COMPUTE(env9)(parts, source, node->scratch, in_scratch);
+    ColumnGroups from_scratch = where;
+    from_scratch.pitch = pitch;
+    COMPUTE(env8)(dfts, node->scratch, destination, from_scratch);
     return qsvStatusOk;
 }
 
 QsvStatus COMPUTE(env9)(const env9* node, const Real* source, Real* scratch,
                         const ColumnGroups& where) {
+    ColumnGroups to = where;
+    if (to.pitch == 0) to.pitch = node->parentStep;
+    to.step = node->factor * to.pitch;
     if (node->rule == 7) {
-        split_parts(*node, source, scratch, where);
+        split_parts(*node, source, scratch, to);
         return qsvStatusOk;
     }
     return for_rule<6>(node->rule,
-                       [&]<int kRule>() { analyse_parts<kRule>(*node, source, scratch, where); });
+                       [&]<int kRule>() { analyse_parts<kRule>(*node, source, scratch, to); });
 }
 }
 

@@ -66,19 +66,24 @@ class BlocksOfDfts {
     static constexpr int kPoints = 1 << kRule;
     using Table = TablePlaces<kRule>;
 
-    BlocksOfDfts(const env8& node, Real* destination, int groups)
-        : node_(node), destination_(destination), groups_(groups) {}
+    BlocksOfDfts(const env8& node, Real* destination, const ColumnGroups& where)
+        : node_(node),
+          destination_(destination + where.column),
+          groups_(where.groups),
+          step_(where.step == 0 ? node.step : where.step),
+          pitch_(where.pitch == 0 ? node.step : where.pitch) {}
 
     void run(const Real* scratch) {
         const Real* const outer = node_.table + node_.blocks * Table::kInner * kPlanLanes;
         QSVG_WRITTEN_OUT_ONCE for (int block = 0; block < node_.blocks; ++block) {
-            const Block at{scratch + block * node_.span,
+            const Block at{scratch + block * 2 * kPoints * pitch_,
                            node_.table + block * Table::kInner * kPlanLanes,
                            outer + block * Table::kOuter * kPlanLanes};
-            if (kIsDirect && node_.step == kTopRow && node_.quotient == kTopQuotient) {
+            const bool is_dense = pitch_ == kBatchElements;
+            if (kIsDirect && is_dense && step_ == kTopRow && node_.quotient == kTopQuotient) {
                 transform_direct(at, block);
             } else {
-                if (node_.step == kTopRow)
+                if (is_dense)
                     transform_adjacent_rows(at);
                 else
                     transform_distant_rows(at);
@@ -88,8 +93,8 @@ class BlocksOfDfts {
     }
 
   private:
-    /** Where the recursion is one split, its rows are addressed by constants, and where it is the
-     * shortest, those of the destination as well. */
+    /** Rows of scratch are addressed by constants, and where the recursion is the shortest split,
+     * those of the destination as well. */
     static constexpr PlanShape kShortest = plan_shape(kShortestSplit);
     static constexpr int kTopRow = kShortest.row() / 2;
     static constexpr int kTopQuotient = kShortest.split().part_points();
@@ -107,7 +112,7 @@ class BlocksOfDfts {
             destination_ + 2 * kTopRow * block,
             destination_ + 2 * kTopRow * (kTopQuotient - 1 - block)};
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
-            const BlockSource<kRule, AdjacentRows<kTopRow>> source{
+            const BlockSource<kRule, AdjacentRows<kBatchElements>> source{
                 {at.rows + i * kLanes}, at.inner, at.outer};
             Dft<kRule>::run(source, rows);
             rows.forward += kLanes;
@@ -117,7 +122,7 @@ class BlocksOfDfts {
 
     [[gnu::noinline]] void transform_adjacent_rows(const Block at) {
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
-            const BlockSource<kRule, AdjacentRows<kTopRow>> source{
+            const BlockSource<kRule, AdjacentRows<kBatchElements>> source{
                 {at.rows + i * kLanes}, at.inner, at.outer};
             Dft<kRule>::run(source, out_.group(i));
         }
@@ -128,7 +133,7 @@ class BlocksOfDfts {
         std::int32_t row = 0;
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < 2 * kPoints; ++i) {
             move_row(at.rows + row, in.row(i), groups_);
-            row += node_.step;
+            row += pitch_;
         }
         QSVG_WRITTEN_OUT_ONCE for (int i = 0; i < groups_; ++i) {
             const BlockSource<kRule, typename Batch<2 * kPoints>::Group> source{in.group(i),
@@ -140,15 +145,15 @@ class BlocksOfDfts {
     /** D[q] goes to row 2n'q + block, the conjugated D of the second half, from its end, to the
      * rows that mirror these. */
     void spread_block(int block) {
-        const std::int32_t between = 2 * node_.step * node_.quotient;
-        std::int32_t forward = 2 * node_.step * block;
-        std::int32_t backward = 2 * node_.step * (node_.quotient - 1 - block);
+        const std::int32_t between = 2 * step_ * node_.quotient;
+        std::int32_t forward = 2 * step_ * block;
+        std::int32_t backward = 2 * step_ * (node_.quotient - 1 - block);
         QSVG_WRITTEN_OUT_ONCE for (int q = 0; q < kPoints / 2; ++q) {
             move_row(out_.row(2 * q), destination_ + forward, groups_);
-            move_row(out_.row(2 * q + 1), destination_ + forward + node_.step, groups_);
+            move_row(out_.row(2 * q + 1), destination_ + forward + step_, groups_);
             const int last = kPoints - 1 - q;
             move_row(out_.row(2 * last), destination_ + backward, groups_);
-            move_row(out_.row(2 * last + 1), destination_ + backward + node_.step, groups_);
+            move_row(out_.row(2 * last + 1), destination_ + backward + step_, groups_);
             forward += between;
             backward += between;
         }
@@ -157,6 +162,8 @@ class BlocksOfDfts {
     const env8& node_;
     Real* const destination_;
     const int groups_;
+    const std::int32_t step_;
+    const std::int32_t pitch_;
     Batch<2 * kPoints> out_;
 };
 
@@ -165,8 +172,9 @@ class BlocksOfDfts {
 extern "C" QsvStatus COMPUTE(env8)(const env8* node, const Real* scratch, Real* destination,
                                    const ColumnGroups& where) {
     return for_rule<5>(node->rule, [&]<int kRule>() {
-        BlocksOfDfts<kRule>(*node, destination + where.column, where.groups)
-            .run(scratch + where.column);
+        // Dense rows are those of these columns alone.
+        BlocksOfDfts<kRule>(*node, destination, where)
+            .run(scratch + (where.pitch == 0 ? where.column : 0));
     });
 }
 
