@@ -16,7 +16,7 @@ enum class Spelling {
 /** What instructions on vectors take and give. */
 enum class Operands {
     OverwritesFirst,  ///< two, the first a register that becomes the result, the other anywhere
-    Registers,  ///< three registers: what is in memory is loaded first, nothing is overwritten
+    Registers,    ///< three registers: what is in memory is loaded first, nothing is overwritten
     OneInMemory,  ///< three, of which one may be in memory; nothing is overwritten
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
-/** @file @brief All targets and the levels that have kernels of their own, each in a file of its own. */
+/** @file @brief All targets and the levels that have kernels of their own, each in a file of its
+ * own. */
 
 #include <stdexcept>
 #include <string>
