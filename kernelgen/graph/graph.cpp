@@ -142,8 +142,9 @@ Ref Graph::flip(Ref a, const Selection& lanes) {
 }
 
 Ref Graph::positive(Ref a) {
-    constexpr Selection kAll = {1, 1, 1, 1, 1, 1, 1, 1};
-    return a.negative ? flip(-a, kAll) : a;
+    if (!a.negative) return a;
+    const bool has_eight = node(a.id).type == Type::Binary32x8;
+    return flip(-a, has_eight ? Selection{1, 1, 1, 1, 1, 1, 1, 1} : Selection{1, 1, 1, 1});
 }
 
 Ref Graph::shuffle(Ref a, Ref b, const Selection& selection) {
