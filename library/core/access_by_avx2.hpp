@@ -33,12 +33,4 @@ struct Wide {
     }
 };
 
-/** `v` with the signs changed where `mask`, a vector of zeros, has one. */
-inline Float8 flipped(Float8 v, Float8 mask) {
-    return _mm256_xor_ps(v, mask);
-}
-inline Double4 flipped(Double4 v, Double4 mask) {
-    return _mm256_xor_pd(v, mask);
-}
-
 }  // namespace core

@@ -29,43 +29,55 @@ using namespace dct4::QSVG_ELEMENT;
 namespace dct4::QSVG_VECTORS {
 
 #ifdef QSVG_IS_WIDE
-using Vector = decltype(core::Wide::load(static_cast<const Real*>(nullptr)));
+using OnBoundary = core::Wide;
+using Anywhere = core::Wide;
 #else
-/** What a load gives. */
-using Vector = decltype(core::Aligned::load(static_cast<const Real*>(nullptr)));
+using OnBoundary = core::Aligned;
+using Anywhere = core::Unaligned;
 #endif
+/** What a load gives. */
+using Vector = decltype(OnBoundary::load(static_cast<const Real*>(nullptr)));
 
 /** Lanes of a vector: adjacent columns or blocks, each a transform of its own. */
 constexpr std::int32_t kLanes = sizeof(Vector) / sizeof(Real);
+/** Groups of as many columns or blocks as plans have lanes, in a vector. */
+constexpr std::int32_t kGroups = kLanes / kPlanLanes;
+
+inline Vector load(const Real* p) {
+    return OnBoundary::load(p);
+}
+inline void store(Real* p, Vector v) {
+    OnBoundary::store(p, v);
+}
+inline Vector load_unaligned(const Real* p) {
+    return Anywhere::load(p);
+}
+inline void store_unaligned(Real* p, Vector v) {
+    Anywhere::store(p, v);
+}
+
+/** A slot of a table, which holds one value for all columns. */
+inline Vector load_slot(const Real* slot) {
+#ifdef QSVG_IS_WIDE
+    return core::Wide::load_twice(slot);
+#else
+    return load(slot);
+#endif
+}
+/** As many elements as plans have lanes, for the first group, and for a second those `apart`
+ * behind. */
+inline Vector load_groups(const Real* first, [[maybe_unused]] std::int32_t apart) {
+#ifdef QSVG_IS_WIDE
+    return core::Wide::load_halves(first, first + apart);
+#else
+    return load(first);
+#endif
+}
 
 #ifdef QSVG_IS_WIDE
 
-inline Vector load(const Real* p) {
-    return core::Wide::load(p);
-}
-inline void store(Real* p, Vector v) {
-    core::Wide::store(p, v);
-}
-inline Vector load_unaligned(const Real* p) {
-    return core::Wide::load(p);
-}
-inline void store_unaligned(Real* p, Vector v) {
-    core::Wide::store(p, v);
-}
-/** A slot of a table, which holds one value for all columns. */
-inline Vector load_slot(const Real* slot) {
-    return core::Wide::load_twice(slot);
-}
-/** As many elements as plans have lanes, for the first of them and for those `apart` behind. */
-inline Vector load_groups(const Real* first, std::int32_t apart) {
-    return core::Wide::load_halves(first, first + apart);
-}
-
 inline Vector in_each_piece(const Real* constants) {
     return core::Wide::load_twice(constants);
-}
-inline Vector flipped(Vector v, Vector mask) {
-    return core::flipped(v, mask);
 }
 
 #if QSVG_REAL_BITS == 32
@@ -95,24 +107,6 @@ inline Vector shuffled(Vector v, Vector w) {
 
 #else
 
-inline Vector load(const Real* p) {
-    return core::Aligned::load(p);
-}
-inline void store(Real* p, Vector v) {
-    core::Aligned::store(p, v);
-}
-inline Vector load_unaligned(const Real* p) {
-    return core::Unaligned::load(p);
-}
-inline void store_unaligned(Real* p, Vector v) {
-    core::Unaligned::store(p, v);
-}
-inline Vector load_slot(const Real* slot) {
-    return core::Aligned::load(slot);
-}
-inline Vector load_groups(const Real* first, std::int32_t /*apart*/) {
-    return core::Aligned::load(first);
-}
 #if QSVG_REAL_BITS == 32
 /** The same value in all lanes. */
 inline Vector in_all_lanes(Real value) {
@@ -132,8 +126,5 @@ inline Vector reversed(Vector v) {
 #endif
 
 #endif
-
-/** Groups of as many columns or blocks as plans have lanes, in a vector. */
-constexpr std::int32_t kGroups = kLanes / kPlanLanes;
 
 }  // namespace dct4::QSVG_VECTORS

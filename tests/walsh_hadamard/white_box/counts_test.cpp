@@ -52,7 +52,7 @@ TEST(WalshHadamardCounts, OfAWholeTransformAreHalfOfKTimesNSumsAndAsManyDifferen
     });
 }
 
-// Rows of so many elements, and as many vectors as a transpose takes.
+// The shortest rows, of 32 and of 8 elements, hold as many vectors as a transpose takes.
 TEST(WalshHadamardCounts, OfALevelWithLongerVectorsAreHalfOfThoseWhereRowsAreLongEnough) {
     for_each_row([](const Row& row, const Kernel& kernel) {
         const Kernel wide = described_kernel(row.order, kernel.element, kernelgen::kX86_64_v3);
