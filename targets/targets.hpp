@@ -10,10 +10,11 @@
 #include "targets/ia32.hpp"
 #include "targets/x86_64.hpp"
 #include "targets/x86_64_v3.hpp"
+#include "targets/x86_64_v4.hpp"
 
 namespace kernelgen {
 
-inline constexpr Target kTargets[] = {kIa32, kX86_64, kX86_64_v3, kAarch64};
+inline constexpr Target kTargets[] = {kIa32, kX86_64, kX86_64_v3, kX86_64_v4, kAarch64};
 
 /** The one whose kernels' results are the promise: those of all others have the same bits. */
 inline constexpr const Target& kReference = kTargets[0];

@@ -39,11 +39,17 @@ inline kernelgen::Type vector_type(RealElement element) {
                                           : kernelgen::Type::Binary64x2;
 }
 
-/** Of 16 or 32 bytes. */
+/** Of 16, 32 or 64 bytes. */
 inline kernelgen::Type vector_type(RealElement element, int vector_bytes) {
-    if (vector_bytes == 16) return vector_type(element);
-    return element == RealElement::Real32 ? kernelgen::Type::Binary32x8
-                                          : kernelgen::Type::Binary64x4;
+    const bool single = element == RealElement::Real32;
+    switch (vector_bytes) {
+        case 64:
+            return single ? kernelgen::Type::Binary32x16 : kernelgen::Type::Binary64x8;
+        case 32:
+            return single ? kernelgen::Type::Binary32x8 : kernelgen::Type::Binary64x4;
+        default:
+            return vector_type(element);
+    }
 }
 
 /** Elements in a vector of 16 bytes. */

@@ -209,8 +209,8 @@ class Emitter {
     std::string definitions() const {
         if (order_of_vectors_.empty()) return {};
         const bool single = is_binary32(vector_type_);
-        std::string text = std::string("alignas(") + (is_wide(vector_type_) ? "32" : "16") +
-                           ") constexpr " + (single ? "float" : "double") + " kConstants[][" +
+        std::string text = "alignas(" + std::to_string(byte_count(vector_type_)) + ") constexpr " +
+                           (single ? "float" : "double") + " kConstants[][" +
                            std::to_string(lane_count(vector_type_)) + "] = {\n";
         for (const std::string& values : order_of_vectors_) text += "    {" + values + "},\n";
         return text + "};\n";

@@ -69,13 +69,21 @@ std::string type_name(Type type, const Target& target) {
             return "core::Float8";
         case Type::Binary64x4:
             return "core::Double4";
+        case Type::Binary32x16:
+            return "core::Float16";
+        case Type::Binary64x8:
+            return "core::Double8";
     }
     return {};
 }
 
+std::string wide_access(Type type) {
+    return byte_count(type) == 64 ? "core::Widest" : "core::Wide";
+}
+
 std::string aligned_load(Type type, const Target& target) {
     if (in_pieces(target)) return "in_each_piece";
-    if (is_wide(type)) return "core::Wide::load";
+    if (is_wide(type)) return wide_access(type) + "::load";
     return by_intrinsics(target) ? std::string("_mm_load_") + suffix(type) : "core::Aligned::load";
 }
 

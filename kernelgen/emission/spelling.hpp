@@ -12,6 +12,9 @@ namespace kernelgen {
 /** The type of values of `type`: float, __m128. */
 std::string type_name(Type type, const Target& target);
 
+/** What moves whole vectors of more than 16 bytes, wherever they stand. */
+std::string wide_access(Type type);
+
 /** What loads a whole vector from an address on a vector's boundary. */
 std::string aligned_load(Type type, const Target& target);
 

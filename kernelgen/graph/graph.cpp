@@ -16,17 +16,26 @@ int lane_count(Type type) {
             return 8;
         case Type::Binary64x4:
             return 4;
+        case Type::Binary32x16:
+            return 16;
+        case Type::Binary64x8:
+            return 8;
         default:
             return 1;
     }
 }
 
 bool is_binary32(Type type) {
-    return type == Type::Binary32 || type == Type::Binary32x4 || type == Type::Binary32x8;
+    return type == Type::Binary32 || type == Type::Binary32x4 || type == Type::Binary32x8 ||
+           type == Type::Binary32x16;
+}
+
+int byte_count(Type type) {
+    return lane_count(type) * (is_binary32(type) ? 4 : 8);
 }
 
 bool is_wide(Type type) {
-    return type == Type::Binary32x8 || type == Type::Binary64x4;
+    return byte_count(type) > 16;
 }
 
 bool is_load(Op op) {
@@ -143,8 +152,9 @@ Ref Graph::flip(Ref a, const Selection& lanes) {
 
 Ref Graph::positive(Ref a) {
     if (!a.negative) return a;
-    const bool has_eight = node(a.id).type == Type::Binary32x8;
-    return flip(-a, has_eight ? Selection{1, 1, 1, 1, 1, 1, 1, 1} : Selection{1, 1, 1, 1});
+    Selection all = {1, 1, 1, 1};
+    std::fill_n(all.begin(), lane_count(node(a.id).type), std::uint8_t{1});
+    return flip(-a, all);
 }
 
 Ref Graph::shuffle(Ref a, Ref b, const Selection& selection) {

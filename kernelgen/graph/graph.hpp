@@ -30,14 +30,17 @@ enum class Type : std::uint8_t {
     Binary64x2,
     Binary32x8,
     Binary64x4,
+    Binary32x16,
+    Binary64x8,
 };
 
 /** Of any type. */
-inline constexpr int kMostLanes = 8;
+inline constexpr int kMostLanes = 16;
 
 int lane_count(Type type);
 bool is_binary32(Type type);
-/** Vectors of 32 bytes. */
+int byte_count(Type type);
+/** Vectors of more than 16 bytes. */
 bool is_wide(Type type);
 
 enum class Op : std::uint8_t {

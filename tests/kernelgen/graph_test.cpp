@@ -270,4 +270,10 @@ TEST_F(GraphTest, APositiveValueIsTurnedOverWhereItsReferenceIsNegative) {
     EXPECT_EQ(node(turned).selection, (kernelgen::Selection{1, 1, 1, 1}));
 }
 
+TEST_F(GraphTest, APositiveValueIsTurnedOverInAllLanesOfALongVector) {
+    kernelgen::Selection all;
+    all.fill(1);
+    EXPECT_EQ(node(g_.positive(-g_.load(Type::Binary32x16, 0))).selection, all);
+}
+
 }  // namespace

@@ -102,9 +102,54 @@ TEST(VectorTypes, OfThirtyTwoBytesHaveConstantsOfAsMany) {
         << body.statements;
 }
 
-// In each 16 bytes, so that no lane crosses from one half of a vector to the other.
-TEST(Transpose, OfVectorsOfThirtyTwoBytesIsOneInEachHalf) {
+TEST(VectorTypes, OfSixtyFourBytesAreLoadedWholeOrAsTwoHalves) {
+    Graph g;
+    const Ref whole = g.load(Type::Binary32x16, 8);
+    const Ref halves = g.load_high(g.load_low(Type::Binary32x16, 0), 32);
+    g.store(g.add(whole, halves), 16);
+    EXPECT_EQ(kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kX86_64_v4).statements,
+              "    const core::Float16 v0 = Memory::load(x + 8);\n"
+              "    const core::Float16 v1 = Memory::load_halves(x + 0, x + 32);\n"
+              "    const core::Float16 v2 = v0 + v1;\n"
+              "    Memory::store(y + 16, v2);\n");
+}
+
+TEST(VectorTypes, OfSixtyFourBytesHaveConstantsOfAsMany) {
+    Graph g;
+    const Ref x = g.load(Type::Binary64x8, 0);
+    std::vector<Exact> factors;
+    for (int lane = 0; lane < 8; ++lane) factors.push_back(Exact::rational(lane + 2));
+    g.store(g.mul(x, factors), 0);
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kX86_64_v4);
+    EXPECT_EQ(
+        body.constants,
+        "alignas(64) constexpr double kConstants[][8] = {\n"
+        "    {0x1p+1, 0x1.8p+1, 0x1p+2, 0x1.4p+2, 0x1.8p+2, 0x1.cp+2, 0x1p+3, 0x1.2p+3},\n};\n");
+    EXPECT_NE(
+        body.statements.find("const core::Double8 v1 = v0 * core::Widest::load(kConstants[0])"),
+        std::string::npos)
+        << body.statements;
+}
+
+TEST(VectorTypes, HaveAsManyBytesAsTheirLanes) {
+    for (const Type type : {Type::Binary32x4, Type::Binary64x2}) {
+        EXPECT_EQ(kernelgen::byte_count(type), 16);
+        EXPECT_FALSE(kernelgen::is_wide(type));
+    }
     for (const Type type : {Type::Binary32x8, Type::Binary64x4}) {
+        EXPECT_EQ(kernelgen::byte_count(type), 32);
+        EXPECT_TRUE(kernelgen::is_wide(type));
+    }
+    for (const Type type : {Type::Binary32x16, Type::Binary64x8}) {
+        EXPECT_EQ(kernelgen::byte_count(type), 64);
+        EXPECT_TRUE(kernelgen::is_wide(type));
+    }
+}
+
+// So that no lane crosses from one piece of a vector to another.
+TEST(Transpose, OfLongerVectorsIsOneInEachSixteenBytes) {
+    for (const Type type :
+         {Type::Binary32x8, Type::Binary64x4, Type::Binary32x16, Type::Binary64x8}) {
         Graph g;
         const int lanes = kernelgen::lane_count(type);
         const int piece = kernelgen::lanes_in_piece(type);
@@ -198,7 +243,7 @@ TEST(Targets, AreFoundByTheirNames) {
         kernelgen::target_named("z80");
         FAIL() << "nothing was thrown";
     } catch (const std::invalid_argument& error) {
-        EXPECT_STREQ("there is no target z80; there are ia32 x86-64 x86-64-v3 aarch64",
+        EXPECT_STREQ("there is no target z80; there are ia32 x86-64 x86-64-v3 x86-64-v4 aarch64",
                      error.what());
     }
 }

@@ -56,14 +56,17 @@ std::string type_name(const Kernel& kernel) {
 /** A specialisation of the class template by rule, in the namespace of the element and of its
  * vectors: longer ones hold several of the graph's, each in a piece of its own. */
 std::string place_body(const Kernel& kernel) {
-    const bool is_wide = kernel.target.vector_bytes > 16;
+    const int bytes = kernel.target.vector_bytes;
     kernelgen::Target target = kernel.target;
-    if (is_wide) target.spelling = kernelgen::Spelling::Pieces;
+    if (bytes > 16) target.spelling = kernelgen::Spelling::Pieces;
     const kernelgen::EmittedBody code =
         kernelgen::emit_between_places(kernel.graph, schedule_of(kernel).order, target);
     std::string text = std::string("namespace dct4::") +
                        (kernel.element == Element::Real32 ? "real32" : "real64") +
-                       (is_wide ? "_wide" : "") + " {\n\n";
+                       (bytes == 64   ? "_widest"
+                        : bytes == 32 ? "_wide"
+                                      : "") +
+                       " {\n\n";
     if (!code.constants.empty())
         text += "namespace " + kernel.stem() + " {\n" + code.constants + "}  // namespace " +
                 kernel.stem() + "\n\n";
