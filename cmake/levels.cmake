@@ -28,12 +28,12 @@ foreach(level IN LISTS QSVG_LEVELS)
             include(${PROJECT_SOURCE_DIR}/targets/${level}.cmake)
         endif()
         if(NOT QSVG_SINGLES_OF IN_LIST QSVG_LEVELS)
-            message(FATAL_ERROR "Level ${level} has the single transforms of ${QSVG_SINGLES_OF}:"
+            message(FATAL_ERROR "Level ${level} has the complex, real and Hartley kernels of ${QSVG_SINGLES_OF}:"
                                 " name that level, too, in QSVG_LEVELS_ABOVE.")
         endif()
         level_suffix(${level} suffix)
         level_suffix(${QSVG_SINGLES_OF} singles)
-        set(QSVG_SINGLES${suffix} "${singles}" CACHE INTERNAL "Behind the names of a level's single transforms")
+        set(QSVG_SINGLES${suffix} "${singles}" CACHE INTERNAL "Behind the names of a level's kernels of 16 bytes")
         add_library(level_code${suffix} INTERFACE)
         target_compile_options(level_code${suffix} INTERFACE ${QSVG_LEVEL_OPTIONS})
         target_compile_definitions(
@@ -43,7 +43,8 @@ foreach(level IN LISTS QSVG_LEVELS)
     endblock()
 endforeach()
 
-# Levels whose single transforms have machine code of their own.
+# Levels whose complex, real and Hartley kernels, of 16 bytes, have machine code of their own. Families that fill a
+# level's vectors have kernels for each of QSVG_LEVELS.
 set(QSVG_LEVELS_OF_SINGLES "")
 foreach(level IN LISTS QSVG_LEVELS)
     level_suffix(${level} suffix)

@@ -26,6 +26,9 @@ using TwoFloats [[gnu::may_alias]] = double;
 #ifdef __AVX2__
 #include "core/access_by_avx2.hpp"
 #endif
+#ifdef __AVX512F__
+#include "core/access_by_avx512.hpp"
+#endif
 
 namespace core {
 

@@ -1,5 +1,6 @@
 #include "transforms/walsh_hadamard/bodies.hpp"
 
+#include <array>
 #include <vector>
 
 #include "kernelgen/graph/transpose.hpp"
@@ -55,20 +56,38 @@ Values load_halves(Graph& graph, Type type, std::size_t count, int apart) {
     return x;
 }
 
+/** Of two vectors, one after the other in runs of `run` lanes: what picks the even runs of both,
+ * and what the odd. */
+std::array<kernelgen::Selection, 2> exchanged_runs(const Graph& graph, Ref vector, int run) {
+    const int count = kernelgen::lane_count(graph.node(vector.id).type);
+    std::array<kernelgen::Selection, 2> runs = {};
+    for (int lane = 0; lane < count; ++lane) {
+        const int from = (lane & run) == 0 ? lane : lane + count - run;
+        runs[0].at(static_cast<std::size_t>(lane)) = static_cast<std::uint8_t>(from);
+        runs[1].at(static_cast<std::size_t>(lane)) = static_cast<std::uint8_t>(from + run);
+    }
+    return runs;
+}
+
+/** Of each two vectors, one of even and one of odd runs: elements that were lanes `run` apart are
+ * the same lane of the two then. Done once more, each is where it was. */
+void exchange_runs(Graph& graph, Values& v, int run) {
+    const auto [even, odd] = exchanged_runs(graph, v[0], run);
+    for (std::size_t i = 0; i < v.size(); i += 2) {
+        const Ref a = v[i];
+        const Ref b = v[i + 1];
+        v[i] = graph.shuffle(a, b, even);
+        v[i + 1] = graph.shuffle(a, b, odd);
+    }
+}
+
 /** Of each two vectors, one of their low halves, behind all of these one of their high halves. */
 Values with_low_halves_first(Graph& graph, const Values& v) {
-    const auto count = static_cast<std::size_t>(kernelgen::lane_count(graph.node(v[0].id).type));
-    kernelgen::Selection low = {};
-    kernelgen::Selection high = {};
-    for (std::size_t lane = 0; lane < count; ++lane) {
-        const std::size_t from = lane < count / 2 ? lane : lane + count / 2;
-        low.at(lane) = static_cast<std::uint8_t>(from);
-        high.at(lane) = static_cast<std::uint8_t>(from + count / 2);
-    }
+    const int half = kernelgen::lane_count(graph.node(v[0].id).type) / 2;
     Values result;
-    for (const kernelgen::Selection& half : {low, high}) {
+    for (const kernelgen::Selection& lanes : exchanged_runs(graph, v[0], half)) {
         for (std::size_t i = 0; i < v.size(); i += 2)
-            result.push_back(graph.shuffle(v[i], v[i + 1], half));
+            result.push_back(graph.shuffle(v[i], v[i + 1], lanes));
     }
     return result;
 }
@@ -92,11 +111,21 @@ Graph row_body(Element element, int stages, Scaling scaling, int vector_bytes) {
     const bool is_wide = kernelgen::is_wide(type);
     Values v =
         is_wide ? load_halves(graph, type, count, elements / 2) : load(graph, type, count, width);
-    // In a transposed block, elements a stride apart are the same lane of vectors a stride apart.
-    transpose(graph, element, v);
-    for (std::size_t stride = 1; stride < static_cast<std::size_t>(lanes(element)); stride *= 2)
-        stage(graph, v, stride);
-    transpose(graph, element, v);
+    int run = 1;
+    if (v.size() >= static_cast<std::size_t>(lanes(element))) {
+        // In a transposed block, elements a stride apart are the same lane of vectors a stride
+        // apart.
+        run = lanes(element);
+        transpose(graph, element, v);
+        for (std::size_t stride = 1; stride < static_cast<std::size_t>(run); stride *= 2)
+            stage(graph, v, stride);
+        transpose(graph, element, v);
+    }
+    for (; run < width / 2; run *= 2) {
+        exchange_runs(graph, v, run);
+        stage(graph, v, 1);
+        exchange_runs(graph, v, run);
+    }
     for (std::size_t distance = 1; distance < v.size(); distance *= 2) stage(graph, v, distance);
     if (is_wide) {
         v = with_low_halves_first(graph, v);
@@ -114,8 +143,10 @@ Graph column_body(Element element, int stages, int stride, Scaling scaling, int 
     return graph;
 }
 
-bool has_row_body(Element element, int stages, int vector_bytes) {
-    return 1 << stages >= lanes(element, vector_bytes) * lanes(element);
+int bytes_of_single_row(Element element, int stages, int vector_bytes) {
+    while (vector_bytes > 16 && 1 << stages < lanes(element, vector_bytes) * lanes(element))
+        vector_bytes /= 2;
+    return vector_bytes;
 }
 
 }  // namespace walsh_hadamard

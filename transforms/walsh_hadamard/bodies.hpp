@@ -31,8 +31,9 @@ kernelgen::Graph scalar_body(Element element, int order);
 /**
  * The stages of strides 1 to 2^(stages - 1) of 2^stages contiguous elements in vectors. Strides
  * shorter than 16 bytes run between blocks of vectors that are transposed, and transposed back. A
- * vector of 32 bytes holds two pieces that meet in the last stage, half of the elements apart, and
- * becomes contiguous before it.
+ * vector of more bytes holds two halves that meet in the last stage, half of the elements apart,
+ * and becomes contiguous before it. Where a half has more than 16 bytes, or the vectors are too few
+ * for a block, strides within it run between pairs of vectors that exchange lanes, and do so again.
  */
 kernelgen::Graph row_body(Element element, int stages, Scaling scaling, int vector_bytes = 16);
 
@@ -40,7 +41,8 @@ kernelgen::Graph row_body(Element element, int stages, Scaling scaling, int vect
 kernelgen::Graph column_body(Element element, int stages, int stride, Scaling scaling,
                              int vector_bytes = 16);
 
-/** Whether a row of 2^stages elements is long enough for these vectors. */
-bool has_row_body(Element element, int stages, int vector_bytes);
+/** Bytes of the longest vectors, up to those of a target, of which a row of 2^stages elements holds
+ * a whole block to transpose. */
+int bytes_of_single_row(Element element, int stages, int vector_bytes);
 
 }  // namespace walsh_hadamard

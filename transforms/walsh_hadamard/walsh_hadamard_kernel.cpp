@@ -49,7 +49,9 @@ std::string Kernel::twin_name() const {
 
 Kernel described_kernel(int order, Element element, const kernelgen::Target& target) {
     const std::vector<int> s = stages_of(order, element);
-    const int bytes = has_row_body(element, s[0], target.vector_bytes) ? target.vector_bytes : 16;
+    // A row alone waits for its exchanges one by one, of many rows they fill each other's gaps.
+    const int bytes = s.size() == 1 ? bytes_of_single_row(element, order, target.vector_bytes)
+                                    : target.vector_bytes;
     Kernel kernel{target, order, element, s, bytes};
     if (is_scalar(order, element)) {
         kernel.bodies = {{"transform", scalar_body(element, order), Scaling::Last}};

@@ -25,7 +25,7 @@ struct Kernel {
     int order;
     Element element;
     std::vector<int> stages;
-    int vector_bytes;               ///< 16, or where rows are long enough those of the target
+    int vector_bytes;               ///< those of the target, or fewer in a row that is too short
     std::vector<Body> bodies = {};  ///< one for each number of stages
     std::string option = {};        ///< of GCC, or empty
 

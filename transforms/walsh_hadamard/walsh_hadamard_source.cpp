@@ -15,16 +15,22 @@ using std::to_string;
 /** How a kernel's vectors are spelled in the library's code. */
 struct Spelling {
     kernelgen::Type vector;
-    const char* work;       ///< access to the work buffer
-    const char* unaligned;  ///< and to arrays anywhere
+    std::string work;       ///< access to the work buffer
+    std::string unaligned;  ///< and to arrays anywhere
+    std::string scale;      ///< what loads the scale factor into all lanes
 };
 
 Spelling spelling(const Kernel& kernel) {
     const kernelgen::Type vector = vector_type(kernel.element, kernel.vector_bytes);
-    if (kernel.is_wide()) return {vector, "core::Wide", "core::Wide"};
+    if (kernel.is_wide()) {
+        const std::string access = kernelgen::wide_access(vector);
+        return {vector, access, access,
+                access + (kernel.vector_bytes == 64 ? "::load_four_times" : "::load_twice")};
+    }
     // Unaligned vectors of binary64 are written as two halves, of which compilers make one move.
     return {vector, "core::Aligned",
-            kernel.element == Element::Real32 ? "core::Unaligned" : "core::Halves"};
+            kernel.element == Element::Real32 ? "core::Unaligned" : "core::Halves",
+            kernelgen::aligned_load(vector, kernel.target)};
 }
 
 std::string stages_text(const Kernel& kernel) {
@@ -90,14 +96,13 @@ std::string passes_function(const Kernel& kernel) {
     const std::string length = to_string(kernel.length());
     const std::string row = to_string(1 << stages[0]);
     const std::string width = to_string(kernel.width());
-    const std::string work = s.work;
     const std::string block = to_string(big_block(kernel.order, kernel.element));
     std::string text = "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
                        arrays(kernel, "src", "dst") + ", " +
                        kernelgen::type_name(s.vector, kernel.target) + " scale, " +
                        real_name(kernel.element) +
-                       "* work) {\n    using Rows = core::Between<Memory, " + work +
-                       ">;\n    using Columns = core::Between<" + work + ", Memory>;\n";
+                       "* work) {\n    using Rows = core::Between<Memory, " + s.work +
+                       ">;\n    using Columns = core::Between<" + s.work + ", Memory>;\n";
     if (stages.size() == 2)
         return text + "    QSVG_FOR_EACH_BLOCK(i, " + length + ", " + row +
                ") row<Rows>(src + i, work + i);\n    QSVG_FOR_EACH_BLOCK(c, " + row + ", " + width +
@@ -106,7 +111,7 @@ std::string passes_function(const Kernel& kernel) {
            ";\n    QSVG_FOR_EACH_BLOCK(b, " + length + ", " + block +
            ") {\n        QSVG_FOR_EACH_BLOCK(i, " + block + ", " + row +
            ") row<Rows>(src + b + i, temporary + i);\n        QSVG_FOR_EACH_BLOCK(c, " + row +
-           ", " + width + ")\n        middle_columns<" + work +
+           ", " + width + ")\n        middle_columns<" + s.work +
            ">(temporary + c, work + b + c);\n    }\n"
            "    QSVG_FOR_EACH_BLOCK(c, " +
            block + ", " + width + ") final_columns<Columns>(work + c, dst + c, scale);\n}\n";
@@ -123,10 +128,7 @@ constexpr const char* kCheck =
 
 std::string transform_call(const Kernel& kernel, const std::string& memory) {
     if (is_scalar(kernel.order, kernel.element)) return "transform(src, dst, *kScales[flag]);\n";
-    const std::string load = kernel.is_wide()
-                                 ? "core::Wide::load_twice"
-                                 : kernelgen::aligned_load(spelling(kernel).vector, kernel.target);
-    return "transform<" + memory + ">(src, dst, " + load + "(kScales[flag])" +
+    return "transform<" + memory + ">(src, dst, " + spelling(kernel).scale + "(kScales[flag])" +
            (kernel.has_passes() ? ", work.begin()" : "") + ");\n";
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 #include "tests/walsh_hadamard/white_box/support/expected_counts.hpp"
@@ -52,21 +53,37 @@ TEST(WalshHadamardCounts, OfAWholeTransformAreHalfOfKTimesNSumsAndAsManyDifferen
     });
 }
 
-// The shortest rows, of 32 and of 8 elements, hold as many vectors as a transpose takes.
-TEST(WalshHadamardCounts, OfALevelWithLongerVectorsAreHalfOfThoseWhereRowsAreLongEnough) {
+// The shortest transforms in vectors of 32 bytes, of 32 and of 8 elements, and those in vectors of
+// 64 hold as many vectors as a transpose takes.
+TEST(WalshHadamardVectors, AreThoseOfALevelWhereATransformIsLongEnough) {
     for_each_row([](const Row& row, const Kernel& kernel) {
-        const Kernel wide = described_kernel(row.order, kernel.element, kernelgen::kX86_64_v3);
+        const int shortest = kernel.element == Element::Real32 ? 5 : 3;
+        const auto bytes = [&](const kernelgen::Target& target) {
+            return described_kernel(row.order, kernel.element, target).vector_bytes;
+        };
+        const int of_v3 = row.order >= shortest ? 32 : 16;
+        EXPECT_EQ(16, bytes(kernelgen::kX86_64)) << kernel.name();
+        EXPECT_EQ(of_v3, bytes(kernelgen::kX86_64_v3)) << kernel.name();
+        EXPECT_EQ(row.order > shortest ? 64 : of_v3, bytes(kernelgen::kX86_64_v4)) << kernel.name();
+    });
+}
+
+TEST(WalshHadamardCounts, OfLongerVectorsAreFewerByAsMuch) {
+    for_each_row([](const Row& row, const Kernel& kernel) {
         const bool single = kernel.element == Element::Real32;
-        EXPECT_EQ(row.order >= (single ? 5 : 3), wide.is_wide()) << kernel.name();
-        if (!wide.is_wide()) return;
-        for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
-            // A column of longer vectors is as many columns more.
-            const int times = i == 0 ? 2 : 1;
-            const kernelgen::Counts narrow = kernelgen::count(kernel.bodies[i].graph, single);
-            const kernelgen::Counts c = kernelgen::count(wide.bodies[i].graph, single);
-            EXPECT_EQ(narrow.sums, times * c.sums) << kernel.name() << ", body " << i;
-            EXPECT_EQ(narrow.differences, times * c.differences) << kernel.name() << ", body " << i;
-            EXPECT_EQ(narrow.products, times * c.products) << kernel.name() << ", body " << i;
+        for (const kernelgen::Target& level : {kernelgen::kX86_64_v3, kernelgen::kX86_64_v4}) {
+            const Kernel wide = described_kernel(row.order, kernel.element, level);
+            for (std::size_t i = 0; i < kernel.bodies.size(); ++i) {
+                // A column of longer vectors is as many columns more.
+                const int times = i == 0 ? wide.vector_bytes / 16 : 1;
+                const std::string what = kernel.name() + " of " + std::string(level.name) +
+                                         ", body " + std::to_string(i);
+                const kernelgen::Counts narrow = kernelgen::count(kernel.bodies[i].graph, single);
+                const kernelgen::Counts c = kernelgen::count(wide.bodies[i].graph, single);
+                EXPECT_EQ(narrow.sums, times * c.sums) << what;
+                EXPECT_EQ(narrow.differences, times * c.differences) << what;
+                EXPECT_EQ(narrow.products, times * c.products) << what;
+            }
         }
     });
 }
