@@ -19,9 +19,11 @@ template <class Run>
 }
 
 /** Up to this length the eight rows of a part, up to 4096 bytes apart, keep their lines from group
- * to group without being brought together; the twice as long rows of longer vectors do, too. */
-constexpr int kLongestDirect =
-    sizeof(Real) == 4 || kGroups > 1 ? 2 * kShortestSplit : kShortestSplit;
+ * to group without being brought together; the twice as long rows of longer vectors do, too. A
+ * vector of a whole line leaves nothing of it to the next group. */
+constexpr int kLongestDirect = sizeof(Vector) == 64               ? 16 * kShortestSplit
+                               : sizeof(Real) == 4 || kGroups > 1 ? 2 * kShortestSplit
+                                                                  : kShortestSplit;
 
 template <int kRule>
 void analyse_parts(const env9& node, const Real* source, Real* scratch, const ColumnGroups& where) {

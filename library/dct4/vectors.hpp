@@ -2,38 +2,51 @@
 
 /**
  * @file
- * @brief The vectors that a source of the DCT-IV is compiled for: of 16 bytes, or with QSVG_IS_WIDE
- * of 32.
+ * @brief The vectors that a source of the DCT-IV is compiled for: of QSVG_STAGE_BYTES 16, or at
+ * levels that have them of 32 or 64.
  *
  * What differs by them stands in a namespace of its own, dct4::QSVG_VECTORS, or carries it in its
- * name: COMPUTE(env5) is owngDCT4_32fw7_env5_compute or owngDCT4_32fw7_env5_compute_wide.
+ * name: COMPUTE(env5) is owngDCT4_32fw7_env5_compute, owngDCT4_32fw7_env5_compute_wide or
+ * owngDCT4_32fw7_env5_compute_widest.
  */
+
+#include <utility>
 
 #include "dct4/element.hpp"
 
-#ifdef QSVG_IS_WIDE
-#if QSVG_REAL_BITS == 32
-#define QSVG_VECTORS real32_wide
-#else
-#define QSVG_VECTORS real64_wide
+#ifndef QSVG_STAGE_BYTES
+#define QSVG_STAGE_BYTES 16
 #endif
-#define COMPUTE(name) DCT4(name##_compute_wide)
+
+#if QSVG_STAGE_BYTES == 16
+#define QSVG_NAME_BY_WIDTH(name) name
+#elif QSVG_STAGE_BYTES == 32
+#define QSVG_NAME_BY_WIDTH(name) name##_wide
+#elif QSVG_STAGE_BYTES == 64
+#define QSVG_NAME_BY_WIDTH(name) name##_widest
+#else
+#error "QSVG_STAGE_BYTES is 16, 32 or 64"
+#endif
+/** Of a name that is a macro itself. */
+#define QSVG_BY_WIDTH(name) QSVG_NAME_BY_WIDTH(name)
+#define QSVG_VECTORS QSVG_BY_WIDTH(QSVG_ELEMENT)
+#define COMPUTE(name) QSVG_BY_WIDTH(DCT4(name##_compute))
+
 namespace dct4::QSVG_VECTORS {
+
+#if QSVG_STAGE_BYTES > 16
 using namespace dct4::QSVG_ELEMENT;
-}
-#else
-#define QSVG_VECTORS QSVG_ELEMENT
-#define COMPUTE(name) DCT4(name##_compute)
 #endif
 
-namespace dct4::QSVG_VECTORS {
-
-#ifdef QSVG_IS_WIDE
+#if QSVG_STAGE_BYTES == 16
+using OnBoundary = core::Aligned;
+using Anywhere = core::Unaligned;
+#elif QSVG_STAGE_BYTES == 32
 using OnBoundary = core::Wide;
 using Anywhere = core::Wide;
 #else
-using OnBoundary = core::Aligned;
-using Anywhere = core::Unaligned;
+using OnBoundary = core::Widest;
+using Anywhere = core::Widest;
 #endif
 /** What a load gives. */
 using Vector = decltype(OnBoundary::load(static_cast<const Real*>(nullptr)));
@@ -58,72 +71,68 @@ inline void store_unaligned(Real* p, Vector v) {
 
 /** A slot of a table, which holds one value for all columns. */
 inline Vector load_slot(const Real* slot) {
-#ifdef QSVG_IS_WIDE
+#if QSVG_STAGE_BYTES == 16
+    return load(slot);
+#elif QSVG_STAGE_BYTES == 32
     return core::Wide::load_twice(slot);
 #else
-    return load(slot);
+    return core::Widest::load_four_times(slot);
 #endif
 }
-/** As many elements as plans have lanes, for the first group, and for a second those `apart`
+/** As many elements as plans have lanes, for the first group, and for each other one those `apart`
  * behind. */
 inline Vector load_groups(const Real* first, [[maybe_unused]] std::int32_t apart) {
-#ifdef QSVG_IS_WIDE
+#if QSVG_STAGE_BYTES == 16
+    return load(first);
+#elif QSVG_STAGE_BYTES == 32
     return core::Wide::load_halves(first, first + apart);
 #else
-    return load(first);
+    return core::Widest::load_quarters(first, apart);
 #endif
 }
 
-#ifdef QSVG_IS_WIDE
+using EachLane = std::make_integer_sequence<int, kLanes>;
+
+template <int... kLane>
+inline Vector reversed(Vector v, std::integer_sequence<int, kLane...>) {
+    return __builtin_shufflevector(v, v, (kLanes - 1 - kLane)...);
+}
+inline Vector reversed(Vector v) {
+    return reversed(v, EachLane());
+}
+
+#if QSVG_STAGE_BYTES == 16
+
+template <int... kLane>
+inline Vector in_all_lanes(Real value, std::integer_sequence<int, kLane...>) {
+    return Vector{((void)kLane, value)...};
+}
+/** The same value in all lanes. */
+inline Vector in_all_lanes(Real value) {
+    return in_all_lanes(value, EachLane());
+}
+
+#else
 
 inline Vector in_each_piece(const Real* constants) {
-    return core::Wide::load_twice(constants);
+    return load_slot(constants);
 }
 
-#if QSVG_REAL_BITS == 32
-inline Vector reversed(Vector v) {
-    return __builtin_shufflevector(v, v, 7, 6, 5, 4, 3, 2, 1, 0);
+/** Where lane `lane` of a shuffle of two vectors comes from that picks `from` of two pieces. */
+constexpr int lane_from(int lane, int from) {
+    const int piece = lane / kPlanLanes * kPlanLanes;
+    return from < kPlanLanes ? piece + from : kLanes + piece + from - kPlanLanes;
 }
-/** The same lanes in both pieces of 16 bytes: 0 to 3 of the first operand's, 4 to 7 of the
- * second's. */
-template <int a, int b, int c, int d>
+template <int... kFrom, int... kLane>
+inline Vector shuffled(Vector v, Vector w, std::integer_sequence<int, kLane...>) {
+    constexpr int kOfPieces[] = {kFrom...};
+    return __builtin_shufflevector(v, w, lane_from(kLane, kOfPieces[kLane % kPlanLanes])...);
+}
+/** The same lanes in each piece of 16 bytes: of the first operand's, then of the second's. */
+template <int... kFrom>
 inline Vector shuffled(Vector v, Vector w) {
-    constexpr auto low = [](int lane) { return lane < 4 ? lane : lane + 4; };
-    return __builtin_shufflevector(v, w, low(a), low(b), low(c), low(d), low(a) + 4, low(b) + 4,
-                                   low(c) + 4, low(d) + 4);
+    return shuffled<kFrom...>(v, w, EachLane());
 }
-#else
-inline Vector reversed(Vector v) {
-    return __builtin_shufflevector(v, v, 3, 2, 1, 0);
-}
-/** The same lanes in both pieces of 16 bytes: 0 and 1 of the first operand's, 2 and 3 of the
- * second's. */
-template <int a, int b>
-inline Vector shuffled(Vector v, Vector w) {
-    constexpr auto low = [](int lane) { return lane < 2 ? lane : lane + 2; };
-    return __builtin_shufflevector(v, w, low(a), low(b), low(a) + 2, low(b) + 2);
-}
-#endif
-
-#else
-
-#if QSVG_REAL_BITS == 32
-/** The same value in all lanes. */
-inline Vector in_all_lanes(Real value) {
-    return Vector{value, value, value, value};
-}
-inline Vector reversed(Vector v) {
-    return __builtin_shufflevector(v, v, 3, 2, 1, 0);
-}
-#else
-/** The same value in all lanes. */
-inline Vector in_all_lanes(Real value) {
-    return Vector{value, value};
-}
-inline Vector reversed(Vector v) {
-    return __builtin_shufflevector(v, v, 1, 0);
-}
-#endif
 
 #endif
 
