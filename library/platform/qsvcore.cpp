@@ -5,7 +5,11 @@
 
 extern "C" {
 void* qsvMalloc(int32_t size) {
+#ifdef QSVCORE_IS_INSIDE
+    constexpr size_t kAlignment = 64;
+#else
     constexpr size_t kAlignment = 16;
+#endif
     // Callers compute sizes in signed arithmetic: a wrapped product must not become a huge request.
     if (size < 0) return nullptr;
     void* block = nullptr;

@@ -25,7 +25,9 @@ extern "C" {
 
 /**
  * @param size bytes; 0 gives a block that may be freed and not be written
- * @return a block on a 16-byte boundary; null where size is negative or memory has run out
+ * @return a block on a 16-byte boundary, and where this is a part of the transforms' library on a
+ *         line of the cache, which long vectors of what is made in it then do not straddle; null
+ *         where size is negative or memory has run out
  */
 QSVCORE_API void* qsvMalloc(int32_t size);
 

@@ -12,11 +12,14 @@
 
 namespace {
 
+/** Of the companion that 32-bit programs have, and of what is a part of the library. */
+constexpr std::uintptr_t kBoundary = sizeof(void*) == 4 ? 16 : 64;
+
 bool on_boundary(const void* block) {
-    return reinterpret_cast<std::uintptr_t>(block) % 16 == 0;
+    return reinterpret_cast<std::uintptr_t>(block) % kBoundary == 0;
 }
 
-TEST(PlatformAllocator, BlocksOfEverySizeStandOnA16ByteBoundary) {
+TEST(PlatformAllocator, BlocksOfEverySizeStandOnTheBoundary) {
     for (std::int32_t size = 1; size <= 2048; ++size) {
         void* block = qsvMalloc(size);
         ASSERT_NE(nullptr, block) << size;
@@ -31,7 +34,7 @@ TEST(PlatformAllocator, BlocksOfEverySizeStandOnA16ByteBoundary) {
     }
 }
 
-TEST(PlatformAllocator, BlocksStandOnA16ByteBoundaryWhileOthersAreHeld) {
+TEST(PlatformAllocator, BlocksStandOnTheBoundaryWhileOthersAreHeld) {
     std::vector<void*> held;
     for (std::int32_t size = 1; size <= 300; ++size) {
         held.push_back(qsvMalloc(size));
