@@ -23,12 +23,12 @@ class Dct4Runner {
     Dct4Runner(const TransformLibrary& library, const std::string& type, int length, unsigned flags)
         : length_(length),
           run_(library.Exported<Run>("qsvgDCT4_" + type)),
-          buffer_(BufferSize(library, type, length)),
+          free_(library.Exported<Free>("qsvgDCT4Free_" + type)),
+          plan_(AllocatedPlan(library, type, length), free_),
           src_(Allocate(length)),
           dst_(Allocate(length)),
           redft11_(Fftw::kPlanRealToReal(length, src_.get(), dst_.get(), FFTW_REDFT11, flags)),
           composed_(static_cast<size_t>(length), flags) {
-        library.Exported<Init>("qsvgDCT4Init_" + type)(&plan_, length, buffer_.data());
         std::mt19937 random(1);
         std::uniform_real_distribution<Real> sample(-1, 1);
         for (int i = 0; i < length; ++i) src_[i] = sample(random);
@@ -51,8 +51,8 @@ class Dct4Runner {
     }
 
   private:
-    using Size = QsvStatus(int32_t, int32_t*);
-    using Init = QsvStatus(void**, int32_t, uint8_t*);
+    using InitAlloc = QsvStatus(void**, int32_t);
+    using Free = QsvStatus(void*);
     using Run = QsvStatus(const Real*, Real*, void*);
 
     struct Release {
@@ -63,14 +63,18 @@ class Dct4Runner {
     static Array Allocate(int length) {
         return Array(static_cast<Real*>(fftw_malloc(static_cast<size_t>(length) * sizeof(Real))));
     }
-    static size_t BufferSize(const TransformLibrary& library, const std::string& type, int length) {
-        int32_t size = 0;
-        if (library.Exported<Size>("qsvgDCT4GetSize_" + type)(length, &size) != qsvStatusOk)
+    /** Where the library places it, on a line of the cache: in a buffer of the caller's that begins
+     * elsewhere, long vectors may straddle lines. */
+    static void* AllocatedPlan(const TransformLibrary& library, const std::string& type,
+                               int length) {
+        void* plan = nullptr;
+        const auto init = library.Exported<InitAlloc>("qsvgDCT4InitAlloc_" + type);
+        if (init(&plan, length) != qsvStatusOk)
             throw std::runtime_error("no plan of length " + std::to_string(length));
-        return static_cast<size_t>(size);
+        return plan;
     }
 
-    void Ours() const { run_(src_.get(), dst_.get(), plan_); }
+    void Ours() const { run_(src_.get(), dst_.get(), plan_.get()); }
     void Redft11() const { Fftw::Execute(redft11_); }
     void Composed() const { composed_.Run(src_.get(), dst_.get()); }
 
@@ -102,8 +106,8 @@ class Dct4Runner {
 
     const int length_;
     Run* const run_;
-    std::vector<uint8_t> buffer_;
-    void* plan_ = nullptr;
+    Free* const free_;
+    const std::unique_ptr<void, Free*> plan_;
     const Array src_;
     const Array dst_;
     const typename Fftw::Plan redft11_;
