@@ -1,5 +1,6 @@
 #include "kernelgen/emission/emission.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
@@ -18,13 +19,15 @@ std::string hexadecimal(double value) {
     return text.data();
 }
 
-enum class Memory { Arrays, Places, Pieces };
+/** Mixed: arrays read and written by vectors of 16 and of 32 bytes and by scalars. */
+enum class Memory { Arrays, Places, Pieces, Mixed };
 
 class Emitter {
   public:
     Emitter(const Graph& graph, const Target& target, const std::string& rounding, Memory memory)
         : graph_(graph), target_(target), rounding_(rounding), memory_(memory) {
         join_halves();
+        find_types_of_constants();
     }
 
     EmittedBody run(const Order& order) {
@@ -80,17 +83,23 @@ class Emitter {
         const std::string place = "y + " + std::to_string(n.offset);
         switch (n.op) {
             case Op::StoreLow:
-                return "store_low(" + place + ", " + value + ");";
+                return in_core("store_low(") + place + ", " + value + ");";
             case Op::StoreHigh:
-                return "store_high(" + place + ", " + value + ");";
+                return in_core("store_high(") + place + ", " + value + ");";
             default:
                 return access(n) + "::store(" + place + ", " + value + ");";
         }
     }
 
     // A row that starts off a 16-byte boundary is moved unaligned on the aligned path as well.
-    static std::string access(const Node& n) {
+    std::string access(const Node& n) const {
+        if (memory_ == Memory::Mixed) return is_wide(n.type) ? "core::Wide" : "core::Unaligned";
         return n.offset % lane_count(n.type) == 0 || is_wide(n.type) ? "Memory" : "Unaligned";
+    }
+
+    /** Sources with a template over the memory access name what they use. */
+    std::string in_core(const std::string& name) const {
+        return memory_ == Memory::Mixed ? "core::" + name : name;
     }
 
     static std::string place_of(const Node& n) {
@@ -130,14 +139,16 @@ class Emitter {
                 if (scalar) return "x[" + std::to_string(n.offset) + "]";
                 return access(n) + "::load(" + place + ")";
             case Op::LoadLow:
-                return "load_low(" + place + ")";
+                return in_core("load_low(") + place + ")";
             case Op::LoadHigh:
                 if (is_of_two_halves(n))
                     return access(n) + "::load_halves(x + " +
                            std::to_string(low_half_of(n).offset) + ", " + place + ")";
-                return "load_high(" + operand(n.a) + ", " + place + ")";
+                return in_core("load_high(") + operand(n.a) + ", " + place + ")";
             case Op::LoadScalar:
                 return scalar_load(place, target_);
+            case Op::Gather:
+                return gathered(n);
             case Op::Add:
             case Op::Sub:
             case Op::Mul:
@@ -152,13 +163,37 @@ class Emitter {
                 const std::string a = operand(n.a);
                 return flipped(n, a, sign_mask(n), target_);
             }
+            case Op::Spread:
+                return in_every_lane(n.type, operand(n.a));
+            case Op::Join:
+                return "core::joined(" + operand(n.a) + ", " + operand(n.b) + ")";
+            case Op::Part:
+                if (scalar) return operand(n.a) + "[" + std::to_string(n.offset) + "]";
+                return "core::half<" + std::to_string(n.offset) + ">(" + operand(n.a) + ")";
             case Op::Widen:
-                return "static_cast<double>(" + operand(n.a) + ")";
+                return (scalar ? "static_cast<double>(" : "core::widened(") + operand(n.a) + ")";
             case Op::Round:
-                return rounding_ + "(" + operand(n.a) + ")";
+                return (scalar ? rounding_ : "core::rounded") + "(" + operand(n.a) + ")";
             default:
                 throw std::logic_error("this node is not a statement");
         }
+    }
+
+    std::string gathered(const Node& n) const {
+        const auto end = n.selection.begin() + lane_count(n.type);
+        if (std::all_of(n.selection.begin(), end,
+                        [&](int element) { return element == n.selection[0]; }))
+            return in_every_lane(n.type, "x[" + std::to_string(n.selection[0]) + "]");
+        std::string places;
+        for (auto element = n.selection.begin(); element != end; ++element)
+            places += (places.empty() ? "x + " : ", x + ") + std::to_string(*element);
+        return "core::gathered(" + places + ")";
+    }
+
+    std::string in_every_lane(Type type, const std::string& value) const {
+        std::string lanes = value;
+        for (int lane = 1; lane < lane_count(type); ++lane) lanes += ", " + value;
+        return type_name(type, target_) + "{" + lanes + "}";
     }
 
     std::string operand(NodeId id) {
@@ -197,23 +232,41 @@ class Emitter {
         return vector(n.type, values);
     }
 
+    void find_types_of_constants() {
+        for (NodeId id : graph_.live()) {
+            const Node& n = graph_.node(id);
+            if ((n.op == Op::Constant || n.op == Op::Flip) && lane_count(n.type) > 1)
+                tables_[n.type];
+        }
+    }
+
+    /** Constants of each type are a table of its own; where there is but one type it needs no
+     * name. */
+    std::string table_name(Type type) const {
+        if (tables_.size() == 1) return "kConstants";
+        return std::string("kConstants") + (is_binary32(type) ? "32x" : "64x") +
+               std::to_string(lane_count(type));
+    }
+
     std::string vector(Type type, const std::string& values) {
-        if (!order_of_vectors_.empty() && type != vector_type_)
-            throw std::logic_error("the constant vectors of a kernel are of one type");
-        vector_type_ = type;
-        auto [entry, fresh] = vectors_.try_emplace(values, vectors_.size());
-        if (fresh) order_of_vectors_.push_back(values);
-        return aligned_load(type, target_) + "(kConstants[" + std::to_string(entry->second) + "])";
+        std::vector<std::string>& table = tables_[type];
+        auto found = std::find(table.begin(), table.end(), values);
+        if (found == table.end()) found = table.insert(found, values);
+        return aligned_load(type, target_) + "(" + table_name(type) + "[" +
+               std::to_string(found - table.begin()) + "])";
     }
 
     std::string definitions() const {
-        if (order_of_vectors_.empty()) return {};
-        const bool single = is_binary32(vector_type_);
-        std::string text = "alignas(" + std::to_string(byte_count(vector_type_)) + ") constexpr " +
-                           (single ? "float" : "double") + " kConstants[][" +
-                           std::to_string(lane_count(vector_type_)) + "] = {\n";
-        for (const std::string& values : order_of_vectors_) text += "    {" + values + "},\n";
-        return text + "};\n";
+        std::string text;
+        for (const auto& [type, table] : tables_) {
+            if (table.empty()) continue;
+            text += "alignas(" + std::to_string(byte_count(type)) + ") constexpr " +
+                    (is_binary32(type) ? "float " : "double ") + table_name(type) + "[][" +
+                    std::to_string(lane_count(type)) + "] = {\n";
+            for (const std::string& values : table) text += "    {" + values + "},\n";
+            text += "};\n";
+        }
+        return text;
     }
 
     const Graph& graph_;
@@ -221,9 +274,7 @@ class Emitter {
     const std::string& rounding_;
     const Memory memory_;
     std::map<NodeId, std::string> names_;
-    std::map<std::string, std::size_t> vectors_;
-    std::vector<std::string> order_of_vectors_;
-    Type vector_type_ = Type::Binary32x4;
+    std::map<Type, std::vector<std::string>> tables_;
     std::set<NodeId> joined_;
 };
 
@@ -232,6 +283,11 @@ class Emitter {
 EmittedBody emit(const Graph& graph, const Order& order, const Target& target,
                  const std::string& rounding) {
     return Emitter(graph, target, rounding, Memory::Arrays).run(order);
+}
+
+EmittedBody emit_mixed(const Graph& graph, const Order& order, const Target& target,
+                       const std::string& rounding) {
+    return Emitter(graph, target, rounding, Memory::Mixed).run(order);
 }
 
 EmittedBody emit_between_places(const Graph& graph, const Order& order, const Target& target) {

@@ -29,6 +29,11 @@ struct EmittedBody {
 EmittedBody emit(const Graph& graph, const Order& order, const Target& target,
                  const std::string& rounding = "static_cast<float>");
 
+/** The same for a graph of scalars and vectors of several lengths; vectors are moved at any
+ * address. */
+EmittedBody emit_mixed(const Graph& graph, const Order& order, const Target& target,
+                       const std::string& rounding = "static_cast<float>");
+
 /**
  * The same for a graph of whole vectors whose places the surrounding loop knows: the vector at
  * offset i times the lanes is `x.load(i)`, and `y.store(i, value)` stores one.

@@ -21,6 +21,9 @@ Counts count(const Graph& graph, bool element_is_binary32) {
                 ++c.flips;
                 break;
             case Op::Shuffle:
+            case Op::Spread:
+            case Op::Join:
+            case Op::Part:
                 ++c.shuffles;
                 break;
             case Op::LoadHigh:
@@ -30,6 +33,7 @@ Counts count(const Graph& graph, bool element_is_binary32) {
             case Op::Load:
             case Op::LoadLow:
             case Op::LoadScalar:
+            case Op::Gather:
                 ++c.loads;
                 break;
             case Op::Widen:

@@ -25,6 +25,24 @@ int lane_count(Type type) {
     }
 }
 
+Type laned(Type type) {
+    switch (type) {
+        case Type::Binary32:
+            return Type::Binary32x4;
+        case Type::Binary64:
+        case Type::Binary64x2:
+            return Type::Binary64x4;
+        case Type::Binary32x4:
+            return Type::Binary32x8;
+        default:
+            throw std::logic_error("no type is wider");
+    }
+}
+
+Type precision_of(Type type) {
+    return is_binary32(type) ? Type::Binary32 : Type::Binary64;
+}
+
 bool is_binary32(Type type) {
     return type == Type::Binary32 || type == Type::Binary32x4 || type == Type::Binary32x8 ||
            type == Type::Binary32x16;
@@ -39,7 +57,8 @@ bool is_wide(Type type) {
 }
 
 bool is_load(Op op) {
-    return op == Op::Load || op == Op::LoadLow || op == Op::LoadHigh || op == Op::LoadScalar;
+    return op == Op::Load || op == Op::LoadLow || op == Op::LoadHigh || op == Op::LoadScalar ||
+           op == Op::Gather;
 }
 
 bool is_store(Op op) {
@@ -51,11 +70,24 @@ bool is_placeless(Op op) {
 }
 
 Elements touched(const Node& node) {
+    if (node.op == Op::Gather) {
+        const auto [first, last] = std::minmax_element(
+            node.selection.begin(), node.selection.begin() + lane_count(node.type));
+        return {*first, *last + 1};
+    }
     const int whole = lane_count(node.type);
     const bool half = node.op == Op::LoadLow || node.op == Op::LoadHigh ||
                       node.op == Op::StoreLow || node.op == Op::StoreHigh;
     const int count = node.op == Op::LoadScalar ? 1 : half ? whole / 2 : whole;
     return {node.offset, node.offset + count};
+}
+
+bool shares_elements(const Node& access, const Node& store) {
+    const Elements written = touched(store);
+    if (access.op != Op::Gather) return touched(access).overlap(written);
+    return std::any_of(
+        access.selection.begin(), access.selection.begin() + lane_count(access.type),
+        [&](int element) { return written.first <= element && element < written.past; });
 }
 
 std::vector<NodeId> operands(const Node& node) {
@@ -87,6 +119,10 @@ Ref Graph::load_high(Ref low, int offset) {
 
 Ref Graph::load_scalar(Type type, int offset) {
     return {intern({.op = Op::LoadScalar, .type = type, .offset = offset})};
+}
+
+Ref Graph::gather(Type type, const Selection& elements) {
+    return {intern({.op = Op::Gather, .type = type, .selection = elements})};
 }
 
 Ref Graph::scale(Type type) {
@@ -161,17 +197,37 @@ Ref Graph::shuffle(Ref a, Ref b, const Selection& selection) {
     if (a.negative != b.negative)
         throw std::logic_error("a shuffle joins operands of one sign only");
     const Type type = node(a.id).type;
-    if (type == Type::Binary32x4 && selection == Selection{0, 1, 2, 3}) return a;
+    if (lane_count(type) == 4 && selection == Selection{0, 1, 2, 3}) return a;
     return {intern({.op = Op::Shuffle, .type = type, .a = a.id, .b = b.id, .selection = selection}),
             a.negative};
 }
 
 Ref Graph::widen(Ref a) {
-    return {intern({.op = Op::Widen, .type = Type::Binary64, .a = a.id}), a.negative};
+    const bool is_vector = lane_count(node(a.id).type) > 1;
+    return {
+        intern({.op = Op::Widen, .type = is_vector ? Type::Binary64x4 : Type::Binary64, .a = a.id}),
+        a.negative};
 }
 
 Ref Graph::round(Ref a) {
-    return {intern({.op = Op::Round, .type = Type::Binary32, .a = a.id}), a.negative};
+    const bool is_vector = lane_count(node(a.id).type) > 1;
+    return {
+        intern({.op = Op::Round, .type = is_vector ? Type::Binary32x4 : Type::Binary32, .a = a.id}),
+        a.negative};
+}
+
+Ref Graph::spread(Ref a) {
+    return {intern({.op = Op::Spread, .type = laned(node(a.id).type), .a = a.id}), a.negative};
+}
+
+Ref Graph::join(Ref a, Ref b) {
+    if (a.negative != b.negative) throw std::logic_error("a join takes operands of one sign only");
+    return {intern({.op = Op::Join, .type = laned(node(a.id).type), .a = a.id, .b = b.id}),
+            a.negative};
+}
+
+Ref Graph::part(Ref a, Type type, int index) {
+    return {intern({.op = Op::Part, .type = type, .a = a.id, .offset = index}), a.negative};
 }
 
 void Graph::store_as(Op op, Ref value, int offset) {

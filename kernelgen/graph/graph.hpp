@@ -38,6 +38,10 @@ enum class Type : std::uint8_t {
 inline constexpr int kMostLanes = 16;
 
 int lane_count(Type type);
+/** That of values of `type` side by side: four of scalars, two of vectors of 16 bytes. */
+Type laned(Type type);
+/** The type of a lane. */
+Type precision_of(Type type);
 bool is_binary32(Type type);
 int byte_count(Type type);
 /** Vectors of more than 16 bytes. */
@@ -48,6 +52,7 @@ enum class Op : std::uint8_t {
     LoadLow,     ///< the low half from memory, zeros above
     LoadHigh,    ///< low half of the operand, high half from memory
     LoadScalar,  ///< lane 0 from memory, zeros above
+    Gather,      ///< each lane from an element of its own, which `selection` names
     Scale,       ///< the scale factor in every lane
     Constant,    ///< one exact constant a lane
     Zero,        ///< +0 in every lane
@@ -56,6 +61,9 @@ enum class Op : std::uint8_t {
     Mul,
     Flip,     ///< sign of some lanes changed (exclusive-or)
     Shuffle,  ///< lanes picked from two operands
+    Spread,   ///< a scalar in every lane
+    Join,     ///< two scalars or vectors side by side; lanes above hold nothing
+    Part,     ///< one of the scalars or vectors that a vector is made of; `offset` tells which
     Widen,    ///< binary32 to binary64
     Round,    ///< binary64 to binary32
     Store,
@@ -81,7 +89,8 @@ struct Node {
     NodeId a = kNone;
     NodeId b = kNone;
     std::int32_t offset = 0;     ///< memory, in real elements
-    Selection selection = {};    ///< of a shuffle; of a flip, 1 in the lanes whose sign changes
+    Selection selection = {};    ///< of a shuffle; of a flip, 1 in the lanes whose sign changes;
+                                 ///< of a gather, the elements
     std::int32_t constant = -1;  ///< index into Graph::constants()
 
     auto operator<=>(const Node&) const = default;
@@ -105,6 +114,8 @@ class Graph {
     Ref load_low(Type type, int offset);
     Ref load_high(Ref low, int offset);
     Ref load_scalar(Type type, int offset);
+    /** Four lanes from these elements. */
+    Ref gather(Type type, const Selection& elements);
     Ref scale(Type type);
     Ref zero(Type type);
     Ref constant(Type type, const Lanes& lanes);
@@ -121,8 +132,13 @@ class Graph {
     Ref positive(Ref a);
     /** Both operands must carry the same sign. The identity selection gives the first operand. */
     Ref shuffle(Ref a, Ref b, const Selection& selection);
+    /** All lanes, which are one or four. */
     Ref widen(Ref a);
     Ref round(Ref a);
+    // Between a type and `laned` of it. Operands of a join carry the same sign.
+    Ref spread(Ref a);
+    Ref join(Ref a, Ref b);
+    Ref part(Ref a, Type type, int index);
 
     void store(Ref value, int offset) { store_as(Op::Store, value, offset); }
     void store_low(Ref value, int offset) { store_as(Op::StoreLow, value, offset); }
@@ -171,6 +187,8 @@ struct Elements {
     bool overlap(const Elements& other) const { return first < other.past && other.first < past; }
 };
 Elements touched(const Node& node);
+/** Whether a load or a store touches an element that `store` writes. */
+bool shares_elements(const Node& access, const Node& store);
 
 /** Operands of a node, zero to two of them. */
 std::vector<NodeId> operands(const Node& node);

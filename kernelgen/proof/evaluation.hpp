@@ -60,6 +60,9 @@ class Evaluation {
             case Op::LoadScalar:
                 for (int i = 0; i < lanes; ++i) out[lane(i)] = i == 0 ? memory(0) : Real(0);
                 break;
+            case Op::Gather:
+                for (int i = 0; i < lanes; ++i) out[lane(i)] = source.at(n.selection[lane(i)]);
+                break;
             case Op::Scale:
                 for (int i = 0; i < lanes; ++i) out[lane(i)] = scale;
                 break;
@@ -102,11 +105,25 @@ class Evaluation {
                 out = picked;
                 break;
             }
+            case Op::Spread:
+                for (int i = 0; i < lanes; ++i) out[lane(i)] = value(n.a)[0];
+                break;
+            case Op::Join: {
+                const int part = lane_count(graph_.node(n.a).type);
+                for (int i = 0; i < 2 * part; ++i)
+                    out[lane(i)] = i < part ? value(n.a)[lane(i)] : value(n.b)[lane(i - part)];
+                break;
+            }
+            case Op::Part:
+                for (int i = 0; i < lanes; ++i)
+                    out[lane(i)] = value(n.a)[lane(n.offset * lanes + i)];
+                break;
             case Op::Widen:
-                out[0] = value(n.a)[0];
+                for (int i = 0; i < lanes; ++i) out[lane(i)] = value(n.a)[lane(i)];
                 break;
             case Op::Round:
-                out[0] = Arithmetic::round_to_binary32(value(n.a)[0]);
+                for (int i = 0; i < lanes; ++i)
+                    out[lane(i)] = Arithmetic::round_to_binary32(value(n.a)[lane(i)]);
                 break;
             case Op::Store:
             case Op::StoreLow:

@@ -33,7 +33,7 @@ void check_order(const Graph& graph, const Order& order) {
         for (NodeId store : stores) {
             const bool both_stores = is_store(node.op);
             if (!both_stores && graph.arrays_are_apart()) continue;
-            if (touched(graph.node(store)).overlap(touched(node)))
+            if (shares_elements(node, graph.node(store)))
                 throw std::logic_error(in_words(graph, id) + " stands behind " +
                                        in_words(graph, store) + " which overwrites its elements");
         }

@@ -154,7 +154,7 @@ Order with_lazy_loads(const Graph& graph, const Order& order) {
         }
         if (is_store(node.op) && !graph.arrays_are_apart()) {
             for (NodeId load : loads) {
-                if (touched(graph.node(load)).overlap(touched(node))) self(self, load);
+                if (shares_elements(graph.node(load), node)) self(self, load);
             }
         }
         result.push_back(id);

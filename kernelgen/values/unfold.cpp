@@ -13,10 +13,6 @@ std::size_t at(int index) {
     return static_cast<std::size_t>(index);
 }
 
-Type precision_of(Type type) {
-    return is_binary32(type) ? Type::Binary32 : Type::Binary64;
-}
-
 int number_touched(const Node& node) {
     const Elements elements = touched(node);
     return elements.past - elements.first;
@@ -72,6 +68,8 @@ class Unfolding {
                 const int low = lane_count(n.type) - number_touched(n);
                 return lane < low ? value(n.a, lane) : source_(n.offset + lane - low, precision);
             }
+            case Op::Gather:
+                return source_(n.selection.at(at(lane)), precision);
             case Op::Scale:
                 return values_.scale(precision);
             case Op::Constant: {
@@ -100,6 +98,15 @@ class Unfolding {
                 const int lanes = lane_count(n.type);
                 return from < lanes ? value(n.a, from) : value(n.b, from - lanes);
             }
+            case Op::Spread:
+                return value(n.a, 0);
+            case Op::Join: {
+                const int lanes = lane_count(graph_.node(n.a).type);
+                if (lane >= 2 * lanes) throw_dead(id, lane);
+                return lane < lanes ? value(n.a, lane) : value(n.b, lane - lanes);
+            }
+            case Op::Part:
+                return value(n.a, n.offset * lane_count(n.type) + lane);
             case Op::Widen:
                 return values_.widen(value(n.a, lane));
             case Op::Round:

@@ -184,4 +184,24 @@ TEST(BitInterpreter, ReadingOrWritingOutsideTheArraysIsRefused) {
     EXPECT_NO_THROW(interpret(g, Values(8, 1.0), 1, 4));
 }
 
+TEST(BitInterpreter, LanesAreGatheredSpreadJoinedAndTakenOut) {
+    Graph g;
+    g.store(g.gather(kVector, {5, 0, 3, 3}), 0);
+    g.store(g.spread(g.load(Type::Binary32, 2)), 4);
+    const Ref joined = g.join(g.load(Type::Binary64x2, 0), g.load(Type::Binary64x2, 4));
+    g.store(g.part(joined, Type::Binary64x2, 1), 8);
+    g.store(g.part(joined, Type::Binary64, 3), 10);
+    expect_bits(interpret(g, {10, 11, 12, 13, 14, 15}, 1, 11),
+                {15, 10, 13, 13, 12, 12, 12, 12, 14, 15, 15});
+}
+
+TEST(BitInterpreter, VectorsAreConvertedLaneByLane) {
+    Graph g;
+    const Ref wide = g.widen(g.load(kVector, 0));
+    g.store(g.round(g.mul(wide, Lanes(4, Exact::rational(1, 3)))), 0);
+    Values wanted;
+    for (int i = 1; i <= 4; ++i) wanted.push_back(static_cast<float>(i * (1.0 / 3)));
+    expect_bits(interpret(g, {1, 2, 3, 4}, 1, 4), wanted);
+}
+
 }  // namespace

@@ -365,13 +365,78 @@ TEST(Emission, OnlyWholeVectorsHavePlaces) {
         std::logic_error);
 }
 
-TEST(Emission, ConstantVectorsOfTwoTypesAreRefused) {
+TEST(Emission, ConstantVectorsOfTwoTypesAreTablesOfTheirOwn) {
     Graph g;
-    const Exact c = Exact::cosine(1, 5);
-    g.store(g.mul(g.load(Type::Binary32x4, 0), Lanes(4, c)), 0);
-    g.store(g.mul(g.load(Type::Binary64x2, 8), Lanes(2, c)), 8);
-    EXPECT_THROW(kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32),
-                 std::logic_error);
+    const Exact half = Exact::rational(1, 2);
+    g.store(g.mul(g.load(Type::Binary32x4, 0), Lanes(4, half)), 0);
+    g.store(g.mul(g.load(Type::Binary64x2, 8), Lanes(2, half)), 8);
+    const auto body = kernelgen::emit(g, kernelgen::source_order(g), kernelgen::kIa32);
+    EXPECT_EQ(body.constants,
+              "alignas(16) constexpr float kConstants32x4[][4] = {\n"
+              "    {0x1p-1f, 0x1p-1f, 0x1p-1f, 0x1p-1f},\n"
+              "};\n"
+              "alignas(16) constexpr double kConstants64x2[][2] = {\n"
+              "    {0x1p-1, 0x1p-1},\n"
+              "};\n");
+    EXPECT_NE(body.statements.find("_mm_load_ps(kConstants32x4[0])"), std::string::npos);
+    EXPECT_NE(body.statements.find("_mm_load_pd(kConstants64x2[0])"), std::string::npos);
+}
+
+std::string mixed_statements(const Graph& g) {
+    return kernelgen::emit_mixed(g, kernelgen::source_order(g), kernelgen::kX86_64_v3).statements;
+}
+
+TEST(Emission, LanesAreGatheredFromElementsApartAndTakenOutAgain) {
+    Graph g;
+    const Ref x = g.gather(Type::Binary64x4, {3, 0, 7, 5});
+    const Ref sum = g.add(x, g.spread(g.load(Type::Binary64, 9)));
+    g.store(g.part(sum, Type::Binary64, 2), 1);
+    g.store_high(sum, 4);
+    EXPECT_EQ(mixed_statements(g),
+              "    const double v0 = x[9];\n"
+              "    const core::Double4 v1 = core::Double4{v0, v0, v0, v0};\n"
+              "    const core::Double4 v2 = core::gathered(x + 3, x + 0, x + 7, x + 5);\n"
+              "    const core::Double4 v3 = v2 + v1;\n"
+              "    const double v4 = v3[2];\n"
+              "    y[1] = v4;\n"
+              "    core::store_high(y + 4, v3);\n");
+}
+
+TEST(Emission, OneElementInAllLanesIsNoGathering) {
+    Graph g;
+    g.store(g.gather(Type::Binary32x4, {6, 6, 6, 6}), 0);
+    EXPECT_EQ(mixed_statements(g),
+              "    const core::Float4 v0 = core::Float4{x[6], x[6], x[6], x[6]};\n"
+              "    core::Unaligned::store(y + 0, v0);\n");
+}
+
+TEST(Emission, VectorsOfTwoLengthsStandSideBySide) {
+    Graph g;
+    const Ref low = g.load(Type::Binary64x2, 0);
+    const Ref both = g.join(low, g.load(Type::Binary64x2, 6));
+    g.store(g.add(both, g.load(Type::Binary64x4, 8)), 0);
+    g.store(g.part(both, Type::Binary64x2, 1), 4);
+    EXPECT_EQ(mixed_statements(g),
+              "    const core::Double2 v0 = core::Unaligned::load(x + 0);\n"
+              "    const core::Double2 v1 = core::Unaligned::load(x + 6);\n"
+              "    const core::Double4 v2 = core::joined(v0, v1);\n"
+              "    const core::Double4 v3 = core::Wide::load(x + 8);\n"
+              "    const core::Double4 v4 = v2 + v3;\n"
+              "    core::Wide::store(y + 0, v4);\n"
+              "    const core::Double2 v5 = core::half<1>(v2);\n"
+              "    core::Unaligned::store(y + 4, v5);\n");
+}
+
+TEST(Emission, ConversionsOfVectorsAreFunctionsOfTheLibrary) {
+    Graph g;
+    const Ref row = g.widen(g.load(Type::Binary32x4, 4));
+    g.store(g.round(g.add(row, row)), 0);
+    EXPECT_EQ(mixed_statements(g),
+              "    const core::Float4 v0 = core::Unaligned::load(x + 4);\n"
+              "    const core::Double4 v1 = core::widened(v0);\n"
+              "    const core::Double4 v2 = v1 + v1;\n"
+              "    const core::Float4 v3 = core::rounded(v2);\n"
+              "    core::Unaligned::store(y + 0, v3);\n");
 }
 
 }  // namespace

@@ -66,6 +66,23 @@ TEST(OrderCheck, ALoadBehindAStoreToItsElementsIsRefused) {
     EXPECT_EQ(refusal(g, order), "");
 }
 
+TEST(OrderCheck, AGatheringStandsBeforeStoresToItsElementsAlone) {
+    Graph g;
+    const Ref gathered = g.gather(Type::Binary64x4, {0, 3, 5, 9});
+    g.store(g.load(Type::Binary64, 20), 4);
+    g.store(g.part(gathered, Type::Binary64, 0), 12);
+    const Order between = kernelgen::source_order(g);
+    EXPECT_EQ(refusal(g, between), "") << "element 4 stands between those that are gathered";
+    const Ref last = g.load(Type::Binary64, 21);
+    g.store(last, 5);
+    Order behind = between;
+    behind.insert(behind.begin(), {last.id, g.stores().back()});
+    EXPECT_NE(refusal(g, behind).find("which overwrites its elements"), std::string::npos);
+    for (const Order& order : {kernelgen::source_order(g), kernelgen::depth_first_order(g),
+                               kernelgen::bisection_order(g)})
+        EXPECT_EQ(refusal(g, order), "");
+}
+
 TEST(OrderCheck, TwoStoresToOneElementAreRefused) {
     Graph g;
     const Ref a = g.load(Type::Binary32x4, 0);

@@ -208,4 +208,36 @@ TEST(UnfoldedRandomGraphs, GiveTheBitsOfTheLaidOutOnes) {
     }
 }
 
+TEST_F(Unfolded, GatheredLanesAreTheElementsThatAreNamed) {
+    g.store(g.gather(kFour, {9, 2, 2, 0}), 0);
+    expect({x(9), x(2), x(2), x(0)});
+}
+
+TEST_F(Unfolded, AScalarStandsInEveryLaneItIsSpreadOver) {
+    g.store(g.spread(g.load(Type::Binary32, 3)), 0);
+    expect({x(3), x(3), x(3), x(3)});
+}
+
+TEST_F(Unfolded, JoinedVectorsStandSideBySideAndPartsAreTakenOutAgain) {
+    const Ref both = g.join(g.load(kTwo, 4), g.load(kTwo, 0));
+    g.store(both, 0);
+    g.store(g.part(both, kTwo, 1), 4);
+    g.store(g.part(both, Type::Binary64, 1), 6);
+    expect({wide(4), wide(5), wide(0), wide(1), wide(0), wide(1), wide(5)});
+}
+
+TEST_F(Unfolded, AboveTwoJoinedScalarsThereIsNothing) {
+    const Ref two = g.join(g.load(Type::Binary32, 1), g.load(Type::Binary32, 6));
+    g.store_low(two, 0);
+    expect({x(1), x(6)});
+    g.store(two, 8);
+    EXPECT_THROW(unfold(g, values), std::logic_error);
+}
+
+TEST_F(Unfolded, ConversionsOfVectorsAreOnesOfTheirLanes) {
+    g.store(g.round(g.widen(g.load(kFour, 0))), 0);
+    expect({values.round(values.widen(x(0))), values.round(values.widen(x(1))),
+            values.round(values.widen(x(2))), values.round(values.widen(x(3)))});
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "kernelgen/lanes/pack_search.hpp"
 #include "kernelgen/proof/proof.hpp"
 #include "kernelgen/schedule/settled_order.hpp"
 #include "kernelgen/values/same_values.hpp"
@@ -19,7 +20,9 @@ std::string Kernel::name() const {
 
 std::string Kernel::twin_name() const {
     // Short kernels serve any array: scalars do by themselves, the others are written
-    // with both copies in one function, which a compiler may merge.
+    // with both copies in one function, which a compiler may merge. Vectors of 32 bytes stand
+    // anywhere.
+    if (!packs.empty()) return {};
     if (length <= (element == Element::Complex32 ? 5 : 4)) return {};
     return "owng" + name().substr(4) + "_unaligned";
 }
@@ -63,6 +66,8 @@ Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
 Kernel described_kernel(int length, Direction direction, Element element, const Target& target) {
     const TableRow& row = row_of(length, element);
     const Tuning tuning = tuning_of(row, element, target);
+    if (target.baseline != nullptr && tuning.packs.empty())
+        return described_kernel(length, direction, element, *target.baseline);
     Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes, target);
     if (!tuning.lanes.empty() && tuning.lanes.size() < kernel.choices.size())
         throw std::logic_error("the tuning of length " + std::to_string(length) + " in " +
@@ -71,6 +76,7 @@ Kernel described_kernel(int length, Direction direction, Element element, const 
                                std::to_string(kernel.choices.size()) + " batches");
     kernel.order = tuning.order;
     kernel.option = tuning.option;
+    kernel.packs = packs_of(tuning.packs, direction);
     return kernel;
 }
 
@@ -93,8 +99,13 @@ std::vector<int> batch_sizes(const Rule& rule) {
     return sizes;
 }
 
+Graph written_graph(const Kernel& kernel) {
+    if (kernel.packs.empty()) return kernel.graph;
+    return kernelgen::laned_graph(kernel.name(), kernel.graph, kernel.packs);
+}
+
 kernelgen::Schedule schedule_of(const Kernel& kernel) {
-    return kernelgen::settled_schedule(kernel.order, kernel.graph, kernel.target);
+    return kernelgen::settled_schedule(kernel.order, written_graph(kernel), kernel.target);
 }
 
 void prove_dft(const Kernel& kernel) {

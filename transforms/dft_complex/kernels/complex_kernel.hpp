@@ -27,6 +27,7 @@ struct Kernel {
     std::vector<LaneChoice> choices = {};  ///< of Complex32
     std::string order = {};   ///< method of the schedule, empty for the cheapest plain one
     std::string option = {};  ///< of GCC for this kernel, without its "-f"
+    std::string packs = {};   ///< kernelgen::PackSeeds in words, or empty: vectors of 16 bytes
 
     /** "qsvgDFTFwd_CToC_15_32fc" */
     std::string name() const;
@@ -35,7 +36,8 @@ struct Kernel {
     bool is_scalar() const;
 };
 
-/** The kernel of `length`, before anything of it has been proven. */
+/** The kernel of `length`, before anything of it has been proven. For a level without packs of its
+ * own it is the baseline's. */
 Kernel described_kernel(int length, Direction direction, Element element,
                         const Target& target = kernelgen::kReference);
 
@@ -53,7 +55,11 @@ LanePolicy lane_policy(int length);
 /** Number of transforms in each batch of the rule's network. */
 std::vector<int> batch_sizes(const Rule& rule);
 
-/** The kernel's nodes in the order of its code. */
+/** The graph that is written: the kernel's own, or that of its packs, proven to be of the same
+ * values; throws std::logic_error. */
+Graph written_graph(const Kernel& kernel);
+
+/** The written graph's nodes in the order of its code. */
 kernelgen::Schedule schedule_of(const Kernel& kernel);
 
 /** Throws where the kernel's graph is not the DFT of its length and direction. */

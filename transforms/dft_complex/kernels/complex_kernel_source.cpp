@@ -106,8 +106,15 @@ std::string function_and_twin(const Kernel& kernel) {
            "(src, dst, flag);\n" + checked(packed_call(kernel, "core::Aligned"));
 }
 
+/** Of vectors of 16 and of 32 bytes, at any address. */
+std::string mixed_functions(const Kernel& kernel) {
+    return signature(kernel, kernel.name()) +
+           checked("transform(&src->re, &dst->re, core::Unaligned::load(kScales[flag]));");
+}
+
 std::string functions(const Kernel& kernel) {
     if (kernel.is_scalar()) return scalar_functions(kernel);
+    if (!kernel.packs.empty()) return mixed_functions(kernel);
     return kernel.twin_name().empty() ? function_without_twin(kernel) : function_and_twin(kernel);
 }
 
@@ -115,6 +122,9 @@ std::string transform_head(const Kernel& kernel) {
     const Spelling& s = spelling(kernel.element);
     const std::string arrays = std::string("const ") + s.real + "* x, " + s.real + "* y, ";
     if (kernel.is_scalar()) return "\ninline void transform(" + arrays + s.real + " scale) {\n";
+    const std::string scale = kernelgen::type_name(s.vector, kernel.target) + " scale) {\n";
+    if (!kernel.packs.empty())
+        return "\n[[gnu::always_inline]] inline void transform(" + arrays + scale;
     std::string text;
     if (kernel.element == Element::Complex32) {
         text =
@@ -122,15 +132,16 @@ std::string transform_head(const Kernel& kernel) {
             "using core::store_high;\nusing core::store_low;\nusing core::Unaligned;\n";
     }
     return text + "\ntemplate <class Memory>\n[[gnu::always_inline]] inline void transform(" +
-           arrays + kernelgen::type_name(s.vector, kernel.target) + " scale) {\n";
+           arrays + scale;
 }
 
 }  // namespace
 
 std::string kernel_source(const Kernel& kernel) {
     const kernelgen::Schedule schedule = schedule_of(kernel);
+    const auto emit = kernel.packs.empty() ? kernelgen::emit : kernelgen::emit_mixed;
     const kernelgen::EmittedBody body =
-        kernelgen::emit(kernel.graph, schedule.order, kernel.target);
+        emit(written_graph(kernel), schedule.order, kernel.target, "static_cast<float>");
     std::string text = "// DFT of " + std::to_string(kernel.length) + " complex points in " +
                        spelling(kernel.element).precision + " precision, " +
                        word(kernel.direction) + ".\n";
@@ -145,7 +156,8 @@ std::string kernel_source(const Kernel& kernel) {
             kernel.option + "\")\n#endif\n\n";
     }
     text += "#include \"core/frame.hpp\"\n";
-    if (!kernel.is_scalar()) text += "#include \"core/vector_access.hpp\"\n";
+    if (!kernel.is_scalar() || !kernel.packs.empty())
+        text += "#include \"core/vector_access.hpp\"\n";
     text += "\nnamespace {\n\n" + scale_table(kernel);
     if (!body.constants.empty()) text += "\n" + body.constants;
     text += transform_head(kernel) + body.statements + "}\n";

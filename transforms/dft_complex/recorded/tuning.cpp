@@ -34,6 +34,16 @@ const Rows kTables[] = {
      {
 #include "transforms/dft_complex/recorded/x86-64/tuned_64fc.inc"
      }},
+    {kernelgen::kX86_64_v3,
+     Element::Complex32,
+     {
+#include "transforms/dft_complex/recorded/x86-64-v3/tuned_32fc.inc"
+     }},
+    {kernelgen::kX86_64_v3,
+     Element::Complex64,
+     {
+#include "transforms/dft_complex/recorded/x86-64-v3/tuned_64fc.inc"
+     }},
     {kernelgen::kAarch64,
      Element::Complex32,
      {
@@ -47,6 +57,13 @@ const Rows kTables[] = {
 };
 
 }  // namespace
+
+std::string packs_of(const std::string& recorded, Direction direction) {
+    const std::size_t end = recorded.find("; ");
+    if (end == std::string::npos) return recorded;
+    return direction == Direction::Forward ? recorded.substr(0, end) : recorded.substr(end + 2);
+}
+
 Tuning tuning_of(const TableRow& row, Element element, const kernelgen::Target& target) {
     const auto recorded_for = [&](const kernelgen::Target& any) {
         return tuning_of(row, element,
@@ -72,7 +89,8 @@ Tuning tuning_of(const TableRow& row, Element element, std::span<const RecordedT
                                ", but its rule is " + formula(row.rule) +
                                ": take its row out, build, and find another by " +
                                "tune_dft_complex lanes (32fc) and scripts/tune-orders");
-    Tuning tuning{.lanes = {}, .order = found->order, .option = found->option};
+    Tuning tuning{
+        .lanes = {}, .order = found->order, .option = found->option, .packs = found->packs};
     std::istringstream words(found->lanes);
     for (std::string word; words >> word;) tuning.lanes.push_back(LaneChoice::from_string(word));
     return tuning;

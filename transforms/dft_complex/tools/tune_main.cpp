@@ -24,8 +24,9 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "kernelgen/emission/generated_files.hpp"
+#include "kernelgen/emission/candidates.hpp"
 #include "kernelgen/graph/counts.hpp"
+#include "kernelgen/lanes/pack_search.hpp"
 #include "kernelgen/schedule/schedule.hpp"
 #include "transforms/dft_complex/kernels/complex_kernel_source.hpp"
 #include "transforms/dft_complex/recorded/tuning.hpp"
@@ -44,16 +45,24 @@ constexpr std::size_t kOrders = 6;
 // Of GCC's register allocator and what runs before it; each is the best one for some kernels.
 constexpr const char* kOptions[] = {"", "no-live-range-shrinkage", "no-tree-ter"};
 
+constexpr std::size_t kPacks = 3;
+constexpr int kSeedsOfPacks = 4;
+constexpr std::size_t kOrdersInPacks = 2;
+constexpr const char* kOptionsOfPacks[] = {"", "no-live-range-shrinkage"};
+
 // Of the decompositions of a length, in order of their cost.
 constexpr std::size_t kRules = 12;
 
-std::string row(const Kernel& kernel, const std::string& order, const std::string& option = {}) {
+/** `packs` as they are recorded, of both directions. */
+std::string row(const Kernel& kernel, const std::string& order, const std::string& option = {},
+                const std::string& packs = {}) {
     std::string lanes;
     for (const LaneChoice& choice : kernel.choices)
         lanes += (lanes.empty() ? "" : " ") + choice.to_string();
     std::string text = "{" + std::to_string(kernel.length) + ", \"" + formula(kernel.rule) +
                        "\", \"" + lanes + "\", \"" + order + "\"";
-    if (!option.empty()) text += ", \"" + option + "\"";
+    if (!option.empty() || !packs.empty()) text += ", \"" + option + "\"";
+    if (!packs.empty()) text += ", \"" + packs + "\"";
     return text + "},";
 }
 
@@ -109,9 +118,43 @@ void write_rules(Element element, int length, const Target& target,
     }
 }
 
+/** Packs of a forward kernel as they are recorded: alone where they serve its inverse, too. */
+std::string for_both_directions(const std::string& packs, const Kernel& kernel) {
+    const Kernel inverse =
+        described_kernel(kernel.length, Direction::Inverse, kernel.element, kernel.target);
+    try {
+        kernelgen::laned_graph(inverse.name(), inverse.graph, packs);
+        return packs;
+    } catch (const std::exception&) {
+        return packs + "; " + kernelgen::cheapest_packs(inverse.graph, 1).at(0);
+    }
+}
+
+/** The kernel as the baseline has it, and in vectors of 32 bytes. */
+void write_packs(Kernel kernel, const std::filesystem::path& folder) {
+    kernelgen::Candidates candidates(folder);
+    candidates.add(kernel_source(kernel), schedule_of(kernel), "");
+    kernel.target = kernelgen::kX86_64_v3;
+    for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
+        kernel.packs = packs;
+        const std::string recorded = for_both_directions(packs, kernel);
+        const std::vector<Schedule> orders =
+            kernelgen::search_schedules(written_graph(kernel), kernel.target, kSeedsOfPacks);
+        for (std::size_t i = 0; i < std::min(orders.size(), kOrdersInPacks); ++i) {
+            for (const char* option : kOptionsOfPacks) {
+                kernel.order = orders[i].method;
+                kernel.option = option;
+                candidates.add(kernel_source(kernel), orders[i],
+                               row(kernel, kernel.order, kernel.option, recorded));
+            }
+        }
+    }
+}
+
 void write_orders(Element element, int length, const Target& target,
                   const std::filesystem::path& folder) {
     Kernel kernel = proven_kernel(length, Direction::Forward, element, target);
+    if (target.baseline != nullptr) return write_packs(kernel, folder);
     std::filesystem::create_directories(folder);
     const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, target, kSeeds);
     int number = 0;

@@ -1,5 +1,6 @@
 #include "transforms/dft_real/kernels/real_kernel.hpp"
 
+#include "kernelgen/lanes/pack_search.hpp"
 #include "kernelgen/schedule/settled_order.hpp"
 #include "transforms/dft_real/kernels/precision.hpp"
 
@@ -47,12 +48,17 @@ RealKernel described(const Family& family, int length, Element element, const Gr
                      const Target& target) {
     const Graph joined = with_products_joined(network);
     const Graph rows = has_wide_sums(length) ? with_wide_sums(joined) : joined;
-    return {target,
-            family,
-            length,
-            element,
-            element == Element::Real32 ? rows : in_binary64(rows),
-            tuning_of(family.kind, row_of(length), element, target)};
+    RealKernel kernel{target,
+                      family,
+                      length,
+                      element,
+                      element == Element::Real32 ? rows : in_binary64(rows),
+                      tuning_of(family.kind, row_of(length), element, target)};
+    if (target.baseline != nullptr && kernel.tuning.packs.empty()) {
+        kernel.target = *target.baseline;
+        kernel.tuning = tuning_of(family.kind, row_of(length), element, kernel.target);
+    }
+    return kernel;
 }
 
 RealKernel proven(const Family& family, int length, Element element, const Graph& network,
@@ -89,8 +95,13 @@ int wide_sums(const Graph& graph) {
     });
 }
 
+Graph written_graph(const RealKernel& kernel) {
+    if (kernel.tuning.packs.empty()) return kernel.graph;
+    return kernelgen::laned_graph(kernel.name(), kernel.graph, kernel.tuning.packs);
+}
+
 kernelgen::Schedule schedule_of(const RealKernel& kernel) {
-    return kernelgen::settled_schedule(kernel.tuning.order, kernel.graph, kernel.target);
+    return kernelgen::settled_schedule(kernel.tuning.order, written_graph(kernel), kernel.target);
 }
 
 }  // namespace dft_real

@@ -43,7 +43,8 @@ struct RealKernel {
 
 /** Rows of `network`, which are of binary32, as the kernel of `element`: constants that meet are
  * joined, sums stand in the precision of their rows where that is settled, and for binary64
- * conversions are left out. Nothing of it has been proven. */
+ * conversions are left out. For a level without lanes of its own it is the baseline's. Nothing of it
+ * has been proven. */
 RealKernel described(const Family& family, int length, Element element,
                      const kernelgen::Graph& network, const Target& target);
 
@@ -63,7 +64,11 @@ int doubled_inputs(const kernelgen::Graph& graph);
 /** Number of sums of two values that a binary32 kernel forms in binary64. */
 int wide_sums(const kernelgen::Graph& graph);
 
-/** The kernel's nodes in the order of its code. */
+/** The graph that is written: the kernel's own, or that of its lanes, proven to be of the same
+ * values; throws std::logic_error. */
+kernelgen::Graph written_graph(const RealKernel& kernel);
+
+/** The written graph's nodes in the order of its code. */
 kernelgen::Schedule schedule_of(const RealKernel& kernel);
 
 }  // namespace dft_real

@@ -53,9 +53,11 @@ std::string counts_comment(const RealKernel& kernel) {
 std::string kernel_source(const RealKernel& kernel) {
     const kernelgen::Schedule schedule = schedule_of(kernel);
     const bool whole_register = kernel.tuning.rounding == Rounding::WholeRegister;
+    const bool in_packs = !kernel.tuning.packs.empty();
+    const std::string rounding = whole_register ? "core::rounded" : "static_cast<float>";
     const kernelgen::EmittedBody body =
-        kernelgen::emit(kernel.graph, schedule.order, kernel.target,
-                        whole_register ? "core::rounded" : "static_cast<float>");
+        in_packs ? kernelgen::emit_mixed(written_graph(kernel), schedule.order, kernel.target)
+                 : kernelgen::emit(kernel.graph, schedule.order, kernel.target, rounding);
     const std::string real = real_name(kernel.element);
     const std::string arrays = "const " + real + "* src, " + real + "* dst, ";
     std::string text = "// " + title_of(kernel) + ", " + precision_name(kernel.element) +
@@ -70,6 +72,7 @@ std::string kernel_source(const RealKernel& kernel) {
     }
     text += "#include \"core/frame.hpp\"\n";
     if (whole_register) text += "#include \"core/rounding.hpp\"\n";
+    if (in_packs) text += "#include \"core/vector_access.hpp\"\n";
     text += "\nnamespace {\n\n" + scale_table(kernel);
     if (!body.constants.empty()) text += "\n" + body.constants;
     text += "\n[[gnu::always_inline]] inline void transform(const " + real + "* x, " + real +

@@ -22,6 +22,7 @@ struct Tuning {
         {};  ///< a method of kernelgen::schedule_by, or empty for the cheapest plain one
     Rounding rounding = Rounding::Conversion;
     std::string option = {};  ///< of GCC, without its "-f", or empty
+    std::string packs = {};   ///< kernelgen::PackSeeds in words, or empty: a value at a time
 };
 
 /** A tuning as it is recorded, with the order of stages that it was found for. */

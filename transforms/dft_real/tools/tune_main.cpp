@@ -6,6 +6,7 @@
  * its modelled traffic and the row of recorded/tuned_TYPE.inc are printed.
  */
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -13,6 +14,7 @@
 #include <stdexcept>
 
 #include "kernelgen/emission/candidates.hpp"
+#include "kernelgen/lanes/pack_search.hpp"
 #include "transforms/dft_real/kernels/real_dft_kernel.hpp"
 #include "transforms/dft_real/kernels/real_kernel_source.hpp"
 #include "transforms/hartley/hartley_kernel.hpp"
@@ -23,6 +25,9 @@ using namespace dft_real;
 
 constexpr int kSeeds = 8;
 constexpr std::size_t kOrders = 3;
+constexpr const char* kOptionsOfPacks[] = {"", "no-schedule-insns2"};
+constexpr std::size_t kPacks = 2;
+constexpr std::size_t kOrdersInPacks = 2;
 // Of GCC's register allocator and what runs before it; each is the best one for some kernels.
 constexpr const char* kOptions[] = {"", "no-tree-ter", "no-schedule-insns2"};
 const std::map<std::string, Kind> kKinds = {
@@ -48,12 +53,33 @@ std::string row(const RealKernel& kernel) {
     return std::string("{Kind::") + kinds[static_cast<int>(kernel.family.kind)] + ", " +
            std::to_string(kernel.length) + ", \"" +
            in_words(row_of(kernel.length).order_of(kernel.family.kind)) + "\", {\"" + t.order +
-           "\", Rounding::" + rounding + ", \"" + t.option + "\"}},";
+           "\", Rounding::" + rounding + ", \"" + t.option + "\"" +
+           (t.packs.empty() ? "" : ", \"" + t.packs + "\"") + "}},";
+}
+
+/** The kernel as the baseline has it, and in packs. */
+void write_forms_in_packs(RealKernel kernel, const std::filesystem::path& folder) {
+    kernelgen::Candidates candidates(folder);
+    candidates.add(kernel_source(kernel), schedule_of(kernel), "");
+    kernel.target = kernelgen::kX86_64_v3;
+    for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
+        kernel.tuning = {.order = {}, .packs = packs};
+        const auto orders =
+            kernelgen::search_schedules(written_graph(kernel), kernel.target, kSeeds);
+        for (std::size_t i = 0; i < std::min(kOrdersInPacks, orders.size()); ++i) {
+            for (const char* option : kOptionsOfPacks) {
+                kernel.tuning.order = orders[i].method;
+                kernel.tuning.option = option;
+                candidates.add(kernel_source(kernel), schedule_of(kernel), row(kernel));
+            }
+        }
+    }
 }
 
 void write_forms(Kind kind, int length, Element element, const Target& target,
                  const std::filesystem::path& folder) {
     RealKernel kernel = kernel_of(kind, length, element, target);
+    if (target.baseline != nullptr) return write_forms_in_packs(kernel, folder);
     std::vector<std::string> orders = {schedule_of(kernel).method};
     for (const auto& found : kernelgen::search_schedules(kernel.graph, target, kSeeds)) {
         if (orders.size() < kOrders && found.method != orders.front())
