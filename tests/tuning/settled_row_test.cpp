@@ -19,7 +19,8 @@ struct Candidate {
     const char* cycles;
 };
 
-std::string settled(const std::vector<Candidate>& candidates) {
+std::string settled(const std::vector<Candidate>& candidates,
+                    const std::vector<std::string>& options = {}) {
     const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "settled_row";
     std::filesystem::create_directories(folder);
     std::ofstream rows(folder / "rows");
@@ -30,7 +31,10 @@ std::string settled(const std::vector<Candidate>& candidates) {
     }
     rows.close();
     cycles.close();
-    const auto result = run_command({SETTLED_ROW, folder / "rows", folder / "cycles"});
+    std::vector<std::string> command = {SETTLED_ROW};
+    command.insert(command.end(), options.begin(), options.end());
+    command.insert(command.end(), {folder / "rows", folder / "cycles"});
+    const auto result = run_command(command);
     EXPECT_EQ(0, result.exit_code) << result.output;
     return result.output;
 }
@@ -65,6 +69,22 @@ TEST(SettledRow, KeepsTheSpacesAndCommasOfARow) {
 
 TEST(SettledRow, IsNoneWhereNothingWasTimed) {
     EXPECT_EQ("", settled({}));
+    EXPECT_EQ("", settled({}, {"--packs"}));
+}
+
+TEST(SettledRow, OfPacksIsTheFastestWhateverItsTraffic) {
+    EXPECT_EQ("{third},\n", settled({{90, "", "200.0"},
+                                     {10, "{second},", "101.0"},
+                                     {80, "{third},", "100.0"},
+                                     {20, "{fourth},", "100.5"}},
+                                    {"--packs"}));
+}
+
+TEST(SettledRow, OfPacksIsNoneWhereTheBaselinesKernelIsWithinThreePerCent) {
+    EXPECT_EQ("", settled({{90, "", "103.0"}, {10, "{second},", "100.0"}}, {"--packs"}));
+    EXPECT_EQ("", settled({{90, "", "99.0"}, {10, "{second},", "100.0"}}, {"--packs"}));
+    EXPECT_EQ("{second},\n", settled({{90, "", "103.1"}, {10, "{second},", "100.0"}}, {"--packs"}));
+    EXPECT_EQ("", settled({{90, "", "103.1"}}, {"--packs"})) << "no packs were found";
 }
 
 }  // namespace
