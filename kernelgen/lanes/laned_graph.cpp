@@ -1,11 +1,12 @@
 #include "kernelgen/lanes/laned_graph.hpp"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
-#include <optional>
 #include <set>
 #include <stdexcept>
+#include <utility>
+
+#include "kernelgen/lanes/lane_moves.hpp"
 
 namespace kernelgen {
 namespace {
@@ -56,8 +57,9 @@ class LanedGraph {
             return next;
         }
         if (values.size() >= 2 && width(type) == 4) {
-            const Two pair = adjacent(values[0], values[1]);
-            if (pair.first == 0)
+            const auto [low, high] = origins(values[0], values[1]);
+            const LaneOrigin pair = in_one_half(to_, low, high);
+            if (pair.lane == 0)
                 to_.store_low(pair.vector, n.offset);
             else
                 to_.store_high(pair.vector, n.offset);
@@ -305,103 +307,24 @@ class LanedGraph {
             std::all_of(lanes.begin(), lanes.end(), [&](NodeId id) { return id == lanes[0]; });
         if (are_loads(lanes)) return gathered(lanes, type);
         if (all_one && !packs_.holds(lanes[0])) return to_.spread(narrow(lanes[0]));
-        const bool in_packs =
-            std::all_of(lanes.begin(), lanes.end(), [&](NodeId id) { return packs_.holds(id); });
-        if (!in_packs) {
-            const Two low = two(lanes[0], lanes[1]);
-            const Two high = two(lanes[2], lanes[3]);
-            return picked(low.vector, high.vector,
-                          {low.first, low.second, 4 + high.first, 4 + high.second});
+        const auto [first, second] = origins(lanes[0], lanes[1]);
+        const auto [third, fourth] = origins(lanes[2], lanes[3]);
+        return four_lanes(to_, {first, second, third, fourth});
+    }
+
+    /** Where two nodes are that stand side by side: in their packs, or joined for that. */
+    std::pair<LaneOrigin, LaneOrigin> origins(NodeId first, NodeId second) {
+        if (packs_.holds(first) && packs_.holds(second)) {
+            const auto origin = [&](NodeId id) {
+                return LaneOrigin{vector(packs_.place(id).pack), packs_.place(id).lane};
+            };
+            // One after the other, so that all compilers number the nodes alike.
+            const LaneOrigin a = origin(first);
+            return {a, origin(second)};
         }
-        for (NodeId id : lanes) vector(packs_.place(id).pack);
-        if (const auto one = by_one_move(lanes)) return *one;
-        if (is_binary32(type)) return by_pairs(lanes);
-        // By halves first or by pairs first, whichever needs fewer moves beside those that are
-        // made.
-        const Graph::Mark mark = to_.mark();
-        by_halves(lanes);
-        const std::size_t moves = to_.size() - mark.nodes;
-        to_.return_to(mark);
-        const Ref result = by_pairs(lanes);
-        if (to_.size() - mark.nodes <= moves) return result;
-        to_.return_to(mark);
-        return by_halves(lanes);
-    }
-
-    /** Lanes of the first vector, then, from 4 on, of the second. */
-    Ref picked(Ref a, Ref b, const std::array<int, 4>& lanes) {
-        Selection selection{};
-        for (std::size_t i = 0; i < 4; ++i)
-            selection[i] = lane_number(a == b ? lanes[i] % 4 : lanes[i]);
-        return to_.shuffle(a, b, selection);
-    }
-
-    /** Where that is so: lanes out of two packs that one instruction picks. */
-    std::optional<Ref> by_one_move(const Pack& wanted) {
-        int first = packs_.place(wanted[0]).pack;
-        int second = first;
-        for (NodeId id : wanted) {
-            const int pack = packs_.place(id).pack;
-            if (pack == first) continue;
-            if (second != first && pack != second) return {};
-            second = pack;
-        }
-        const auto lanes_of = [&](int front) {
-            std::array<int, 4> lanes{};
-            for (std::size_t i = 0; i < 4; ++i)
-                lanes[i] =
-                    packs_.place(wanted[i]).lane + (packs_.place(wanted[i]).pack == front ? 0 : 4);
-            return lanes;
-        };
-        const bool is_single = is_binary32(from_.node(wanted[0]).type);
-        for (int swaps = 0; swaps < 2; ++swaps) {
-            const std::array<int, 4> lanes = lanes_of(first);
-            if (first == second || is_one_move(lanes, is_single))
-                return picked(vector(first), vector(second), lanes);
-            std::swap(first, second);
-        }
-        return {};
-    }
-
-    static bool is_one_move(const std::array<int, 4>& lanes, bool is_single) {
-        bool is_blend = true;
-        for (int i = 0; i < 4; ++i) is_blend = is_blend && lanes[at(i)] % 4 == i;
-        if (is_blend) return true;
-        if (is_single) {
-            const bool interleaves =
-                lanes == std::array{0, 4, 1, 5} || lanes == std::array{2, 6, 3, 7};
-            return interleaves || (lanes[0] < 4 && lanes[1] < 4 && lanes[2] >= 4 && lanes[3] >= 4);
-        }
-        // Within halves, a lane of each operand in turn; or whole halves.
-        const bool in_turn =
-            lanes[0] / 2 == 0 && lanes[1] / 2 == 2 && lanes[2] / 2 == 1 && lanes[3] / 2 == 3;
-        const bool halves = lanes[0] % 2 == 0 && lanes[1] == lanes[0] + 1 && lanes[2] % 2 == 0 &&
-                            lanes[3] == lanes[2] + 1;
-        return in_turn || halves;
-    }
-
-    /** Lanes 0 and 1, lanes 2 and 3, and then both. */
-    Ref by_pairs(const Pack& lanes) {
-        const Two low = two(lanes[0], lanes[1]);
-        const Two high = two(lanes[2], lanes[3]);
-        return picked(low.vector, high.vector,
-                      {low.first, low.second, 4 + high.first, 4 + high.second});
-    }
-
-    /** Of doubles, the halves that hold lanes 0 and 2, those of lanes 1 and 3, and then a lane of
-     * each in turn. */
-    Ref by_halves(const Pack& lanes) {
-        const auto halves_of = [&](NodeId low, NodeId high) {
-            const int first = packs_.place(low).lane / 2 * 2;
-            const int second = packs_.place(high).lane / 2 * 2;
-            return picked(vector(packs_.place(low).pack), vector(packs_.place(high).pack),
-                          {first, first + 1, 4 + second, 5 + second});
-        };
-        const auto within_half = [&](int i) { return packs_.place(lanes[at(i)]).lane % 2; };
-        const Ref even = halves_of(lanes[0], lanes[2]);
-        const Ref odd = halves_of(lanes[1], lanes[3]);
-        return picked(even, odd,
-                      {within_half(0), 4 + within_half(1), 2 + within_half(2), 6 + within_half(3)});
+        const Ref a = narrow(first);
+        const Ref joined = to_.join(a, narrow(second));
+        return {{joined, 0}, {joined, 1}};
     }
 
     Ref gathered(const Pack& loads, Type type) {
@@ -410,63 +333,12 @@ class LanedGraph {
         std::reverse(backwards.begin(), backwards.end());
         if (are_adjacent(backwards)) {
             const Ref straight = to_.load(type, from_.node(backwards.front()).offset);
-            return picked(straight, straight, {3, 2, 1, 0});
+            return to_.shuffle(straight, straight, {3, 2, 1, 0});
         }
         Selection elements{};
         for (std::size_t i = 0; i < 4; ++i)
             elements[i] = static_cast<std::uint8_t>(from_.node(loads[i]).offset);
         return to_.gather(type, elements);
-    }
-
-    /** A vector that holds two values, and in which lanes. */
-    struct Two {
-        Ref vector;
-        int first;
-        int second;
-    };
-
-    /** Of singles in any lanes, of doubles in one half. */
-    Two two(NodeId first, NodeId second) {
-        if (first != second && packs_.holds(first) && packs_.holds(second) &&
-            is_binary32(from_.node(first).type)) {
-            const Packs::Place p = packs_.place(first);
-            const Packs::Place q = packs_.place(second);
-            if (p.pack == q.pack) return {vector(p.pack), p.lane, q.lane};
-            if (p.lane != q.lane)
-                return {picked(vector(p.pack), vector(q.pack),
-                               {p.lane, p.lane, 4 + q.lane, 4 + q.lane}),
-                        0, 2};
-        }
-        return adjacent(first, second);
-    }
-
-    /** In the lower or in the upper half. */
-    Two adjacent(NodeId first, NodeId second) {
-        if (!packs_.holds(first) || !packs_.holds(second))
-            return {to_.join(narrow(first), narrow(second)), 0, 1};
-        const Packs::Place p = packs_.place(first);
-        const Packs::Place q = packs_.place(second);
-        const Ref a = vector(p.pack);
-        const Ref b = vector(q.pack);
-        const int half = p.lane / 2 * 2;
-        if (p.pack == q.pack && q.lane == p.lane + 1 && p.lane == half) return {a, half, half + 1};
-        if (!is_binary32(from_.node(first).type)) {
-            // Within halves, where others may want the same of the other half.
-            if (half == q.lane / 2 * 2)
-                return {picked(a, b, {p.lane % 2, 4 + q.lane % 2, 2 + p.lane % 2, 6 + q.lane % 2}),
-                        half, half + 1};
-            const Ref halves = picked(b, b, {2, 3, 0, 1});
-            return {picked(a, halves, {p.lane % 2, 4 + q.lane % 2, 2 + p.lane % 2, 6 + q.lane % 2}),
-                    half, half + 1};
-        }
-        if (p.pack != q.pack && p.lane == q.lane) {
-            const int start = p.lane % 2 * 2;
-            return {picked(a, b, {half, 4 + half, half + 1, 5 + half}), start, start + 1};
-        }
-        const Two apart = p.pack == q.pack ? Two{a, p.lane, q.lane} : two(first, second);
-        return {picked(apart.vector, apart.vector,
-                       {apart.first, apart.second, apart.first, apart.second}),
-                0, 1};
     }
 
     const Packs& packs_;
