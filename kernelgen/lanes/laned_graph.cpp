@@ -200,7 +200,7 @@ class LanedGraph {
         }
         if (inputs.size() == 1) {
             inputs.push_back(to_.zero(laned(from_.node(pack.front()).type)));
-            negative.push_back(Signs(negative.front().size(), false));
+            negative.emplace_back(negative.front().size(), false);
         }
         const auto number = [](const Signs& signs) {
             return std::count(signs.begin(), signs.end(), true) > 0 ? 1 : 0;
