@@ -100,6 +100,8 @@ class MutantCopy {
                 return to_.load_high(a(n), n.offset);
             case Op::LoadScalar:
                 return to_.load_scalar(n.type, n.offset);
+            case Op::Gather:
+                return to_.gather(n.type, n.selection);
             case Op::Scale:
                 return to_.scale(n.type);
             case Op::Constant:
@@ -116,6 +118,12 @@ class MutantCopy {
                 return to_.flip(a(n), n.selection);
             case Op::Shuffle:
                 return to_.shuffle(a(n), b(n), n.selection);
+            case Op::Spread:
+                return to_.spread(a(n));
+            case Op::Join:
+                return to_.join(a(n), b(n));
+            case Op::Part:
+                return to_.part(a(n), n.type, n.offset);
             case Op::Widen:
                 return to_.widen(a(n));
             case Op::Round:
