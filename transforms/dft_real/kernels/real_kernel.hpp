@@ -43,8 +43,8 @@ struct RealKernel {
 
 /** Rows of `network`, which are of binary32, as the kernel of `element`: constants that meet are
  * joined, sums stand in the precision of their rows where that is settled, and for binary64
- * conversions are left out. For a level without lanes of its own it is the baseline's. Nothing of it
- * has been proven. */
+ * conversions are left out. For a level without lanes of its own it is the baseline's. Nothing of
+ * it has been proven. */
 RealKernel described(const Family& family, int length, Element element,
                      const kernelgen::Graph& network, const Target& target);
 
