@@ -172,7 +172,10 @@ class Search {
 
     /** Lanes stand in the order of what is loaded for them. */
     int first_element(NodeId id) const {
-        while (!is_load(nodes_.graph().node(id).op)) id = nodes_.inputs(id).front();
+        const auto is_end = [&](NodeId node) {
+            return is_load(nodes_.graph().node(node).op) || nodes_.inputs(node).empty();
+        };
+        while (!is_end(id)) id = nodes_.inputs(id).front();
         return nodes_.graph().node(id).offset;
     }
 
