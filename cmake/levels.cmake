@@ -33,7 +33,7 @@ foreach(level IN LISTS QSVG_LEVELS)
         endif()
         level_suffix(${level} suffix)
         level_suffix(${QSVG_SINGLES_OF} singles)
-        set(QSVG_SINGLES${suffix} "${singles}" CACHE INTERNAL "Behind the names of a level's kernels of 16 bytes")
+        set(QSVG_SINGLES${suffix} "${singles}" CACHE INTERNAL "Behind the names of what two levels share")
         add_library(level_code${suffix} INTERFACE)
         target_compile_options(level_code${suffix} INTERFACE ${QSVG_LEVEL_OPTIONS})
         target_compile_definitions(
@@ -43,8 +43,8 @@ foreach(level IN LISTS QSVG_LEVELS)
     endblock()
 endforeach()
 
-# Levels whose complex, real and Hartley kernels, of 16 bytes, have machine code of their own. Families that fill a
-# level's vectors have kernels for each of QSVG_LEVELS.
+# Levels whose complex, real and Hartley kernels have machine code of their own. Families that fill the vectors of
+# every level have kernels for each of QSVG_LEVELS.
 set(QSVG_LEVELS_OF_SINGLES "")
 foreach(level IN LISTS QSVG_LEVELS)
     level_suffix(${level} suffix)

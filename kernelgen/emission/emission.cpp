@@ -93,7 +93,8 @@ class Emitter {
 
     // A row that starts off a 16-byte boundary is moved unaligned on the aligned path as well.
     std::string access(const Node& n) const {
-        if (memory_ == Memory::Mixed) return is_wide(n.type) ? "core::Wide" : "core::Unaligned";
+        if (memory_ == Memory::Mixed)
+            return is_wide(n.type) ? wide_access(n.type) : "core::Unaligned";
         return n.offset % lane_count(n.type) == 0 || is_wide(n.type) ? "Memory" : "Unaligned";
     }
 

@@ -230,6 +230,52 @@ Ref Graph::part(Ref a, Type type, int index) {
     return {intern({.op = Op::Part, .type = type, .a = a.id, .offset = index}), a.negative};
 }
 
+Ref Graph::copied(const Graph& from, const Node& node, Ref a, Ref b) {
+    switch (node.op) {
+        case Op::Load:
+            return load(node.type, node.offset);
+        case Op::LoadLow:
+            return load_low(node.type, node.offset);
+        case Op::LoadHigh:
+            return load_high(a, node.offset);
+        case Op::LoadScalar:
+            return load_scalar(node.type, node.offset);
+        case Op::Gather:
+            return gather(node.type, node.selection);
+        case Op::Scale:
+            return scale(node.type);
+        case Op::Constant:
+            return constant(node.type, from.constants()[static_cast<std::size_t>(node.constant)]);
+        case Op::Zero:
+            return zero(node.type);
+        case Op::Add:
+            return add(a, b);
+        case Op::Sub:
+            return sub(a, b);
+        case Op::Mul:
+            return mul(a, b);
+        case Op::Flip:
+            return flip(a, node.selection);
+        case Op::Shuffle:
+            return shuffle(a, b, node.selection);
+        case Op::Spread:
+            return spread(a);
+        case Op::Join:
+            return join(a, b);
+        case Op::Part:
+            return part(a, node.type, node.offset);
+        case Op::Widen:
+            return widen(a);
+        case Op::Round:
+            return round(a);
+        case Op::Store:
+        case Op::StoreLow:
+        case Op::StoreHigh:
+            break;
+    }
+    throw std::logic_error("a store is no value to copy");
+}
+
 void Graph::store_as(Op op, Ref value, int offset) {
     if (value.is_zero() || value.negative)
         throw std::logic_error("a store takes a positive value of the graph");

@@ -140,6 +140,9 @@ class Graph {
     Ref join(Ref a, Ref b);
     Ref part(Ref a, Type type, int index);
 
+    /** A node of another graph, of these operands; not a store. */
+    Ref copied(const Graph& from, const Node& node, Ref a, Ref b);
+
     void store(Ref value, int offset) { store_as(Op::Store, value, offset); }
     void store_low(Ref value, int offset) { store_as(Op::StoreLow, value, offset); }
     void store_high(Ref value, int offset) { store_as(Op::StoreHigh, value, offset); }

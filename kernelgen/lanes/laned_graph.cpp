@@ -84,41 +84,10 @@ class LanedGraph {
 
     Ref copied(NodeId id) {
         const Node& n = from_.node(id);
-        switch (n.op) {
-            case Op::Load:
-                return to_.load(n.type, n.offset);
-            case Op::LoadLow:
-                return to_.load_low(n.type, n.offset);
-            case Op::LoadHigh:
-                return to_.load_high(narrow(n.a), n.offset);
-            case Op::LoadScalar:
-                return to_.load_scalar(n.type, n.offset);
-            case Op::Scale:
-                return to_.scale(n.type);
-            case Op::Zero:
-                return to_.zero(n.type);
-            case Op::Constant:
-                return to_.constant(n.type, from_.constants()[at(n.constant)]);
-            case Op::Add:
-            case Op::Sub:
-            case Op::Mul:
-            case Op::Shuffle: {
-                // One after the other, so that all compilers number the nodes alike.
-                const Ref a = narrow(n.a);
-                const Ref b = narrow(n.b);
-                if (n.op == Op::Shuffle) return to_.shuffle(a, b, n.selection);
-                if (n.op == Op::Mul) return to_.mul(a, b);
-                return n.op == Op::Add ? to_.add(a, b) : to_.sub(a, b);
-            }
-            case Op::Flip:
-                return to_.flip(narrow(n.a), n.selection);
-            case Op::Widen:
-                return to_.widen(narrow(n.a));
-            case Op::Round:
-                return to_.round(narrow(n.a));
-            default:
-                throw std::logic_error("this node is no part of a graph without lanes");
-        }
+        // One after the other, so that all compilers number the nodes alike.
+        const Ref a = n.a == kNone ? Ref{} : narrow(n.a);
+        const Ref b = n.b == kNone ? Ref{} : narrow(n.b);
+        return to_.copied(from_, n, a, b);
     }
 
     Ref vector(int pack) {

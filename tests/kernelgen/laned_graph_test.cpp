@@ -160,33 +160,6 @@ TEST_F(LanedGraph, AdjacentElementsOutOfTwoVectorsAreStoredTogether) {
     EXPECT_EQ(kernelgen::count(wide, false).shuffles, 2);
 }
 
-TEST_F(LanedGraph, ATransposeOfDoublesTakesEightMoves) {
-    Pack rows[4];
-    Pack columns[4];
-    Ref row_values[4][4];
-    for (int row = 0; row < 4; ++row) {
-        for (int lane = 0; lane < 4; ++lane) {
-            row_values[row][lane] = g.add(x(4 * row + lane), x(16 + 4 * row + lane));
-            rows[row].push_back(row_values[row][lane].id);
-        }
-    }
-    for (int column = 0; column < 4; ++column) {
-        for (int row = 0; row < 4; ++row) {
-            const Ref product = g.mul(row_values[row][column], {Exact::rational(2 + row)});
-            g.store(product, 4 * column + row);
-            columns[column].push_back(product.id);
-        }
-    }
-    const Neighbourhood nodes(g);
-    Packs packs(nodes);
-    // Columns alone: what they are made of would follow them.
-    for (const Pack& row : rows) packs.grow(row, Spreading::Strict);
-    for (const Pack& column : columns) packs.grow(column, Spreading::Strict);
-    const Graph wide = kernelgen::laned_graph(packs);
-    kernelgen::prove_same_values("the transpose", wide, "the graph", g);
-    EXPECT_LE(kernelgen::count(wide, false).shuffles, 8);
-}
-
 TEST_F(LanedGraph, VectorsOf16BytesAreJoinedToThoseOf32) {
     Pack sums;
     for (int i = 0; i < 2; ++i) {

@@ -91,49 +91,8 @@ class MutantCopy {
     }
 
     Ref copied(const Node& n) {
-        switch (n.op) {
-            case Op::Load:
-                return to_.load(n.type, n.offset);
-            case Op::LoadLow:
-                return to_.load_low(n.type, n.offset);
-            case Op::LoadHigh:
-                return to_.load_high(a(n), n.offset);
-            case Op::LoadScalar:
-                return to_.load_scalar(n.type, n.offset);
-            case Op::Gather:
-                return to_.gather(n.type, n.selection);
-            case Op::Scale:
-                return to_.scale(n.type);
-            case Op::Constant:
-                return to_.constant(n.type, lanes(n));
-            case Op::Zero:
-                return to_.zero(n.type);
-            case Op::Add:
-                return to_.add(a(n), b(n));
-            case Op::Sub:
-                return to_.sub(a(n), b(n));
-            case Op::Mul:
-                return to_.mul(a(n), b(n));
-            case Op::Flip:
-                return to_.flip(a(n), n.selection);
-            case Op::Shuffle:
-                return to_.shuffle(a(n), b(n), n.selection);
-            case Op::Spread:
-                return to_.spread(a(n));
-            case Op::Join:
-                return to_.join(a(n), b(n));
-            case Op::Part:
-                return to_.part(a(n), n.type, n.offset);
-            case Op::Widen:
-                return to_.widen(a(n));
-            case Op::Round:
-                return to_.round(a(n));
-            case Op::Store:
-            case Op::StoreLow:
-            case Op::StoreHigh:
-                break;
-        }
-        return {};
+        return to_.copied(from_, n, n.a == kernelgen::kNone ? Ref{} : a(n),
+                          n.b == kernelgen::kNone ? Ref{} : b(n));
     }
 
     Ref changed(const Node& n) {
