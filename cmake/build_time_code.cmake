@@ -33,6 +33,23 @@ function(lengths_of_table table result)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
 endfunction()
 
+# recorded_lengths(table result [kind]): the lengths that a table of tunings has rows of, "{15, .." or "{kind, 15, ..".
+function(recorded_lengths table result)
+    get_filename_component(table ${table} ABSOLUTE)
+    set(kind "")
+    if(ARGC GREATER 2)
+        set(kind "${ARGV2}, ")
+    endif()
+    file(STRINGS ${table} rows REGEX "^{${kind}[0-9]+, ")
+    set(lengths "")
+    foreach(row IN LISTS rows)
+        string(REGEX REPLACE "^{${kind}([0-9]+), .*" "\\1" length "${row}")
+        list(APPEND lengths ${length})
+    endforeach()
+    set(${result} ${lengths} PARENT_SCOPE)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
+endfunction()
+
 # Where a family's sources for the target are written.
 set(QSVG_GENERATED ${PROJECT_BINARY_DIR}/generated/${QSVG_TARGET})
 

@@ -43,8 +43,8 @@ foreach(level IN LISTS QSVG_LEVELS)
     endblock()
 endforeach()
 
-# Levels whose complex, real and Hartley kernels have machine code of their own. Families that fill the vectors of
-# every level have kernels for each of QSVG_LEVELS.
+# Levels that compile all complex, real and Hartley kernels; of the others only what is recorded for them has machine
+# code of their own. Families that fill the vectors of every level have kernels for each of QSVG_LEVELS.
 set(QSVG_LEVELS_OF_SINGLES "")
 foreach(level IN LISTS QSVG_LEVELS)
     level_suffix(${level} suffix)
@@ -62,13 +62,75 @@ function(target_of_level level result)
 endfunction()
 
 # level_objects(name LEVELS level... SOURCES source... [LINK library...]): objects of the library for each of these
-# levels, name, name_x86-64-v3, ..
+# levels, name, name_x86-64-v3, ..; none where there are no sources.
 function(level_objects name)
     cmake_parse_arguments(PARSE_ARGV 1 objects "" "" "LEVELS;SOURCES;LINK")
+    if(NOT objects_SOURCES)
+        return()
+    endif()
     foreach(level IN LISTS objects_LEVELS)
         level_suffix(${level} suffix)
         add_library(${name}${suffix} OBJECT ${objects_SOURCES})
         target_link_libraries(${name}${suffix} PRIVATE runtime_code level_code${suffix}
                                                        ${objects_LINK})
     endforeach()
+endfunction()
+
+# kernels_of_part(family part level DESCRIBE program LENGTHS length... RECORDED folder [KIND kind]): how the build writes
+# those kernels of a part, of fwd_ccs_32f for example, that a level has for itself, and what it compiles, which is
+# appended to FAMILY_sources. RECORDED has the tables of levels, whose rows may begin with a kind.
+function(kernels_of_part family part level)
+    cmake_parse_arguments(PARSE_ARGV 3 part "" "DESCRIBE;RECORDED;KIND" "LENGTHS")
+    target_of_level(${level} target)
+    set(own ${part_LENGTHS})
+    if(NOT level STREQUAL "baseline")
+        string(REGEX MATCH "[^_]+$" element ${part})
+        recorded_lengths(${part_RECORDED}/${target}/tuned_${element}.inc own ${part_KIND})
+    endif()
+    set(generated ${PROJECT_BINARY_DIR}/generated)
+    set(written "")
+    set(taken "")
+    foreach(length IN LISTS part_LENGTHS)
+        string(REGEX REPLACE "([^_]+)$" "${length}_\\1.cpp" file ${part})
+        if(length IN_LIST own)
+            list(APPEND written ${generated}/${target}/${family}/${file})
+        elseif(level IN_LIST QSVG_LEVELS_OF_SINGLES)
+            list(APPEND taken ${generated}/${QSVG_TARGET}/${family}/${file})
+        endif()
+    endforeach()
+    set(dispatcher ${generated}/${QSVG_TARGET}/${family}/${part}.cpp)
+    if(level STREQUAL "baseline")
+        list(APPEND written ${dispatcher})
+        dispatches_directly(${dispatcher})
+    elseif(level IN_LIST QSVG_LEVELS_OF_SINGLES)
+        list(APPEND taken ${dispatcher})
+    endif()
+    if(written)
+        add_custom_command(
+            OUTPUT ${written}
+            COMMAND ${part_DESCRIBE} ${target} ${generated}/${target}/${family} ${part}
+            DEPENDS ${part_DESCRIBE}
+            COMMENT "Proving and writing the kernels ${part} of ${family} for ${target}"
+            VERBATIM)
+    endif()
+    set(${family}_sources ${${family}_sources} ${written} ${taken} PARENT_SCOPE)
+endfunction()
+
+# objects_of_kernels(family level result): those of the level, and else those that it shares with another one.
+function(objects_of_kernels family level result)
+    level_suffix(${level} suffix)
+    set(shared ${QSVG_SINGLES${suffix}})
+    set(objects $<TARGET_OBJECTS:${family}_kernels${shared}>)
+    if(NOT shared STREQUAL suffix AND TARGET ${family}_kernels${suffix})
+        get_target_property(sources ${family}_kernels${suffix} SOURCES)
+        set(names "")
+        foreach(source IN LISTS sources)
+            cmake_path(GET source STEM name)
+            list(APPEND names ${name})
+        endforeach()
+        list(JOIN names "|" names)
+        set(objects "$<FILTER:${objects},EXCLUDE,/(${names})[.]cpp>"
+                    $<TARGET_OBJECTS:${family}_kernels${suffix}>)
+    endif()
+    set(${result} ${objects} PARENT_SCOPE)
 endfunction()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "targets/target.hpp"
+#include "targets/x86_64_v3.hpp"
 
 namespace kernelgen {
 
@@ -11,6 +12,7 @@ inline constexpr Target kX86_64_v4{
     .spelling = Spelling::VectorTypes,
     .operands = Operands::OneInMemory,
     .vector_bytes = 64,
+    .baseline = &kX86_64_v3,
 };
 
 }  // namespace kernelgen

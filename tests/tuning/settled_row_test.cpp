@@ -69,22 +69,22 @@ TEST(SettledRow, KeepsTheSpacesAndCommasOfARow) {
 
 TEST(SettledRow, IsNoneWhereNothingWasTimed) {
     EXPECT_EQ("", settled({}));
-    EXPECT_EQ("", settled({}, {"--packs"}));
+    EXPECT_EQ("", settled({}, {"--level"}));
 }
 
-TEST(SettledRow, OfPacksIsTheFastestWhateverItsTraffic) {
+TEST(SettledRow, OfALevelIsTheFastestWhateverItsTraffic) {
     EXPECT_EQ("{third},\n", settled({{90, "", "200.0"},
                                      {10, "{second},", "101.0"},
                                      {80, "{third},", "100.0"},
                                      {20, "{fourth},", "100.5"}},
-                                    {"--packs"}));
+                                    {"--level"}));
 }
 
-TEST(SettledRow, OfPacksIsNoneWhereTheBaselinesKernelIsWithinThreePerCent) {
-    EXPECT_EQ("", settled({{90, "", "103.0"}, {10, "{second},", "100.0"}}, {"--packs"}));
-    EXPECT_EQ("", settled({{90, "", "99.0"}, {10, "{second},", "100.0"}}, {"--packs"}));
-    EXPECT_EQ("{second},\n", settled({{90, "", "103.1"}, {10, "{second},", "100.0"}}, {"--packs"}));
-    EXPECT_EQ("", settled({{90, "", "103.1"}}, {"--packs"})) << "no packs were found";
+TEST(SettledRow, OfALevelIsNoneWhereTheKernelBelowIsWithinThreePerCent) {
+    EXPECT_EQ("", settled({{90, "", "103.0"}, {10, "{second},", "100.0"}}, {"--level"}));
+    EXPECT_EQ("", settled({{90, "", "99.0"}, {10, "{second},", "100.0"}}, {"--level"}));
+    EXPECT_EQ("{second},\n", settled({{90, "", "103.1"}, {10, "{second},", "100.0"}}, {"--level"}));
+    EXPECT_EQ("", settled({{90, "", "103.1"}}, {"--level"})) << "nothing was found";
 }
 
 }  // namespace

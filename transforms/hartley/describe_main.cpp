@@ -4,6 +4,8 @@
  *
  *     describe_hartley TARGET FOLDER [32f|64f]  the kernels and the dispatchers
  *     describe_hartley TARGET --manifest FILE   one line a kernel
+ *
+ * Of a level, only the kernels that it has for itself.
  */
 
 #include <string>
@@ -21,9 +23,10 @@ void write_sources(const Target& target, const std::filesystem::path& folder,
     for (Element element : kElements) {
         if (suffix(element) != part) continue;
         const std::string end = suffix(element) + ".cpp";
-        for (int n : dft_real::lengths())
+        for (int n : own_lengths(Kind::Hartley, element, target))
             kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
                                         kernel_source(hartley::hartley_kernel(n, element, target)));
+        if (target.baseline != nullptr) continue;
         kernelgen::write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
     }
 }
@@ -31,7 +34,7 @@ void write_sources(const Target& target, const std::filesystem::path& folder,
 void write_manifest(const Target& target, const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
-        for (int n : dft_real::lengths())
+        for (int n : own_lengths(Kind::Hartley, element, target))
             lines += manifest_line(hartley::hartley_kernel(n, element, target)) + "\n";
     }
     kernelgen::write_if_changed(file, lines);

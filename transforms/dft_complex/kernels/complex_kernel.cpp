@@ -1,6 +1,7 @@
 #include "transforms/dft_complex/kernels/complex_kernel.hpp"
 
 #include <stdexcept>
+#include <vector>
 
 #include "kernelgen/lanes/pack_search.hpp"
 #include "kernelgen/proof/proof.hpp"
@@ -63,10 +64,19 @@ Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
     return kernel;
 }
 
+std::vector<int> own_lengths(Element element, const Target& target) {
+    std::vector<int> own = lengths();
+    if (target.baseline == nullptr) return own;
+    std::erase_if(own, [&](int length) {
+        return tuning_of(row_of(length, element), element, target).order.empty();
+    });
+    return own;
+}
+
 Kernel described_kernel(int length, Direction direction, Element element, const Target& target) {
     const TableRow& row = row_of(length, element);
     const Tuning tuning = tuning_of(row, element, target);
-    if (target.baseline != nullptr && tuning.packs.empty())
+    if (target.baseline != nullptr && tuning.order.empty())
         return described_kernel(length, direction, element, *target.baseline);
     Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes, target);
     if (!tuning.lanes.empty() && tuning.lanes.size() < kernel.choices.size())
@@ -77,6 +87,8 @@ Kernel described_kernel(int length, Direction direction, Element element, const 
     kernel.order = tuning.order;
     kernel.option = tuning.option;
     kernel.packs = packs_of(tuning.packs, direction);
+    if (target.baseline != nullptr && kernel.packs.empty())
+        kernel.packs = described_kernel(length, direction, element, *target.baseline).packs;
     return kernel;
 }
 

@@ -36,8 +36,11 @@ struct Kernel {
     bool is_scalar() const;
 };
 
-/** The kernel of `length`, before anything of it has been proven. For a level without packs of its
- * own it is the baseline's. */
+/** Of which a target has kernels of its own: all, a level those that are recorded for it. */
+std::vector<int> own_lengths(Element element, const Target& target);
+
+/** The kernel of `length`, before anything of it has been proven. Where a level has none of its own
+ * it is that of the level below, and where one has no packs of its own it has those of that. */
 Kernel described_kernel(int length, Direction direction, Element element,
                         const Target& target = kernelgen::kReference);
 

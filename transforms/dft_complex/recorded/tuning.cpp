@@ -44,6 +44,16 @@ const Rows kTables[] = {
      {
 #include "transforms/dft_complex/recorded/x86-64-v3/tuned_64fc.inc"
      }},
+    {kernelgen::kX86_64_v4,
+     Element::Complex32,
+     {
+#include "transforms/dft_complex/recorded/x86-64-v4/tuned_32fc.inc"
+     }},
+    {kernelgen::kX86_64_v4,
+     Element::Complex64,
+     {
+#include "transforms/dft_complex/recorded/x86-64-v4/tuned_64fc.inc"
+     }},
     {kernelgen::kAarch64,
      Element::Complex32,
      {

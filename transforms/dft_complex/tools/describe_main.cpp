@@ -4,6 +4,8 @@
  *
  *     describe_dft_complex TARGET FOLDER [fwd_32fc...]   the kernels and the dispatcher of each
  * part describe_dft_complex TARGET --manifest FILE        one line a kernel
+ *
+ * Of a level, only the kernels that it has for itself.
  */
 
 #include "kernelgen/emission/generated_files.hpp"
@@ -23,10 +25,11 @@ void write_sources(const Target& target, const std::filesystem::path& folder,
         const std::string end = suffix(element) + ".cpp";
         for (Direction direction : kDirections) {
             if (stem(direction) + suffix(element) != part) continue;
-            for (int n : lengths())
+            for (int n : own_lengths(element, target))
                 kernelgen::write_if_changed(
                     folder / (stem(direction) + std::to_string(n) + "_" + end),
                     kernel_source(proven_kernel(n, direction, element, target)));
+            if (target.baseline != nullptr) continue;
             kernelgen::write_if_changed(folder / (stem(direction) + end),
                                         dispatcher_source(direction, element));
         }
@@ -37,7 +40,7 @@ void write_manifest(const Target& target, const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for (Element element : kElements) {
         for (Direction direction : kDirections) {
-            for (int n : lengths())
+            for (int n : own_lengths(element, target))
                 lines += manifest_line(proven_kernel(n, direction, element, target)) + "\n";
         }
     }

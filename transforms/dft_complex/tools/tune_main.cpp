@@ -46,9 +46,8 @@ constexpr std::size_t kOrders = 6;
 constexpr const char* kOptions[] = {"", "no-live-range-shrinkage", "no-tree-ter"};
 
 constexpr std::size_t kPacks = 3;
-constexpr int kSeedsOfPacks = 4;
-constexpr std::size_t kOrdersInPacks = 2;
-constexpr const char* kOptionsOfPacks[] = {"", "no-live-range-shrinkage"};
+constexpr std::size_t kOrdersOfLevel = 3;
+constexpr const char* kOptionsOfLevel[] = {"", "no-live-range-shrinkage"};
 
 // Of the decompositions of a length, in order of their cost.
 constexpr std::size_t kRules = 12;
@@ -130,31 +129,39 @@ std::string for_both_directions(const std::string& packs, const Kernel& kernel) 
     }
 }
 
-/** The kernel as the baseline has it, and in vectors of 32 bytes. */
-void write_packs(Kernel kernel, const std::filesystem::path& folder) {
+/** The kernel's most promising orders, each under several options. */
+void add_orders(Kernel kernel, const std::string& recorded_packs,
+                kernelgen::Candidates& candidates) {
+    const std::vector<Schedule> orders =
+        kernelgen::search_schedules(written_graph(kernel), kernel.target, kSeeds);
+    for (std::size_t i = 0; i < std::min(orders.size(), kOrdersOfLevel); ++i) {
+        for (const char* option : kOptionsOfLevel) {
+            kernel.order = orders[i].method;
+            kernel.option = option;
+            candidates.add(kernel_source(kernel), orders[i],
+                           row(kernel, kernel.order, kernel.option, recorded_packs));
+        }
+    }
+}
+
+/** The kernel as the level below has it, and for this one: where registers are more, the same lanes
+ * in other orders; where they are longer, packs. */
+void write_for_level(Kernel kernel, const Target& level, const std::filesystem::path& folder) {
     kernelgen::Candidates candidates(folder);
     candidates.add(kernel_source(kernel), schedule_of(kernel), "");
-    kernel.target = kernelgen::kX86_64_v3;
+    const bool has_more_registers = level.vector_registers > kernel.target.vector_registers;
+    kernel.target = level;
+    if (has_more_registers) return add_orders(kernel, "", candidates);
     for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
         kernel.packs = packs;
-        const std::string recorded = for_both_directions(packs, kernel);
-        const std::vector<Schedule> orders =
-            kernelgen::search_schedules(written_graph(kernel), kernel.target, kSeedsOfPacks);
-        for (std::size_t i = 0; i < std::min(orders.size(), kOrdersInPacks); ++i) {
-            for (const char* option : kOptionsOfPacks) {
-                kernel.order = orders[i].method;
-                kernel.option = option;
-                candidates.add(kernel_source(kernel), orders[i],
-                               row(kernel, kernel.order, kernel.option, recorded));
-            }
-        }
+        add_orders(kernel, for_both_directions(packs, kernel), candidates);
     }
 }
 
 void write_orders(Element element, int length, const Target& target,
                   const std::filesystem::path& folder) {
     Kernel kernel = proven_kernel(length, Direction::Forward, element, target);
-    if (target.baseline != nullptr) return write_packs(kernel, folder);
+    if (target.baseline != nullptr) return write_for_level(kernel, target, folder);
     std::filesystem::create_directories(folder);
     const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, target, kSeeds);
     int number = 0;

@@ -44,6 +44,15 @@ std::string RealKernel::name() const {
     return "qsvg" + family.name + "_" + std::to_string(length) + "_" + suffix(element);
 }
 
+std::vector<int> own_lengths(Kind kind, Element element, const Target& target) {
+    std::vector<int> own = lengths();
+    if (target.baseline == nullptr) return own;
+    std::erase_if(own, [&](int length) {
+        return tuning_of(kind, row_of(length), element, target).order.empty();
+    });
+    return own;
+}
+
 RealKernel described(const Family& family, int length, Element element, const Graph& network,
                      const Target& target) {
     const Graph joined = with_products_joined(network);
@@ -54,10 +63,10 @@ RealKernel described(const Family& family, int length, Element element, const Gr
                       element,
                       element == Element::Real32 ? rows : in_binary64(rows),
                       tuning_of(family.kind, row_of(length), element, target)};
-    if (target.baseline != nullptr && kernel.tuning.packs.empty()) {
-        kernel.target = *target.baseline;
-        kernel.tuning = tuning_of(family.kind, row_of(length), element, kernel.target);
-    }
+    if (target.baseline == nullptr) return kernel;
+    const RealKernel below = described(family, length, element, network, *target.baseline);
+    if (kernel.tuning.order.empty()) return below;
+    if (kernel.tuning.packs.empty()) kernel.tuning.packs = below.tuning.packs;
     return kernel;
 }
 

@@ -41,10 +41,13 @@ struct RealKernel {
     std::string name() const;
 };
 
+/** Of which a target has kernels of its own: all, a level those that are recorded for it. */
+std::vector<int> own_lengths(Kind kind, Element element, const Target& target);
+
 /** Rows of `network`, which are of binary32, as the kernel of `element`: constants that meet are
  * joined, sums stand in the precision of their rows where that is settled, and for binary64
- * conversions are left out. For a level without lanes of its own it is the baseline's. Nothing of
- * it has been proven. */
+ * conversions are left out. Where a level has none of its own it is that of the level below, and
+ * where one has no packs of its own it has those of that. Nothing of it has been proven. */
 RealKernel described(const Family& family, int length, Element element,
                      const kernelgen::Graph& network, const Target& target);
 

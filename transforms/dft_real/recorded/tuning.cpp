@@ -41,6 +41,16 @@ const Rows kTables[] = {
      {
 #include "transforms/dft_real/recorded/x86-64-v3/tuned_64f.inc"
      }},
+    {kernelgen::kX86_64_v4,
+     Element::Real32,
+     {
+#include "transforms/dft_real/recorded/x86-64-v4/tuned_32f.inc"
+     }},
+    {kernelgen::kX86_64_v4,
+     Element::Real64,
+     {
+#include "transforms/dft_real/recorded/x86-64-v4/tuned_64f.inc"
+     }},
     {kernelgen::kAarch64,
      Element::Real32,
      {

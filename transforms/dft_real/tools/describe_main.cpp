@@ -4,6 +4,8 @@
  *
  *     describe_dft_real TARGET FOLDER [fwd_ccs_32f...]   the kernels and the dispatcher of each
  * part describe_dft_real TARGET --manifest FILE           one line a kernel of all parts
+ *
+ * Of a level, only the kernels that it has for itself.
  */
 
 #include <cctype>
@@ -37,24 +39,25 @@ void for_each_part(const std::function<void(Direction, Layout, Element, const st
 
 void write_sources(const Target& target, const std::filesystem::path& folder,
                    const std::string& part) {
-    for_each_part(
-        [&](Direction direction, Layout layout, Element element, const std::string& name) {
-            if (name != part) return;
-            const std::string end = "_" + suffix(element) + ".cpp";
-            const std::string start = name.substr(0, name.rfind('_') + 1);
-            for (int n : lengths())
-                kernelgen::write_if_changed(
-                    folder / (start + std::to_string(n) + end),
-                    kernel_source(dft_kernel(n, direction, layout, element, target)));
-            kernelgen::write_if_changed(folder / (name + ".cpp"),
-                                        dispatcher_source(family_of(direction, layout), element));
-        });
+    for_each_part([&](Direction direction, Layout layout, Element element,
+                      const std::string& name) {
+        if (name != part) return;
+        const std::string end = "_" + suffix(element) + ".cpp";
+        const std::string start = name.substr(0, name.rfind('_') + 1);
+        const Family family = family_of(direction, layout);
+        for (int n : own_lengths(family.kind, element, target))
+            kernelgen::write_if_changed(
+                folder / (start + std::to_string(n) + end),
+                kernel_source(dft_kernel(n, direction, layout, element, target)));
+        if (target.baseline != nullptr) return;
+        kernelgen::write_if_changed(folder / (name + ".cpp"), dispatcher_source(family, element));
+    });
 }
 
 void write_manifest(const Target& target, const std::filesystem::path& file) {
     std::string lines = manifest_header() + "\n";
     for_each_part([&](Direction direction, Layout layout, Element element, const std::string&) {
-        for (int n : lengths())
+        for (int n : own_lengths(family_of(direction, layout).kind, element, target))
             lines += manifest_line(dft_kernel(n, direction, layout, element, target)) + "\n";
     });
     kernelgen::write_if_changed(file, lines);

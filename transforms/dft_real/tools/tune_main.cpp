@@ -25,9 +25,8 @@ using namespace dft_real;
 
 constexpr int kSeeds = 8;
 constexpr std::size_t kOrders = 3;
-constexpr const char* kOptionsOfPacks[] = {"", "no-schedule-insns2"};
+constexpr const char* kOptionsOfLevel[] = {"", "no-schedule-insns2"};
 constexpr std::size_t kPacks = 2;
-constexpr std::size_t kOrdersInPacks = 2;
 // Of GCC's register allocator and what runs before it; each is the best one for some kernels.
 constexpr const char* kOptions[] = {"", "no-tree-ter", "no-schedule-insns2"};
 const std::map<std::string, Kind> kKinds = {
@@ -57,29 +56,38 @@ std::string row(const RealKernel& kernel) {
            (t.packs.empty() ? "" : ", \"" + t.packs + "\"") + "}},";
 }
 
-/** The kernel as the baseline has it, and in packs. */
-void write_forms_in_packs(RealKernel kernel, const std::filesystem::path& folder) {
+/** The kernel's most promising orders, each under several options, and their rows with `packs`. */
+void add_orders(RealKernel kernel, const std::string& packs, kernelgen::Candidates& candidates) {
+    const auto orders = kernelgen::search_schedules(written_graph(kernel), kernel.target, kSeeds);
+    for (std::size_t i = 0; i < std::min(kOrders, orders.size()); ++i) {
+        for (const char* option : kOptionsOfLevel) {
+            kernel.tuning.order = orders[i].method;
+            kernel.tuning.option = option;
+            RealKernel recorded = kernel;
+            recorded.tuning.packs = packs;
+            candidates.add(kernel_source(kernel), orders[i], row(recorded));
+        }
+    }
+}
+
+/** The kernel as the level below has it, and for this one: where registers are more, the same lanes
+ * in other orders; where they are longer, packs. */
+void write_for_level(RealKernel kernel, const Target& level, const std::filesystem::path& folder) {
     kernelgen::Candidates candidates(folder);
     candidates.add(kernel_source(kernel), schedule_of(kernel), "");
-    kernel.target = kernelgen::kX86_64_v3;
+    const bool has_more_registers = level.vector_registers > kernel.target.vector_registers;
+    kernel.target = level;
+    if (has_more_registers) return add_orders(kernel, "", candidates);
     for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
         kernel.tuning = {.order = {}, .packs = packs};
-        const auto orders =
-            kernelgen::search_schedules(written_graph(kernel), kernel.target, kSeeds);
-        for (std::size_t i = 0; i < std::min(kOrdersInPacks, orders.size()); ++i) {
-            for (const char* option : kOptionsOfPacks) {
-                kernel.tuning.order = orders[i].method;
-                kernel.tuning.option = option;
-                candidates.add(kernel_source(kernel), schedule_of(kernel), row(kernel));
-            }
-        }
+        add_orders(kernel, packs, candidates);
     }
 }
 
 void write_forms(Kind kind, int length, Element element, const Target& target,
                  const std::filesystem::path& folder) {
     RealKernel kernel = kernel_of(kind, length, element, target);
-    if (target.baseline != nullptr) return write_forms_in_packs(kernel, folder);
+    if (target.baseline != nullptr) return write_for_level(kernel, target, folder);
     std::vector<std::string> orders = {schedule_of(kernel).method};
     for (const auto& found : kernelgen::search_schedules(kernel.graph, target, kSeeds)) {
         if (orders.size() < kOrders && found.method != orders.front())
