@@ -3,7 +3,7 @@
 
 A call makes its result array, as users' calls do. The parties take turns on the same array, and of each
 the fastest call counts, since disturbances only ever add time. A time counts only after the result has
-been compared with SciPy's.
+been compared with SciPy's. What the arrays' way through memory takes shows a copy of them.
 """
 
 import argparse
@@ -38,7 +38,9 @@ def calls_of(case, array):
         return lambda: function(array, axis=case.axis)
     return {"ours": bound(getattr(qsvgen, case.function)),
             "scipy": bound(getattr(scipy.fft, case.function)),
-            "numpy": bound(getattr(np.fft, case.function))}
+            "numpy": bound(getattr(np.fft, case.function)),
+            # Reads and writes as many bytes, but for the two elements by which a half spectrum is longer.
+            "copy": array.copy}
 
 
 def nanoseconds_of(call, repeats):
@@ -97,6 +99,10 @@ def summary(results):
                 f"{peer}.fft / ours {geometric_mean(row[f'{peer}_ns'] / row['ours_ns'] for row in rows):.2f}"
                 for peer in PEERS)
             lines.append(f"geometric mean of {len(rows)} cases, {name}: {means}")
+            if "vector" not in layouts:
+                copies = [geometric_mean(row[f"{party}_ns"] / row["copy_ns"] for row in rows)
+                          for party in ("ours", "scipy")]
+                lines.append(f"a copy of the array alone: ours / copy {copies[0]:.2f}, scipy.fft / copy {copies[1]:.2f}")
     return lines
 
 
