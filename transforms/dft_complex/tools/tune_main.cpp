@@ -149,9 +149,9 @@ void add_orders(Kernel kernel, const std::string& recorded_packs,
 void write_for_level(Kernel kernel, const Target& level, const std::filesystem::path& folder) {
     kernelgen::Candidates candidates(folder);
     candidates.add(kernel_source(kernel), schedule_of(kernel), "");
-    const bool has_more_registers = level.vector_registers > kernel.target.vector_registers;
     kernel.target = level;
-    if (has_more_registers) return add_orders(kernel, "", candidates);
+    if (level.vector_registers > level.baseline->vector_registers)
+        return add_orders(kernel, "", candidates);
     for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
         kernel.packs = packs;
         add_orders(kernel, for_both_directions(packs, kernel), candidates);
@@ -160,8 +160,10 @@ void write_for_level(Kernel kernel, const Target& level, const std::filesystem::
 
 void write_orders(Element element, int length, const Target& target,
                   const std::filesystem::path& folder) {
-    Kernel kernel = proven_kernel(length, Direction::Forward, element, target);
-    if (target.baseline != nullptr) return write_for_level(kernel, target, folder);
+    const bool is_level = target.baseline != nullptr;
+    Kernel kernel =
+        proven_kernel(length, Direction::Forward, element, is_level ? *target.baseline : target);
+    if (is_level) return write_for_level(kernel, target, folder);
     std::filesystem::create_directories(folder);
     const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, target, kSeeds);
     int number = 0;

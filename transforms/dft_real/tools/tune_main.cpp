@@ -75,9 +75,9 @@ void add_orders(RealKernel kernel, const std::string& packs, kernelgen::Candidat
 void write_for_level(RealKernel kernel, const Target& level, const std::filesystem::path& folder) {
     kernelgen::Candidates candidates(folder);
     candidates.add(kernel_source(kernel), schedule_of(kernel), "");
-    const bool has_more_registers = level.vector_registers > kernel.target.vector_registers;
     kernel.target = level;
-    if (has_more_registers) return add_orders(kernel, "", candidates);
+    if (level.vector_registers > level.baseline->vector_registers)
+        return add_orders(kernel, "", candidates);
     for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
         kernel.tuning = {.order = {}, .packs = packs};
         add_orders(kernel, packs, candidates);
@@ -86,8 +86,9 @@ void write_for_level(RealKernel kernel, const Target& level, const std::filesyst
 
 void write_forms(Kind kind, int length, Element element, const Target& target,
                  const std::filesystem::path& folder) {
-    RealKernel kernel = kernel_of(kind, length, element, target);
-    if (target.baseline != nullptr) return write_for_level(kernel, target, folder);
+    const bool is_level = target.baseline != nullptr;
+    RealKernel kernel = kernel_of(kind, length, element, is_level ? *target.baseline : target);
+    if (is_level) return write_for_level(kernel, target, folder);
     std::vector<std::string> orders = {schedule_of(kernel).method};
     for (const auto& found : kernelgen::search_schedules(kernel.graph, target, kSeeds)) {
         if (orders.size() < kOrders && found.method != orders.front())
