@@ -116,6 +116,16 @@ function(kernels_of_part family part level)
     set(${family}_sources ${${family}_sources} ${written} ${taken} PARENT_SCOPE)
 endfunction()
 
+# level_kernels(family level [LINK library...]): objects of FAMILY_sources, FAMILY_kernels, FAMILY_kernels_x86-64-v3, ..
+function(level_kernels family level)
+    level_objects(${family}_kernels LEVELS ${level} SOURCES ${${family}_sources} ${ARGN})
+    level_suffix(${level} suffix)
+    # Intrinsics of long vectors take longer to read than most kernels to compile.
+    if(NOT level STREQUAL "baseline" AND TARGET ${family}_kernels${suffix})
+        target_precompile_headers(${family}_kernels${suffix} PRIVATE <immintrin.h>)
+    endif()
+endfunction()
+
 # objects_of_kernels(family level result): those of the level, and else those that it shares with another one.
 function(objects_of_kernels family level result)
     level_suffix(${level} suffix)
