@@ -64,7 +64,7 @@ RealKernel described(const Family& family, int length, Element element, const Gr
                       element == Element::Real32 ? rows : in_binary64(rows),
                       tuning_of(family.kind, row_of(length), element, target)};
     if (target.baseline == nullptr) return kernel;
-    const RealKernel below = described(family, length, element, network, *target.baseline);
+    RealKernel below = described(family, length, element, network, *target.baseline);
     if (kernel.tuning.order.empty()) return below;
     if (kernel.tuning.packs.empty()) kernel.tuning.packs = below.tuning.packs;
     return kernel;
