@@ -27,9 +27,8 @@ struct Target {
     Spelling spelling;
     Operands operands = Operands::OverwritesFirst;
     int vector_bytes = 16;
-    /** Of a level, that below it, whose single kernels it has where none of its own are
-     * recorded. */
-    const Target* baseline = nullptr;
+    /** Of levels: whose single kernels one has where none of its own are recorded. */
+    const Target* level_below = nullptr;
 };
 
 }  // namespace kernelgen

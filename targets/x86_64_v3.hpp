@@ -12,7 +12,7 @@ inline constexpr Target kX86_64_v3{
     .spelling = Spelling::VectorTypes,
     .operands = Operands::OneInMemory,
     .vector_bytes = 32,
-    .baseline = &kX86_64,
+    .level_below = &kX86_64,
 };
 
 }  // namespace kernelgen

@@ -12,7 +12,7 @@ inline constexpr Target kX86_64_v4{
     .spelling = Spelling::VectorTypes,
     .operands = Operands::OneInMemory,
     .vector_bytes = 64,
-    .baseline = &kX86_64_v3,
+    .level_below = &kX86_64_v3,
 };
 
 }  // namespace kernelgen

@@ -3,7 +3,7 @@
 
 A call makes its result array, as users' calls do. The parties take turns on the same array, and of each
 the fastest call counts, since disturbances only ever add time. A time counts only after the result has
-been compared with SciPy's. What the arrays' way through memory takes shows a copy of them.
+been compared with SciPy's. A copy of the array shows what its way through memory takes.
 """
 
 import argparse

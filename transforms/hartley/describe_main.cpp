@@ -26,7 +26,7 @@ void write_sources(const Target& target, const std::filesystem::path& folder,
         for (int n : own_lengths(Kind::Hartley, element, target))
             kernelgen::write_if_changed(folder / (std::to_string(n) + "_" + end),
                                         kernel_source(hartley::hartley_kernel(n, element, target)));
-        if (target.baseline != nullptr) continue;
+        if (target.level_below != nullptr) continue;
         kernelgen::write_if_changed(folder / end, dispatcher_source(hartley::kFamily, element));
     }
 }

@@ -22,7 +22,7 @@ void for_each_kernel_of_levels(const Check& check) {
                 SCOPED_TRACE(std::to_string(length) + " " + suffix(element) + ", " +
                              std::string(level.name));
                 check(level, described_kernel(length, Direction::Forward, element, level),
-                      described_kernel(length, Direction::Forward, element, *level.baseline));
+                      described_kernel(length, Direction::Forward, element, *level.level_below));
             }
         }
     }

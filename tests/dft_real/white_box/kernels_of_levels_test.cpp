@@ -29,7 +29,7 @@ void for_kernels_of_levels(const Check& check) {
                     };
                     const RealKernel kernel = described(level);
                     SCOPED_TRACE(kernel.name() + ", " + std::string(level.name));
-                    check(level, kernel, described(*level.baseline));
+                    check(level, kernel, described(*level.level_below));
                 }
             }
         }

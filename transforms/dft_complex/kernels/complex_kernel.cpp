@@ -66,7 +66,7 @@ Kernel draft_kernel(const Rule& rule, Direction direction, Element element,
 
 std::vector<int> own_lengths(Element element, const Target& target) {
     std::vector<int> own = lengths();
-    if (target.baseline == nullptr) return own;
+    if (target.level_below == nullptr) return own;
     std::erase_if(own, [&](int length) {
         return tuning_of(row_of(length, element), element, target).order.empty();
     });
@@ -76,8 +76,8 @@ std::vector<int> own_lengths(Element element, const Target& target) {
 Kernel described_kernel(int length, Direction direction, Element element, const Target& target) {
     const TableRow& row = row_of(length, element);
     const Tuning tuning = tuning_of(row, element, target);
-    if (target.baseline != nullptr && tuning.order.empty())
-        return described_kernel(length, direction, element, *target.baseline);
+    if (target.level_below != nullptr && tuning.order.empty())
+        return described_kernel(length, direction, element, *target.level_below);
     Kernel kernel = draft_kernel(row.rule, direction, element, tuning.lanes, target);
     if (!tuning.lanes.empty() && tuning.lanes.size() < kernel.choices.size())
         throw std::logic_error("the tuning of length " + std::to_string(length) + " in " +
@@ -87,8 +87,8 @@ Kernel described_kernel(int length, Direction direction, Element element, const 
     kernel.order = tuning.order;
     kernel.option = tuning.option;
     kernel.packs = packs_of(tuning.packs, direction);
-    if (target.baseline != nullptr && kernel.packs.empty())
-        kernel.packs = described_kernel(length, direction, element, *target.baseline).packs;
+    if (target.level_below != nullptr && kernel.packs.empty())
+        kernel.packs = described_kernel(length, direction, element, *target.level_below).packs;
     return kernel;
 }
 

@@ -29,7 +29,7 @@ void write_sources(const Target& target, const std::filesystem::path& folder,
                 kernelgen::write_if_changed(
                     folder / (stem(direction) + std::to_string(n) + "_" + end),
                     kernel_source(proven_kernel(n, direction, element, target)));
-            if (target.baseline != nullptr) continue;
+            if (target.level_below != nullptr) continue;
             kernelgen::write_if_changed(folder / (stem(direction) + end),
                                         dispatcher_source(direction, element));
         }

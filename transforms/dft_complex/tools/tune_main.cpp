@@ -150,7 +150,7 @@ void write_for_level(Kernel kernel, const Target& level, const std::filesystem::
     kernelgen::Candidates candidates(folder);
     candidates.add(kernel_source(kernel), schedule_of(kernel), "");
     kernel.target = level;
-    if (level.vector_registers > level.baseline->vector_registers)
+    if (level.vector_registers > level.level_below->vector_registers)
         return add_orders(kernel, "", candidates);
     for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
         kernel.packs = packs;
@@ -160,9 +160,9 @@ void write_for_level(Kernel kernel, const Target& level, const std::filesystem::
 
 void write_orders(Element element, int length, const Target& target,
                   const std::filesystem::path& folder) {
-    const bool is_level = target.baseline != nullptr;
+    const bool is_level = target.level_below != nullptr;
     Kernel kernel =
-        proven_kernel(length, Direction::Forward, element, is_level ? *target.baseline : target);
+        proven_kernel(length, Direction::Forward, element, is_level ? *target.level_below : target);
     if (is_level) return write_for_level(kernel, target, folder);
     std::filesystem::create_directories(folder);
     const std::vector<Schedule> found = kernelgen::search_schedules(kernel.graph, target, kSeeds);

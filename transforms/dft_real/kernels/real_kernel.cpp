@@ -46,7 +46,7 @@ std::string RealKernel::name() const {
 
 std::vector<int> own_lengths(Kind kind, Element element, const Target& target) {
     std::vector<int> own = lengths();
-    if (target.baseline == nullptr) return own;
+    if (target.level_below == nullptr) return own;
     std::erase_if(own, [&](int length) {
         return tuning_of(kind, row_of(length), element, target).order.empty();
     });
@@ -63,8 +63,8 @@ RealKernel described(const Family& family, int length, Element element, const Gr
                       element,
                       element == Element::Real32 ? rows : in_binary64(rows),
                       tuning_of(family.kind, row_of(length), element, target)};
-    if (target.baseline == nullptr) return kernel;
-    RealKernel below = described(family, length, element, network, *target.baseline);
+    if (target.level_below == nullptr) return kernel;
+    RealKernel below = described(family, length, element, network, *target.level_below);
     if (kernel.tuning.order.empty()) return below;
     if (kernel.tuning.packs.empty()) kernel.tuning.packs = below.tuning.packs;
     return kernel;

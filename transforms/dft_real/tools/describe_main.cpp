@@ -49,7 +49,7 @@ void write_sources(const Target& target, const std::filesystem::path& folder,
             kernelgen::write_if_changed(
                 folder / (start + std::to_string(n) + end),
                 kernel_source(dft_kernel(n, direction, layout, element, target)));
-        if (target.baseline != nullptr) return;
+        if (target.level_below != nullptr) return;
         kernelgen::write_if_changed(folder / (name + ".cpp"), dispatcher_source(family, element));
     });
 }

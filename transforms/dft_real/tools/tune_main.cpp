@@ -76,7 +76,7 @@ void write_for_level(RealKernel kernel, const Target& level, const std::filesyst
     kernelgen::Candidates candidates(folder);
     candidates.add(kernel_source(kernel), schedule_of(kernel), "");
     kernel.target = level;
-    if (level.vector_registers > level.baseline->vector_registers)
+    if (level.vector_registers > level.level_below->vector_registers)
         return add_orders(kernel, "", candidates);
     for (const std::string& packs : kernelgen::cheapest_packs(kernel.graph, kPacks)) {
         kernel.tuning = {.order = {}, .packs = packs};
@@ -86,8 +86,8 @@ void write_for_level(RealKernel kernel, const Target& level, const std::filesyst
 
 void write_forms(Kind kind, int length, Element element, const Target& target,
                  const std::filesystem::path& folder) {
-    const bool is_level = target.baseline != nullptr;
-    RealKernel kernel = kernel_of(kind, length, element, is_level ? *target.baseline : target);
+    const bool is_level = target.level_below != nullptr;
+    RealKernel kernel = kernel_of(kind, length, element, is_level ? *target.level_below : target);
     if (is_level) return write_for_level(kernel, target, folder);
     std::vector<std::string> orders = {schedule_of(kernel).method};
     for (const auto& found : kernelgen::search_schedules(kernel.graph, target, kSeeds)) {
