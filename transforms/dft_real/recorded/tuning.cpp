@@ -90,7 +90,8 @@ Tuning tuning_of(Kind kind, const TableRow& row, Element element,
         throw std::logic_error(
             name + " was found for the stages " + found->stages + ", but its stages are " + stages +
             ": take its row out, build, and find another by scripts/tune-orders");
-    return found->tuning;
+    const auto& [order, rounding, option, packs] = found->tuning;
+    return {order, rounding, option, packs};
 }
 
 }  // namespace dft_real

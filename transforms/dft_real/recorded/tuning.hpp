@@ -30,7 +30,13 @@ struct RecordedTuning {
     Kind kind;
     int length;
     const char* stages;
-    Tuning tuning;
+    /** A Tuning in literals: compilers take a minute to make strings of them all. */
+    struct Choices {
+        const char* order;
+        Rounding rounding = Rounding::Conversion;
+        const char* option = "";
+        const char* packs = "";
+    } tuning;
 };
 
 /** What scripts/tune-orders found fastest for the row's kernel on the target; as by default where
