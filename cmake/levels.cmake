@@ -76,6 +76,32 @@ function(level_objects name)
     endforeach()
 endfunction()
 
+# Straight lines without a branch, whose accesses guard pages watch, give sanitizers little to find, and are most of what
+# a build compiles.
+set(QSVG_KERNELS_OF "" CACHE PATH "Build folder of the same target and compiler that the library's kernels are of; if empty, this")
+
+# kernel_objects(name LEVELS level... SOURCES source... [LINK library...]): level_objects of kernels and of what chooses
+# among them.
+function(kernel_objects name)
+    if(NOT QSVG_KERNELS_OF)
+        level_objects(${name} ${ARGN})
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 objects "" "" "LEVELS;SOURCES;LINK")
+    file(RELATIVE_PATH folder ${PROJECT_BINARY_DIR} ${CMAKE_CURRENT_BINARY_DIR})
+    foreach(level IN LISTS objects_LEVELS)
+        level_suffix(${level} suffix)
+        set(compiled "")
+        foreach(source IN LISTS objects_SOURCES)
+            file(RELATIVE_PATH source ${CMAKE_CURRENT_BINARY_DIR} ${source})
+            string(REPLACE "../" "__/" source ${source})
+            list(APPEND compiled ${QSVG_KERNELS_OF}/${folder}/CMakeFiles/${name}${suffix}.dir/${source}.o)
+        endforeach()
+        add_library(${name}${suffix} OBJECT IMPORTED GLOBAL)
+        set_target_properties(${name}${suffix} PROPERTIES IMPORTED_OBJECTS "${compiled}")
+    endforeach()
+endfunction()
+
 # kernels_of_part(family part level DESCRIBE program LENGTHS length... RECORDED folder [KIND kind]): how the build writes
 # those kernels of a part, of fwd_ccs_32f for example, that a level has for itself, and what it compiles, which is
 # appended to FAMILY_sources. RECORDED has the tables of levels, whose rows may begin with a kind.
@@ -118,7 +144,7 @@ endfunction()
 
 # level_kernels(family level [LINK library...]): objects of FAMILY_sources, FAMILY_kernels, FAMILY_kernels_x86-64-v3, ..
 function(level_kernels family level)
-    level_objects(${family}_kernels LEVELS ${level} SOURCES ${${family}_sources} ${ARGN})
+    kernel_objects(${family}_kernels LEVELS ${level} SOURCES ${${family}_sources} ${ARGN})
     level_suffix(${level} suffix)
     # Intrinsics of long vectors take longer to read than most kernels to compile.
     if(NOT level STREQUAL "baseline" AND TARGET ${family}_kernels${suffix})

@@ -12,8 +12,8 @@ build_target() {
         build_target "$describer" describers || return
         describer=$PWD/build/$describer
     fi
-    # An earlier scripts/test may have had it described by another build, or without levels.
-    local options=(-D "QSVG_DESCRIBED_BY=$describer" -U QSVG_LEVELS_ABOVE "${@:3}")
+    # An earlier scripts/test may have had it described by another build, with its kernels, or without levels.
+    local options=(-D "QSVG_DESCRIBED_BY=$describer" -U QSVG_KERNELS_OF -U QSVG_LEVELS_ABOVE "${@:3}")
     echo "building $target by preset $preset (output in $log)"
     if ! { cmake --preset "$preset" "${options[@]}" && cmake --build --preset "$preset" --target "$target"; } \
         >"$log" 2>&1; then
