@@ -30,7 +30,7 @@ struct RecordedTuning {
     Kind kind;
     int length;
     const char* stages;
-    /** A Tuning in literals: compilers take a minute to make strings of them all. */
+    /** A Tuning in literals: with sanitizers, strings took a compiler three minutes. */
     struct Choices {
         const char* order;
         Rounding rounding = Rounding::Conversion;
